@@ -1,0 +1,58 @@
+# One module = one folder = one static library = one namespace.
+#
+#   specloom_module(jv
+#     SOURCES src/jv.cpp ...
+#     USES number foundation          modules whose headers this one may include
+#     LIBRARIES PkgConfig::yaml       third-party libraries of its sources
+#     PUBLIC_LIBRARIES fmt::fmt)      third-party libraries whose headers its headers include
+#
+#   specloom_tests(jv
+#     SOURCES tests/jv_test.cpp ...
+#     USES jv ...
+#     LIBRARIES ...)
+#
+# A header is included as "module/header.h". Each module has an include root of its own that holds
+# nothing but itself, so a header of a module that is not named under USES (or by a module named
+# there) cannot be found.
+
+set(SPECLOOM_WARNINGS -Wall -Wextra -Wpedantic -Wconversion -Wshadow)
+if(SPECLOOM_WERROR)
+  list(APPEND SPECLOOM_WARNINGS -Werror)
+endif()
+
+function(specloom_include_root name folder result)
+  set(root "${CMAKE_BINARY_DIR}/include_roots/${name}")
+  file(MAKE_DIRECTORY "${root}")
+  file(CREATE_LINK "${folder}" "${root}/${name}" SYMBOLIC)
+  set(${result} "${root}" PARENT_SCOPE)
+endfunction()
+
+function(specloom_module name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;USES;LIBRARIES;PUBLIC_LIBRARIES")
+  set(target specloom_${name})
+  add_library(${target} STATIC ${arg_SOURCES})
+  add_library(specloom::${name} ALIAS ${target})
+  specloom_include_root(${name} "${CMAKE_CURRENT_SOURCE_DIR}/src" root)
+  target_include_directories(${target} PUBLIC "${root}")
+  list(TRANSFORM arg_USES PREPEND specloom::)
+  target_link_libraries(${target} PUBLIC ${arg_USES} ${arg_PUBLIC_LIBRARIES} PRIVATE ${arg_LIBRARIES})
+  target_compile_options(${target} PRIVATE ${SPECLOOM_WARNINGS})
+endfunction()
+
+function(specloom_tests name)
+  if(NOT SPECLOOM_TESTS)
+    return()
+  endif()
+  include(GoogleTest)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;USES;LIBRARIES")
+  set(target ${name}_tests)
+  add_executable(${target} ${arg_SOURCES})
+  list(TRANSFORM arg_USES PREPEND specloom::)
+  target_link_libraries(${target} PRIVATE ${arg_USES} ${arg_LIBRARIES} GTest::gmock GTest::gtest_main)
+  target_compile_options(${target} PRIVATE ${SPECLOOM_WARNINGS})
+  target_compile_definitions(${target} PRIVATE
+    SPECLOOM_SOURCE_DIR="${PROJECT_SOURCE_DIR}"
+    SPECLOOM_TEST_DIR="${CMAKE_CURRENT_SOURCE_DIR}")
+  gtest_discover_tests(${target} TEST_PREFIX "${name}." DISCOVERY_MODE PRE_TEST
+    PROPERTIES TIMEOUT 600)
+endfunction()
