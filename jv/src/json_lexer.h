@@ -71,12 +71,12 @@ class JSONLexer {
     void skipWhiteSpace() noexcept;
     void endLine(const char* lastByte) noexcept;
     [[nodiscard]] Token fail(Error error) noexcept;
-    [[nodiscard]] Token cut() noexcept;
+    [[nodiscard]] Token cut();
     [[nodiscard]] Token single(Token token) noexcept;
-    [[nodiscard]] Token scanWord(std::string_view word, Token token) noexcept;
-    [[nodiscard]] Token scanNumber() noexcept;
-    [[nodiscard]] Token scanString() noexcept;
-    [[nodiscard]] Token scanComment() noexcept;
+    [[nodiscard]] Token scanWord(std::string_view word, Token token);
+    [[nodiscard]] Token scanNumber();
+    [[nodiscard]] Token scanString();
+    [[nodiscard]] Token scanComment();
     [[nodiscard]] Token finishString(const char* closingQuote, bool escapes) noexcept;
     enum class Step : std::uint8_t { Good, Cut, Bad };
     [[nodiscard]] Step scanEscape(const char*& p) noexcept;
