@@ -52,8 +52,9 @@ TEST(Credits, NamesEachLibraryWithItsPage) {
 TEST(License, ListsTheNames) {
     const Outcome outcome = Workspace().run({"license", "--list"});
     EXPECT_EQ(outcome.status, 0);
-    EXPECT_EQ(outcome.out, heading + "ada, argparse, base64, {fmt}, GoogleTest, HunSpell, LibBF, MD4C, "
-                                     "opentelemetry, semver, TinyXML2, uri-template, utfcpp, yajl, libyaml\n");
+    EXPECT_EQ(outcome.out, heading +
+                               "ada, argparse, base64, {fmt}, GoogleTest, HunSpell, LibBF, MD4C, "
+                               "opentelemetry, semver, TinyXML2, uri-template, utfcpp, yajl, libyaml\n");
 }
 
 TEST(License, PrintsTheTextOfOneLibraryOrOfAll) {
@@ -61,7 +62,7 @@ TEST(License, PrintsTheTextOfOneLibraryOrOfAll) {
     std::string all = heading;
     for (const License& license : licenses) {
         SCOPED_TRACE(license.library);
-        const std::string text = "\n" + source("cli/licenses/" + license.file);
+        const std::string text = std::string("\n").append(source("cli/licenses/" + license.file));
         const Outcome outcome = workspace.run({"license", "--library", license.library});
         EXPECT_EQ(outcome.status, 0);
         EXPECT_EQ(outcome.out, text);

@@ -38,7 +38,9 @@ Workspace::Workspace() {
     fs::create_directory(outputs_);
 }
 
-Workspace::~Workspace() { fs::remove_all(folder_.parent_path()); }
+Workspace::~Workspace() {
+    fs::remove_all(folder_.parent_path());
+}
 
 Outcome Workspace::run(const std::vector<std::string>& arguments, const fs::path& standardOutput) const {
     const fs::path out = standardOutput.empty() ? outputs_ / "out" : standardOutput;
@@ -53,8 +55,10 @@ Outcome Workspace::run(const std::vector<std::string>& arguments, const fs::path
     posix_spawn_file_actions_t actions;
     require(posix_spawn_file_actions_init(&actions), "actions");
     posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
-    posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, out.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
-    posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, err.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
+    posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, out.c_str(), O_WRONLY | O_CREAT | O_TRUNC,
+                                     0600);
+    posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, err.c_str(), O_WRONLY | O_CREAT | O_TRUNC,
+                                     0600);
     posix_spawn_file_actions_addchdir_np(&actions, folder_.c_str());
     pid_t child = 0;
     const int error = posix_spawn(&child, SPECLOOM_PROGRAM, &actions, nullptr, argv.data(), environ);
@@ -78,6 +82,8 @@ void Workspace::write(const std::string& name, const std::string& text) const {
     ASSERT_TRUE(stream.flush()) << name;
 }
 
-std::string Workspace::read(const std::string& name) const { return content(path(name)); }
+std::string Workspace::read(const std::string& name) const {
+    return content(path(name));
+}
 
 } // namespace specloom::tests

@@ -13,7 +13,8 @@ struct Outcome {
     std::string err;
 };
 
-/// A temporary folder in which the built program runs as a user runs it. Removed at the end with all that is in it.
+/// A temporary folder in which the built program runs as a user runs it. Removed at the end with all that is
+/// in it.
 class Workspace {
   public:
     Workspace();
@@ -21,8 +22,8 @@ class Workspace {
     Workspace(const Workspace&) = delete;
     Workspace& operator=(const Workspace&) = delete;
 
-    /// Runs the program with this folder as its working directory. `standardOutput` is captured unless it names a
-    /// file that takes its place.
+    /// Runs the program with this folder as its working directory. `standardOutput` is captured unless it
+    /// names a file that takes its place.
     [[nodiscard]] Outcome run(const std::vector<std::string>& arguments,
                               const std::filesystem::path& standardOutput = {}) const;
 

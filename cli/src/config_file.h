@@ -22,8 +22,8 @@ class ConfigFileError : public std::runtime_error {
     jv::Pos pos_;
 };
 
-/// The file behind --config: JSON or YAML by its extension, one object with a "version" of "1.0", a section for each
-/// command under "commands", and "custom_formats" under "openapi".
+/// The file behind --config: JSON or YAML by its extension, one object with a "version" of "1.0", a section
+/// for each command under "commands", and "custom_formats" under "openapi".
 class ConfigFile {
   public:
     /// Reads a file, given by its UTF-8 path, in place of what was loaded before.
@@ -33,21 +33,23 @@ class ConfigFile {
     ///   "Missing configuration version."            without a version that is a string, at the root.
     void load(std::string_view path);
 
-    /// The object under "/commands/{name}", or null when there is none; it lives as long as this file stays loaded.
-    /// Throws ConfigFileError "An object is expected for '{}'" with the name when it is of another kind.
+    /// The object under "/commands/{name}", or null when there is none; it lives as long as this file stays
+    /// loaded. Throws ConfigFileError "An object is expected for '{}'" with the name when it is of another
+    /// kind.
     [[nodiscard]] const jv::JV* commandSection(std::string_view name) const;
 
-    /// The array under "/openapi/custom_formats", or null when there is none; it lives as long as this file stays
-    /// loaded. Throws ConfigFileError "An object is expected for '/openapi/custom_formats'" when it is of another
-    /// kind. (The text says object although an array is meant.)
+    /// The array under "/openapi/custom_formats", or null when there is none; it lives as long as this file
+    /// stays loaded. Throws ConfigFileError "An object is expected for '/openapi/custom_formats'" when it is
+    /// of another kind. (The text says object although an array is meant.)
     [[nodiscard]] const jv::JV* customFormats() const;
 
   private:
     std::unique_ptr<jv::JVDocument> document_; // null until something was loaded
 };
 
-/// Loads `path` into `file` and runs `apply`, in which a command reads its section. A jv::JVError of either leaves as
-/// a ConfigFileError with the same text and the position of the value at fault; all else passes unchanged.
+/// Loads `path` into `file` and runs `apply`, in which a command reads its section. A jv::JVError of either
+/// leaves as a ConfigFileError with the same text and the position of the value at fault; all else passes
+/// unchanged.
 void readConfigFile(ConfigFile& file, std::string_view path, const std::function<void()>& apply);
 
 } // namespace specloom::cli

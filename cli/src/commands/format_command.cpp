@@ -52,7 +52,8 @@ void requireWritable(const std::string& path) {
         throw std::runtime_error(fmt::format("Failed to open file for writing: {}", path));
 }
 
-void formatTo(const openapi_format::Formatter& formatter, const std::string& file, const std::string& output) {
+void formatTo(const openapi_format::Formatter& formatter, const std::string& file,
+              const std::string& output) {
     const jv::LoadedDocument loaded = jv::loadDocument(file);
     requireWritable(output); // before its name is judged: a bad extension is told after the file was created
     const std::optional<jv::DocumentFormat> target = jv::formatFromPath(output);
