@@ -11,7 +11,9 @@ namespace specloom::jv {
 
 namespace {
 
-[[nodiscard]] bool isDigit(char c) noexcept { return c >= '0' && c <= '9'; }
+[[nodiscard]] bool isDigit(char c) noexcept {
+    return c >= '0' && c <= '9';
+}
 
 [[nodiscard]] bool isHexDigit(char c) noexcept {
     return isDigit(c) || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F');
@@ -19,7 +21,8 @@ namespace {
 
 } // namespace
 
-// ---- chunks and positions -------------------------------------------------------------------------------------
+// ---- chunks and positions
+// -------------------------------------------------------------------------------------
 
 void JSONLexer::feed(std::string_view chunk) {
     base_ += tokenStart_ - begin_;
@@ -73,7 +76,8 @@ void JSONLexer::skipWhiteSpace() noexcept {
     cursor_ = p;
 }
 
-// ---- tokens ---------------------------------------------------------------------------------------------------
+// ---- tokens
+// ---------------------------------------------------------------------------------------------------
 
 JSONLexer::Token JSONLexer::fail(Error error) noexcept {
     error_ = error;
@@ -98,16 +102,26 @@ JSONLexer::Token JSONLexer::next() {
         if (cursor_ == end_)
             return Token::EndOfChunk;
         switch (*cursor_) {
-        case '"': return scanString();
-        case ',': return single(Token::Comma);
-        case ':': return single(Token::Colon);
-        case '[': return single(Token::LeftBracket);
-        case ']': return single(Token::RightBracket);
-        case '{': return single(Token::LeftBrace);
-        case '}': return single(Token::RightBrace);
-        case 't': return scanWord("true", Token::Boolean);
-        case 'f': return scanWord("false", Token::Boolean);
-        case 'n': return scanWord("null", Token::Null);
+        case '"':
+            return scanString();
+        case ',':
+            return single(Token::Comma);
+        case ':':
+            return single(Token::Colon);
+        case '[':
+            return single(Token::LeftBracket);
+        case ']':
+            return single(Token::RightBracket);
+        case '{':
+            return single(Token::LeftBrace);
+        case '}':
+            return single(Token::RightBrace);
+        case 't':
+            return scanWord("true", Token::Boolean);
+        case 'f':
+            return scanWord("false", Token::Boolean);
+        case 'n':
+            return scanWord("null", Token::Null);
         case '/':
             if (const Token token = scanComment(); token != Token::Comment)
                 return token;
@@ -198,7 +212,8 @@ JSONLexer::Token JSONLexer::scanComment() noexcept {
     return cut();
 }
 
-// ---- strings --------------------------------------------------------------------------------------------------
+// ---- strings
+// --------------------------------------------------------------------------------------------------
 
 JSONLexer::Token JSONLexer::scanString() noexcept {
     bool escapes = resumeEscapes_;
@@ -259,10 +274,14 @@ JSONLexer::Step JSONLexer::scanEscape(const char*& p) noexcept {
     return Step::Good;
 }
 
-/// Moves `p` behind a sequence of two to four bytes; only the form is checked, lead byte and continuation bytes.
+/// Moves `p` behind a sequence of two to four bytes; only the form is checked, lead byte and continuation
+/// bytes.
 JSONLexer::Step JSONLexer::scanMultiByte(const char*& p) noexcept {
     const auto lead = static_cast<unsigned char>(*p);
-    const int continuations = (lead & 0xe0) == 0xc0 ? 1 : (lead & 0xf0) == 0xe0 ? 2 : (lead & 0xf8) == 0xf0 ? 3 : 0;
+    const int continuations = (lead & 0xe0) == 0xc0   ? 1
+                              : (lead & 0xf0) == 0xe0 ? 2
+                              : (lead & 0xf8) == 0xf0 ? 3
+                                                      : 0;
     bool good = continuations != 0;
     ++p;
     for (int i = 0; good && i < continuations; ++i, ++p) {
