@@ -173,6 +173,8 @@ TEST(Format, ABrokenConfigurationIsOneLineAndTouchesNothing) {
         {config(R"({"openapi": []})"), "An object value is expected for 'openapi'."},
         {config(R"({"openapi": {"format": 1}})"), "A string value is expected for 'format'."},
         {config(R"({"openapi": {"indent": 1.5}})"), "An integer value is expected for 'indent'."},
+        {config(R"({"openapi": {"indent": -1}})"), "Indent must be between 0 and 100"},
+        {config(R"({"openapi": {"property_order": {"infos": "sorted"}}})"), "Unknown object kind: infos"},
         {config(R"({"openapi": {"property_order": []}})"),
          "An object value is expected for 'property_order'."},
         {config(R"({"openapi": {"property_order": {"default": 1}}})"), "Default order must be a string"},

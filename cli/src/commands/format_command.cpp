@@ -20,13 +20,12 @@ namespace specloom::cli {
 namespace {
 
 openapi_format::Configuration readConfiguration(const std::optional<std::string>& path) {
-    openapi_format::Configuration configuration = openapi_format::Configuration::recommended();
     if (!path)
-        return configuration;
+        return openapi_format::Configuration::recommended();
+    openapi_format::Configuration configuration;
     ConfigFile file;
     readConfigFile(file, *path, [&] {
-        if (const jv::JV* section = file.commandSection("format"))
-            configuration = openapi_format::Configuration::load(section);
+        configuration = openapi_format::Configuration::load(file.commandSection("format"));
     });
     return configuration;
 }
