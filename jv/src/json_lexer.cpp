@@ -27,15 +27,12 @@ namespace {
 void JSONLexer::feed(std::string_view chunk) {
     base_ += tokenStart_ - begin_;
     if (tokenStart_ == end_) {
+        buffer_.clear();
         begin_ = chunk.data();
         end_ = begin_ + chunk.size();
-        buffer_.clear();
     } else {
-        const bool buffered = begin_ == buffer_.data();
-        if (buffered)
-            buffer_.erase(0, static_cast<std::size_t>(tokenStart_ - begin_));
-        else
-            buffer_.assign(tokenStart_, end_);
+        // What is left stands in the buffer, see cut().
+        buffer_.erase(0, static_cast<std::size_t>(tokenStart_ - begin_));
         buffer_ += chunk;
         begin_ = buffer_.data();
         end_ = begin_ + buffer_.size();
@@ -84,8 +81,14 @@ JSONLexer::Token JSONLexer::fail(Error error) noexcept {
     return Token::Error;
 }
 
-/// The chunk ended inside a token: it starts anew when more has come.
-JSONLexer::Token JSONLexer::cut() noexcept {
+/// The chunk ended inside a token: its bytes are kept, and it starts anew when more has come.
+JSONLexer::Token JSONLexer::cut() {
+    if (begin_ != buffer_.data()) {
+        base_ += tokenStart_ - begin_;
+        buffer_.assign(tokenStart_, end_);
+        begin_ = tokenStart_ = buffer_.data();
+        end_ = begin_ + buffer_.size();
+    }
     cursor_ = end_;
     return Token::EndOfChunk;
 }
@@ -134,7 +137,7 @@ JSONLexer::Token JSONLexer::next() {
     }
 }
 
-JSONLexer::Token JSONLexer::scanWord(std::string_view word, Token token) noexcept {
+JSONLexer::Token JSONLexer::scanWord(std::string_view word, Token token) {
     const auto available = std::min(word.size(), static_cast<std::size_t>(end_ - cursor_));
     if (std::memcmp(cursor_, word.data(), available) != 0)
         return fail(Error::InvalidWord);
@@ -145,7 +148,7 @@ JSONLexer::Token JSONLexer::scanWord(std::string_view word, Token token) noexcep
     return token;
 }
 
-JSONLexer::Token JSONLexer::scanNumber() noexcept {
+JSONLexer::Token JSONLexer::scanNumber() {
     const char* p = cursor_;
     const auto skipDigits = [&] {
         while (p != end_ && isDigit(*p))
@@ -181,7 +184,7 @@ JSONLexer::Token JSONLexer::scanNumber() noexcept {
     return token;
 }
 
-JSONLexer::Token JSONLexer::scanComment() noexcept {
+JSONLexer::Token JSONLexer::scanComment() {
     if (!allowComments_)
         return fail(Error::CommentNotAllowed);
     const char* p = cursor_ + 1;
@@ -215,7 +218,7 @@ JSONLexer::Token JSONLexer::scanComment() noexcept {
 // ---- strings
 // --------------------------------------------------------------------------------------------------
 
-JSONLexer::Token JSONLexer::scanString() noexcept {
+JSONLexer::Token JSONLexer::scanString() {
     bool escapes = resumeEscapes_;
     const char* p = resumeAt_ != 0 ? tokenStart_ + resumeAt_ : tokenStart_ + 1;
     resumeAt_ = 0;

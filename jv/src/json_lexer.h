@@ -55,7 +55,8 @@ class JSONLexer {
     [[nodiscard]] Token next();
     /// Makes next() return the last token again.
     void unread() noexcept { cursor_ = tokenStart_; }
-    [[nodiscard]] bool atEnd() const noexcept { return cursor_ == end_; }
+    /// Skips what is left of the chunk.
+    void discard() noexcept { cursor_ = tokenStart_ = end_; }
 
     /// The bytes of the last token, without quotes for a string; good until the next call.
     [[nodiscard]] std::string_view text() const noexcept {
@@ -71,12 +72,12 @@ class JSONLexer {
     void skipWhiteSpace() noexcept;
     void endLine(const char* lastByte) noexcept;
     [[nodiscard]] Token fail(Error error) noexcept;
-    [[nodiscard]] Token cut() noexcept;
+    [[nodiscard]] Token cut();
     [[nodiscard]] Token single(Token token) noexcept;
-    [[nodiscard]] Token scanWord(std::string_view word, Token token) noexcept;
-    [[nodiscard]] Token scanNumber() noexcept;
-    [[nodiscard]] Token scanString() noexcept;
-    [[nodiscard]] Token scanComment() noexcept;
+    [[nodiscard]] Token scanWord(std::string_view word, Token token);
+    [[nodiscard]] Token scanNumber();
+    [[nodiscard]] Token scanString();
+    [[nodiscard]] Token scanComment();
     [[nodiscard]] Token finishString(const char* closingQuote, bool escapes) noexcept;
     enum class Step : std::uint8_t { Good, Cut, Bad };
     [[nodiscard]] Step scanEscape(const char*& p) noexcept;

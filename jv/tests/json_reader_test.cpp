@@ -146,8 +146,8 @@ TEST(JsonReader, ChunksMakeNoDifference) {
     JSONReader reader(whole, JSONReader::AllowComments);
     ASSERT_EQ(reader.parse(text), JSONReader::Status::Good);
     ASSERT_EQ(reader.finish(), JSONReader::Status::Good);
-    ASSERT_EQ(whole.events.size(), 13u);
-    EXPECT_EQ(whole.events.back(), "} @4:1");
+    ASSERT_EQ(whole.events.size(), 14u);
+    EXPECT_EQ(whole.events.back(), "} @3:12");
     EXPECT_EQ(whole.events[1], "key keyA @1:2");
 
     for (std::size_t size = 1; size < text.size(); ++size) {

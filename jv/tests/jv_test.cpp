@@ -133,7 +133,8 @@ TEST(Value, IndexIsThatOfTheLastIndexing) {
 
     document->setRoot(JV::newArray(), false);
     EXPECT_EQ(document->lookup(""), nullptr);
-    EXPECT_EQ(document->makeRoot(Kind::String), document->lookup(""));
+    const JV* root = document->makeRoot(Kind::String);
+    EXPECT_EQ(document->lookup(""), root);
 }
 
 TEST(Value, LookupTakesOnlyTheTextsThatPointersHave) {
