@@ -1,0 +1,95 @@
+#include "foundation/file_system.h"
+
+#include <fstream>      // std::ifstream, std::ofstream
+#include <ios>          // std::ios, std::streamsize
+#include <stdexcept>    // std::runtime_error
+#include <system_error> // std::error_code
+
+#include <fmt/format.h>
+
+namespace fs = std::filesystem;
+
+namespace specloom {
+namespace {
+
+std::runtime_error failure(std::string_view text, std::string_view path) {
+    return std::runtime_error(fmt::format("{}: {}", text, path));
+}
+
+/// Appends the rest of `stream` to `content`; false when a read fails before the end.
+bool readToEnd(std::ifstream& stream, std::string& content) {
+    // Blocks instead of std::istreambuf_iterator or rdbuf(): those swallow a failing read, the former is slow
+    // too.
+    char block[1 << 16];
+    while (stream.read(block, sizeof block) || stream.gcount() > 0)
+        content.append(block, static_cast<std::size_t>(stream.gcount()));
+    return !stream.bad();
+}
+
+} // namespace
+
+fs::path pathFromUtf8(std::string_view path) {
+    return fs::path(std::u8string(path.begin(), path.end()));
+}
+
+std::string pathToUtf8(const fs::path& path) {
+    const std::u8string text = path.u8string();
+    return std::string(text.begin(), text.end());
+}
+
+bool LocalFileSystem::exists(std::string_view path) const {
+    const fs::path file = pathFromUtf8(path);
+    std::error_code error;
+    const bool result = fs::exists(file, error);
+    if (error)
+        throw fs::filesystem_error("exists", file, error);
+    return result;
+}
+
+std::string LocalFileSystem::readFile(std::string_view path) const {
+    const fs::path file = pathFromUtf8(path);
+    std::error_code error;
+    const fs::file_status status = fs::status(file, error);
+    if (!fs::status_known(status))
+        throw fs::filesystem_error("status", file, error);
+    if (!fs::exists(status))
+        throw failure("File does not exist", path);
+
+    std::string content;
+    if (fs::is_regular_file(status) || fs::is_directory(status)) {
+        const std::uintmax_t size = fs::file_size(file, error);
+        if (error)
+            throw fs::filesystem_error("file_size", file, error);
+        content.reserve(size);
+    }
+
+    std::ifstream stream(file, std::ios::binary);
+    if (!stream)
+        throw failure("Failed to open file for reading", path);
+    if (!readToEnd(stream, content))
+        throw failure("Failed to read file", path);
+    return content;
+}
+
+void LocalFileSystem::createDirectories(std::string_view path) {
+    const fs::path folder = pathFromUtf8(path).parent_path();
+    if (folder.empty())
+        return; // the working directory
+    std::error_code error;
+    fs::create_directories(folder, error);
+    if (error)
+        throw fs::filesystem_error("create_directories", folder, error);
+}
+
+void LocalFileSystem::writeFile(std::string_view path, std::string_view content) {
+    std::ofstream stream(pathFromUtf8(path), std::ios::binary | std::ios::trunc);
+    if (!stream)
+        throw failure("Failed to open file for writing", path);
+    stream.write(content.data(), static_cast<std::streamsize>(content.size()));
+    // A full disk shows when the buffer is emptied at the latest, so the file is closed before it is judged.
+    stream.close();
+    if (!stream)
+        throw failure("Failed to write file", path);
+}
+
+} // namespace specloom

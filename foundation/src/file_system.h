@@ -1,0 +1,53 @@
+#pragma once
+
+#include <filesystem>  // std::filesystem::path
+#include <string>      // std::string
+#include <string_view> // std::string_view
+
+namespace specloom {
+
+/// The platform's form of a UTF-8 path. Every path crosses into the platform's calls through this.
+[[nodiscard]] std::filesystem::path pathFromUtf8(std::string_view path);
+
+/// The UTF-8 form of a platform path, as the program prints and stores it.
+[[nodiscard]] std::string pathToUtf8(const std::filesystem::path& path);
+
+/// File access as the generators and loaders use it, so that they can run against something other than the
+/// disk. All paths are UTF-8. Throws as LocalFileSystem tells.
+class FileSystem {
+  public:
+    virtual ~FileSystem() = default;
+    [[nodiscard]] virtual bool exists(std::string_view path) const = 0;
+    [[nodiscard]] virtual std::string readFile(std::string_view path) const = 0;
+    virtual void createDirectories(std::string_view path) = 0;
+    virtual void writeFile(std::string_view path, std::string_view content) = 0;
+};
+
+/// The disk. "File-system error" is std::filesystem::filesystem_error with the operation named, the path and
+/// the platform's error code.
+class LocalFileSystem final : public FileSystem {
+  public:
+    /// Whether something stands at `path`, links followed. A file-system error ("exists") when that cannot be
+    /// told.
+    [[nodiscard]] bool exists(std::string_view path) const override;
+
+    /// The whole content, byte for byte. What has no size of its own, such as a pipe, is read to its end.
+    ///
+    /// Throws a file-system error ("status", "file_size") when the file cannot be looked at or is a
+    /// directory, and std::runtime_error with "File does not exist: {}", "Failed to open file for reading:
+    /// {}" or, when reading breaks off, "Failed to read file: {}", each with the path.
+    [[nodiscard]] std::string readFile(std::string_view path) const override;
+
+    /// Creates the folder that the file `path` is to stand in, with all missing ancestors. The last component
+    /// of `path` is the file's own and is not created. A file-system error ("create_directories") on failure.
+    void createDirectories(std::string_view path) override;
+
+    /// Creates or replaces the file; its folder must exist.
+    ///
+    /// Throws std::runtime_error with "Failed to open file for writing: {}" when nothing was touched yet, and
+    /// with "Failed to write file: {}" when the content did not get to the file whole (a full disk), each
+    /// with the path.
+    void writeFile(std::string_view path, std::string_view content) override;
+};
+
+} // namespace specloom
