@@ -85,7 +85,8 @@ TEST(Documentation, EveryRelativeLinkLeadsSomewhere) {
             if (link.find("://") != std::string::npos || link.starts_with("#"))
                 continue;
             ++links;
-            EXPECT_TRUE(fs::exists(page.parent_path() / link.substr(0, link.find('#')))) << page << ": " << link;
+            EXPECT_TRUE(fs::exists(page.parent_path() / link.substr(0, link.find('#'))))
+                << page << ": " << link;
         }
     EXPECT_GT(links, 0u);
 }
