@@ -1,0 +1,46 @@
+#pragma once
+
+#include <cstddef>     // std::size_t
+#include <memory>      // std::unique_ptr
+#include <string_view> // std::string_view
+#include <vector>      // std::vector
+
+namespace specloom::jv {
+
+/// Memory that is only given back all at once. Chunks double from 64 KiB to 1 MiB; a request that is too
+/// large for a chunk gets one of its own.
+class Arena {
+  public:
+    /// `bytes` of uninitialised memory, aligned to 8.
+    [[nodiscard]] void* allocate(std::size_t bytes) {
+        bytes = (bytes + 7) & ~std::size_t{7};
+        if (bytes > left_)
+            return allocateSlow(bytes);
+        char* result = next_;
+        next_ += bytes;
+        left_ -= bytes;
+        return result;
+    }
+
+    /// Uninitialised room for `count` objects of a type without a destructor.
+    template <typename T>
+    [[nodiscard]] T* allocateArray(std::size_t count) {
+        static_assert(alignof(T) <= 8);
+        return static_cast<T*>(allocate(count * sizeof(T)));
+    }
+
+    /// A copy of `text`; not zero-terminated.
+    [[nodiscard]] char* copyText(std::string_view text);
+
+    void clear() noexcept;
+
+  private:
+    void* allocateSlow(std::size_t bytes);
+
+    std::vector<std::unique_ptr<char[]>> chunks_;
+    char* next_ = nullptr;
+    std::size_t left_ = 0;
+    std::size_t chunkSize_ = 32 * 1024; ///< of the last ordinary chunk; doubled before use
+};
+
+} // namespace specloom::jv

@@ -1,0 +1,82 @@
+#pragma once
+
+#include "jv/jv_document.h"
+#include "jv/sorted_properties.h"
+
+#include <cstdint>     // std::int64_t, std::uint32_t
+#include <exception>   // std::exception
+#include <string>      // std::string
+#include <string_view> // std::string_view
+
+namespace specloom::jv {
+
+/// A tree cannot be written as JSON, or a writer was used twice. what() is the name of the code.
+class JSONWriterError : public std::exception {
+  public:
+    enum Code : std::uint8_t {
+        KeyMustBeStrings = 1,
+        MaxDepthExceeded = 2,   ///< more than 128 nested containers
+        InErrorState = 3,       ///< an earlier write() failed
+        GenerationComplete = 4, ///< an earlier write() succeeded
+        InvalidNumber = 5,      ///< infinity or not a number
+        InvalidString = 6,
+    };
+
+    explicit JSONWriterError(Code code) noexcept : code_(code) {}
+    [[nodiscard]] Code code() const noexcept { return code_; }
+    [[nodiscard]] const char* what() const noexcept override;
+
+  private:
+    Code code_;
+};
+
+/// Writes one document as JSON (RFC 8259), in UTF-8. Texts that are not UTF-8 pass through as they are.
+///
+/// A big number, that is one of more than 20 digits or beyond the range of the machine's numbers, ends the
+/// process through unreachable(), which is the deliberate answer of number::Number to the tests that JSON
+/// needs.
+class JSONWriter {
+  public:
+    static constexpr std::uint32_t escapeSolidus = 16; ///< flag: write "/" as "\/"
+
+    explicit JSONWriter(std::uint32_t flags = 0) noexcept : flags_(flags) {}
+
+    /// Without one, the order is JVDocument::orderedMembers().
+    void setSorter(PropertySorter sorter) { sorter_ = std::move(sorter); }
+    /// Blanks for each level; 0 or less, as at first, gives compact output without any white space.
+    void setIndent(std::int64_t blanks) noexcept {
+        indent_ = blanks > 0 ? static_cast<std::size_t>(blanks) : 0;
+    }
+
+    /// Writes the whole document; once for each writer. Throws JSONWriterError.
+    void write(const JVDocument& document);
+
+    /// The text; indented text ends with a line end.
+    [[nodiscard]] const std::string& output() const& noexcept { return output_; }
+    [[nodiscard]] std::string output() && noexcept { return std::move(output_); }
+
+  private:
+    enum class State : std::uint8_t { Start, Complete, Error };
+
+    void writeValue(const JV& value);
+    void writeArray(const JV& array);
+    void writeObject(const JV& object);
+    void writeMembers(const JV& object);
+    void writeMember(std::string_view key, const JV& value, bool isFirst);
+    void writeNumber(const number::Number& value);
+    void writeString(std::string_view text);
+    void open(char bracket);
+    void close(char bracket);
+    void lineEnd();
+    void startItem(bool isFirst);
+
+    std::uint32_t flags_;
+    std::size_t indent_ = 0;
+    std::size_t depth_ = 0;
+    State state_ = State::Start;
+    std::string output_;
+    PropertySorter sorter_;
+    const JVDocument* document_ = nullptr; ///< during write()
+};
+
+} // namespace specloom::jv

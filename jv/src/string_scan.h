@@ -1,0 +1,41 @@
+#pragma once
+
+#include <bit>     // std::countr_zero
+#include <cstdint> // std::uint8_t
+
+#if defined(__SSE2__)
+#include <emmintrin.h> // _mm_...
+#endif
+
+namespace specloom::jv {
+
+/// The first byte of [p, end) that a JSON string cannot hold as it stands: a quote, a backslash, a control
+/// character below 32; with `StopAtNonAscii` also any byte of 128 and above. `end` when there is none.
+template <bool StopAtNonAscii>
+[[nodiscard]] inline const char* findSpecial(const char* p, const char* end) noexcept {
+#if defined(__SSE2__)
+    const __m128i quote = _mm_set1_epi8('"');
+    const __m128i backslash = _mm_set1_epi8('\\');
+    const __m128i lastControl = _mm_set1_epi8(31);
+    while (end - p >= 16) {
+        const __m128i block = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p));
+        // Unsigned "at most 31" is "the larger of it and 31 is 31".
+        __m128i hits = _mm_cmpeq_epi8(_mm_max_epu8(block, lastControl), lastControl);
+        hits = _mm_or_si128(hits, _mm_cmpeq_epi8(block, quote));
+        hits = _mm_or_si128(hits, _mm_cmpeq_epi8(block, backslash));
+        if constexpr (StopAtNonAscii)
+            hits = _mm_or_si128(hits, block); // the top bit is what the mask takes
+        if (const auto mask = static_cast<unsigned>(_mm_movemask_epi8(hits)); mask != 0)
+            return p + std::countr_zero(mask);
+        p += 16;
+    }
+#endif
+    for (; p != end; ++p) {
+        const auto byte = static_cast<std::uint8_t>(*p);
+        if (byte < 32 || byte == '"' || byte == '\\' || (StopAtNonAscii && byte >= 128))
+            return p;
+    }
+    return end;
+}
+
+} // namespace specloom::jv

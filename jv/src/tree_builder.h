@@ -1,0 +1,78 @@
+#pragma once
+
+#include "jv/jv_document.h"
+
+#include <memory>      // std::unique_ptr
+#include <string_view> // std::string_view
+#include <vector>      // std::vector
+
+namespace specloom::jv {
+
+/// Builds the tree of a document from the events of a reader. Values and their blocks go to the document's
+/// slabs; a container is indexed as it grows, so that a finished document needs no pass of its own for that.
+///
+/// Keys and values come separately, as readers see them. A key that never gets its value is recorded in the
+/// key order all the same; a value that comes while no key is pending goes under the empty key.
+class TreeBuilder {
+  public:
+    explicit TreeBuilder(std::unique_ptr<JVDocument> document);
+
+    [[nodiscard]] bool hasOpenContainer() const noexcept { return !frames_.empty(); }
+    [[nodiscard]] std::size_t depth() const noexcept { return frames_.size(); }
+    /// Whether the open container is an object; there must be one.
+    [[nodiscard]] bool inObject() const noexcept { return frames_.back().container->isObject(); }
+    /// Whether the open object waits for the value of its last key.
+    [[nodiscard]] bool keyPending() const noexcept { return frames_.back().keyPending; }
+
+    /// Records a key of the open object.
+    void addKey(std::string_view key) {
+        items_.push_back({KeyPool::instance().intern(key), nullptr});
+        frames_.back().keyPending = true;
+    }
+    /// Says that the last key counts as none: the next value does not belong to it.
+    void dropPendingKey() noexcept { frames_.back().keyPending = false; }
+
+    void addNull(Pos pos) { add(newValue(pos)); }
+    void addBoolean(bool value, Pos pos);
+    void addNumber(const number::Number& value, Pos pos);
+    void addString(std::string_view value, Pos pos);
+    void startArray(Pos pos) { open(Kind::Array, pos); }
+    void startObject(Pos pos) { open(Kind::Object, pos); }
+    /// Closes the open container; there must be one.
+    void end();
+
+    /// The document; its root is missing if no value was complete.
+    [[nodiscard]] std::unique_ptr<JVDocument> takeDocument() noexcept { return std::move(document_); }
+
+  private:
+    struct Frame {
+        JV* container;
+        std::size_t base; ///< of its children in items_
+        bool keyPending;  ///< the last item is a key without a value so far
+        bool orderTold;   ///< the items in their order are the key order
+    };
+
+    [[nodiscard]] JV* newValue(Pos pos) {
+        JV* value = document_->newSlabValue();
+        value->pos_ = pos;
+        return value;
+    }
+    void add(JV* value);
+    void addUnderEmptyKey(JV* value);
+    void open(Kind kind, Pos pos);
+    void closeArray(const Frame& frame);
+    void closeObject(const Frame& frame);
+    [[nodiscard]] bool isPlainObject(const Frame& frame) const;
+    void settleMembers(const Frame& frame);
+
+    std::unique_ptr<JVDocument> document_;
+    std::vector<Frame> frames_;
+    std::vector<JV::Entry> items_; ///< children of the open containers, the innermost last
+    struct Unlisted {
+        const JV* container;
+        JV* value;
+    };
+    std::vector<Unlisted> unlisted_; ///< values under the empty key that the key order does not name
+};
+
+} // namespace specloom::jv

@@ -1,0 +1,188 @@
+#include "jv/yaml_writer.h"
+
+#include "jv/yaml_quoting.h"
+#include "jv/yaml_reader.h"
+
+#include <fmt/core.h>
+#include <limits>    // std::numeric_limits
+#include <stdexcept> // std::runtime_error
+#include <vector>    // std::vector
+#include <yaml.h>
+
+namespace specloom::jv {
+
+namespace {
+
+/// Owns a libyaml emitter and hands events to it; the messages of all steps stand here.
+class Emitter {
+  public:
+    Emitter(std::string& output, std::int64_t indent) : flow_(indent == 0) {
+        if (yaml_emitter_initialize(&emitter_) == 0)
+            throw std::runtime_error("Failed to initialize emitter");
+        yaml_emitter_set_indent(&emitter_, 2);
+        if (indent != 0)
+            yaml_emitter_set_indent(&emitter_, static_cast<int>(indent));
+        yaml_emitter_set_output(&emitter_, &Emitter::append, &output);
+        yaml_emitter_set_unicode(&emitter_, 1);
+        yaml_emitter_set_width(&emitter_, -1);
+    }
+    Emitter(const Emitter&) = delete;
+    Emitter& operator=(const Emitter&) = delete;
+    ~Emitter() { yaml_emitter_delete(&emitter_); }
+
+    void startDocument() {
+        emit(yaml_stream_start_event_initialize(&event_, YAML_UTF8_ENCODING), "stream start");
+        emit(yaml_document_start_event_initialize(&event_, nullptr, nullptr, nullptr, 1), "stream start");
+    }
+    void endDocument() {
+        emit(yaml_document_end_event_initialize(&event_, 1), "document end");
+        emit(yaml_stream_end_event_initialize(&event_), "stream end");
+    }
+    void startArray() {
+        const auto style = flow_ ? YAML_FLOW_SEQUENCE_STYLE : YAML_BLOCK_SEQUENCE_STYLE;
+        emit(yaml_sequence_start_event_initialize(&event_, nullptr, nullptr, 1, style), "sequence start");
+    }
+    void endArray() { emit(yaml_sequence_end_event_initialize(&event_), "sequence end"); }
+    void startObject() {
+        const auto style = flow_ ? YAML_FLOW_MAPPING_STYLE : YAML_BLOCK_MAPPING_STYLE;
+        emit(yaml_mapping_start_event_initialize(&event_, nullptr, nullptr, 1, style), "mapping start");
+    }
+    void endObject() { emit(yaml_mapping_end_event_initialize(&event_), "mapping end"); }
+
+    /// No event carries a tag: with both implicit flags set libyaml writes the same bytes with one, only
+    /// slower.
+    void scalar(std::string_view text, yaml_scalar_style_t style, const char* name) {
+        if (text.size() > std::numeric_limits<int>::max())
+            emit(0, name); // libyaml counts in int
+        const auto* bytes = reinterpret_cast<const yaml_char_t*>(text.empty() ? "" : text.data());
+        emit(yaml_scalar_event_initialize(&event_, nullptr, nullptr, bytes, static_cast<int>(text.size()), 1,
+                                          1, style),
+             name);
+    }
+
+  private:
+    void emit(int initialized, const char* name) {
+        if (initialized == 0)
+            throw std::runtime_error(fmt::format("Failed to initialize {} event", name));
+        if (yaml_emitter_emit(&emitter_, &event_) == 0)
+            throw std::runtime_error(fmt::format("Failed to emit {} event", name));
+    }
+
+    static int append(void* data, unsigned char* buffer, std::size_t size) {
+        static_cast<std::string*>(data)->append(reinterpret_cast<const char*>(buffer), size);
+        return 1;
+    }
+
+    bool flow_;
+    yaml_emitter_t emitter_{};
+    yaml_event_t event_{};
+};
+
+/// Walks a tree with a stack of its own and feeds the emitter.
+class TreeEmitter {
+  public:
+    TreeEmitter(Emitter& emitter, const JVDocument& document, const PropertySorter& sorter)
+        : emitter_(emitter), document_(document), sorter_(sorter) {}
+
+    void emit(const JV& root) {
+        begin(root);
+        while (!open_.empty()) {
+            Frame& frame = open_.back();
+            if (frame.next == items_.size()) {
+                end();
+                continue;
+            }
+            const Member member = items_[frame.next++];
+            if (frame.container->isObject())
+                emitter_.scalar(member.key, YAML_ANY_SCALAR_STYLE, "string scalar");
+            begin(*member.value); // `frame` may be gone from here on
+        }
+    }
+
+  private:
+    /// The children of an open container are the last items; those of inner ones stand behind them and are
+    /// gone when the turn of the outer one comes again.
+    struct Frame {
+        const JV* container;
+        std::size_t base;
+        std::size_t next;
+    };
+
+    void begin(const JV& value) {
+        switch (value.kind()) {
+        case Kind::Null:
+            emitter_.scalar("null", YAML_PLAIN_SCALAR_STYLE, "null scalar");
+            break;
+        case Kind::Boolean:
+            emitter_.scalar(value.boolean() ? "true" : "false", YAML_PLAIN_SCALAR_STYLE, "boolean scalar");
+            break;
+        case Kind::Number:
+            numberText_.clear();
+            value.number().appendTo(numberText_);
+            emitter_.scalar(numberText_, YAML_PLAIN_SCALAR_STYLE, "number scalar");
+            break;
+        case Kind::String: {
+            const std::string_view text = value.text();
+            const auto style =
+                needsDoubleQuotes(text) ? YAML_DOUBLE_QUOTED_SCALAR_STYLE : YAML_ANY_SCALAR_STYLE;
+            emitter_.scalar(text, style, "string scalar");
+            break;
+        }
+        case Kind::Array:
+            push(value);
+            for (const JV* element : value.elements())
+                items_.push_back({{}, element});
+            emitter_.startArray();
+            break;
+        case Kind::Object:
+            push(value);
+            pushMembers(value);
+            emitter_.startObject();
+            break;
+        }
+    }
+
+    void push(const JV& container) {
+        if (open_.size() == deepestYaml)
+            throw std::runtime_error("MaxDepthExceeded");
+        open_.push_back({&container, items_.size(), items_.size()});
+    }
+
+    void pushMembers(const JV& object) {
+        const auto push = [&](const Member& member) { items_.push_back(member); };
+        if (sorter_) {
+            for (const Member& member : sorter_(&object))
+                push(member);
+        } else {
+            document_.forEachOrdered(&object, push);
+        }
+    }
+
+    void end() {
+        if (open_.back().container->isArray())
+            emitter_.endArray();
+        else
+            emitter_.endObject();
+        items_.resize(open_.back().base);
+        open_.pop_back();
+    }
+
+    Emitter& emitter_;
+    const JVDocument& document_;
+    const PropertySorter& sorter_;
+    std::vector<Frame> open_;
+    std::vector<Member> items_;
+    std::string numberText_;
+};
+
+} // namespace
+
+void YAMLWriter::write(const JVDocument& document) {
+    output_.reserve(document.sourceSize() + document.sourceSize() / 2 + 64);
+    Emitter emitter(output_, indent_);
+    emitter.startDocument();
+    TreeEmitter(emitter, document, sorter_).emit(*document.root());
+    emitter.endDocument();
+}
+
+} // namespace specloom::jv

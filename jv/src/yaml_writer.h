@@ -1,0 +1,35 @@
+#pragma once
+
+#include "jv/jv_document.h"
+#include "jv/sorted_properties.h"
+
+#include <cstdint> // std::int64_t
+#include <string>  // std::string
+
+namespace specloom::jv {
+
+/// Writes one document as YAML by way of libyaml's emitter, in UTF-8, without folding lines, and quotes
+/// strings so that readYAML() gives them back as strings. Two limits of readYAML() remain: a string in the
+/// exponent form of a number ("1e5") is left plain and comes back as a number, and an empty key is no key.
+class YAMLWriter {
+  public:
+    /// Without one, the order is JVDocument::orderedMembers().
+    void setSorter(PropertySorter sorter) { sorter_ = std::move(sorter); }
+    /// Blanks for each level, 2 at first; libyaml takes 2 to 9 and uses 2 for others. 0 selects flow style.
+    void setIndent(std::int64_t blanks) noexcept { indent_ = blanks; }
+
+    /// Writes the whole document. Throws std::runtime_error with "Failed to initialize X event" or "Failed to
+    /// emit X event", where X names the event, for instance "string scalar" when a text is not UTF-8; "Failed
+    /// to initialize emitter"; and "MaxDepthExceeded" for more nested containers than readYAML() takes back.
+    void write(const JVDocument& document);
+
+    [[nodiscard]] const std::string& output() const& noexcept { return output_; }
+    [[nodiscard]] std::string output() && noexcept { return std::move(output_); }
+
+  private:
+    std::int64_t indent_ = 2;
+    PropertySorter sorter_;
+    std::string output_;
+};
+
+} // namespace specloom::jv
