@@ -8,7 +8,6 @@
 
 #include <algorithm>  // std::max, std::min
 #include <bit>        // std::bit_cast
-#include <cmath>      // std::isnan
 #include <functional> // std::function
 
 namespace specloom::number {
@@ -191,8 +190,7 @@ TEST_F(BigFloatReference, comparison) {
 TEST_F(BigFloatReference, doubles) {
     RandomOperands random(5);
     for (int i = 0; i < 4000; ++i) {
-        auto bits = static_cast<std::uint64_t>(random.between(INT64_MIN / 2, INT64_MAX / 2)) * 4 +
-                    static_cast<std::uint64_t>(random.between(0, 3));
+        std::uint64_t bits = random.bits();
         if (random.oneIn(4))
             bits &= 0x800fffffffffffff; // a denormal
         const auto value = std::bit_cast<double>(bits);

@@ -14,7 +14,9 @@ class RandomOperands {
   public:
     explicit RandomOperands(std::uint64_t seed) : engine_(seed) {}
 
-    /// From `low` to `high`, both included.
+    /// Any 64 bits.
+    std::uint64_t bits() { return engine_(); }
+    /// From `low` to `high`, both included, which must be less than 2^63 apart.
     std::int64_t between(std::int64_t low, std::int64_t high) {
         return low + static_cast<std::int64_t>(engine_() % static_cast<std::uint64_t>(high - low + 1));
     }
