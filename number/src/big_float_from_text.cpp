@@ -2,6 +2,7 @@
 #include "number/radix.h"
 
 #include <algorithm> // std::min
+#include <limits>    // std::numeric_limits
 #include <vector>    // std::vector
 
 namespace specloom::number {
@@ -195,8 +196,11 @@ bool convertPrefix(BigFloat& r, Status& status, const TextNumber& number, std::s
 }
 
 /// More digits than a number of `prec` + 1 bits near `position` digits before the point can have: what lies
-/// behind them matters only as being there.
-std::uint64_t mostDigits(Precision prec, std::int64_t position) {
+/// behind them matters only as being there. In an odd radix a half has no end, so that there is no such
+/// count.
+std::uint64_t mostDigits(unsigned radix, Precision prec, std::int64_t position) {
+    if (radix % 2 != 0)
+        return std::numeric_limits<std::uint64_t>::max();
     return std::uint64_t{prec} + 8 + 3 * static_cast<std::uint64_t>(position < 0 ? -position : position);
 }
 
@@ -212,7 +216,8 @@ Status convertDecimal(BigFloat& r, TextNumber number, Precision prec, Flags flag
     if (prec == exactPrecision)
         return convert(r, number, digitsToNatural(number.digits, number.radix), number.scale, prec, flags);
 
-    const std::uint64_t enough = std::min<std::uint64_t>(number.digits.size(), mostDigits(prec, position));
+    const std::uint64_t enough =
+        std::min<std::uint64_t>(number.digits.size(), mostDigits(number.radix, prec, position));
     // Near the end of all exponents the bounds could be rounded by the range and not by the precision.
     constexpr std::int64_t certain = std::int64_t{1} << 28;
     if (position > -certain && position < certain) {
