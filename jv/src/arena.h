@@ -7,8 +7,8 @@
 
 namespace specloom::jv {
 
-/// Memory that is only given back all at once. Chunks double from 64 KiB to 1 MiB; a request that is too large
-/// for a chunk gets one of its own.
+/// Memory that is only given back all at once. Chunks double from 64 KiB to 1 MiB; a request that is too
+/// large for a chunk gets one of its own.
 class Arena {
   public:
     /// `bytes` of uninitialised memory, aligned to 8.

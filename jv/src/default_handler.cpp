@@ -8,8 +8,8 @@ namespace specloom::jv {
 
 void DefaultHandler::requireNoKeyDue(Kind kind) const {
     if (keyDue()) {
-        throw JSONReaderError(std::string("context_add_value: Object key is not a string (") + typeName(kind) +
-                              ")");
+        throw JSONReaderError(std::string("context_add_value: Object key is not a string (") +
+                              typeName(kind) + ")");
     }
 }
 
@@ -21,7 +21,9 @@ bool DefaultHandler::onString(std::string_view text, Pos pos) {
     return true;
 }
 
-bool DefaultHandler::onKey(std::string_view text, Pos pos) { return onString(text, pos); }
+bool DefaultHandler::onKey(std::string_view text, Pos pos) {
+    return onString(text, pos);
+}
 
 bool DefaultHandler::onInteger(std::int64_t value, Pos pos) {
     requireNoKeyDue(Kind::Number);
@@ -65,8 +67,12 @@ bool DefaultHandler::onStartArray(Pos pos) {
     return true;
 }
 
-bool DefaultHandler::onEndObject(Pos) { return endContainer(); }
-bool DefaultHandler::onEndArray(Pos) { return endContainer(); }
+bool DefaultHandler::onEndObject(Pos) {
+    return endContainer();
+}
+bool DefaultHandler::onEndArray(Pos) {
+    return endContainer();
+}
 
 bool DefaultHandler::endContainer() {
     if (!builder_.hasOpenContainer())

@@ -8,9 +8,9 @@
 namespace specloom::jv {
 
 /// Builds a document from parse events. Numbers arrive as text, so that none of their digits is lost.
-/// Throws JSONReaderError with "context_pop: Bottom of stack reached prematurely" when more containers end than
-/// began, and "context_add_value: Object key is not a string (" with the kind and ")" for a value where a key is
-/// due.
+/// Throws JSONReaderError with "context_pop: Bottom of stack reached prematurely" when more containers end
+/// than began, and "context_add_value: Object key is not a string (" with the kind and ")" for a value where
+/// a key is due.
 class DefaultHandler final : public Handler {
   public:
     explicit DefaultHandler(std::unique_ptr<JVDocument> document)

@@ -80,7 +80,8 @@ class RefInliner {
     std::vector<std::pair<JV*, std::unique_ptr<JVDocument>>> loaded_;
 };
 
-[[nodiscard]] std::unique_ptr<JVDocument> inlined(std::unique_ptr<JVDocument> document, const LoadOptions& options) {
+[[nodiscard]] std::unique_ptr<JVDocument> inlined(std::unique_ptr<JVDocument> document,
+                                                  const LoadOptions& options) {
     if (options.refLoader)
         RefInliner(options).run(*document->root());
     return document;
@@ -88,7 +89,8 @@ class RefInliner {
 
 } // namespace
 
-// ---- formats --------------------------------------------------------------------------------------------------
+// ---- formats
+// --------------------------------------------------------------------------------------------------
 
 std::optional<DocumentFormat> formatFromPath(std::string_view path) {
     std::string_view name = path.substr(path.rfind('/') + 1);
@@ -107,13 +109,16 @@ std::optional<DocumentFormat> formatFromPath(std::string_view path) {
 
 std::string_view extensionOf(DocumentFormat format) {
     switch (format) {
-    case DocumentFormat::Json: return ".json";
-    case DocumentFormat::Yaml: return ".yaml";
+    case DocumentFormat::Json:
+        return ".json";
+    case DocumentFormat::Yaml:
+        return ".yaml";
     }
     SPECLOOM_UNREACHABLE("format of a document");
 }
 
-// ---- reading --------------------------------------------------------------------------------------------------
+// ---- reading
+// --------------------------------------------------------------------------------------------------
 
 LoadedDocument loadDocument(std::string_view path, const LoadOptions& options) {
     const std::filesystem::path file = nativePath(path);
@@ -129,21 +134,26 @@ LoadedDocument loadDocument(std::string_view path, const LoadOptions& options) {
 
 std::unique_ptr<JVDocument> parseDocument(std::string_view text, const LoadOptions& options) {
     switch (options.format.value()) {
-    case DocumentFormat::Json: return inlined(parseJSON(text), options);
-    case DocumentFormat::Yaml: return inlined(parseYAML(text), options);
+    case DocumentFormat::Json:
+        return inlined(parseJSON(text), options);
+    case DocumentFormat::Yaml:
+        return inlined(parseYAML(text), options);
     }
     SPECLOOM_UNREACHABLE("format of a document");
 }
 
 std::unique_ptr<JVDocument> readDocument(std::istream& stream, const LoadOptions& options) {
     switch (options.format.value()) {
-    case DocumentFormat::Json: return inlined(readJSON(stream), options);
-    case DocumentFormat::Yaml: return inlined(readYAML(stream), options);
+    case DocumentFormat::Json:
+        return inlined(readJSON(stream), options);
+    case DocumentFormat::Yaml:
+        return inlined(readYAML(stream), options);
     }
     SPECLOOM_UNREACHABLE("format of a document");
 }
 
-// ---- writing --------------------------------------------------------------------------------------------------
+// ---- writing
+// --------------------------------------------------------------------------------------------------
 
 std::string documentToText(const JVDocument& document, const SaveOptions& options) {
     const auto render = [&](auto writer) {
@@ -153,8 +163,10 @@ std::string documentToText(const JVDocument& document, const SaveOptions& option
         return std::move(writer).output();
     };
     switch (options.format.value()) {
-    case DocumentFormat::Json: return render(JSONWriter());
-    case DocumentFormat::Yaml: return render(YAMLWriter());
+    case DocumentFormat::Json:
+        return render(JSONWriter());
+    case DocumentFormat::Yaml:
+        return render(YAMLWriter());
     }
     SPECLOOM_UNREACHABLE("format of a document");
 }

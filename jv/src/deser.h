@@ -17,8 +17,8 @@ enum class DocumentFormat : std::uint8_t { Json = 0, Yaml = 1 };
 
 struct LoadOptions {
     std::optional<DocumentFormat> format; ///< when absent, taken from the file's extension
-    /// Given the text of a reference, returns the document to put in its place, or null to leave it. When empty,
-    /// references stay as they are.
+    /// Given the text of a reference, returns the document to put in its place, or null to leave it. When
+    /// empty, references stay as they are.
     std::function<std::unique_ptr<JVDocument>(std::string_view reference)> refLoader;
 };
 
@@ -44,19 +44,20 @@ struct LoadedDocument {
 /// "Unsupported file format: " and the path, and what parseDocument() throws. The file is opened first.
 [[nodiscard]] LoadedDocument loadDocument(std::string_view path, const LoadOptions& options = {});
 
-/// Reads a text. Throws what readJSON() and readYAML() throw, JVError "A string value is expected for '$ref'." when
-/// there is a refLoader and a reference is no text, and std::bad_optional_access without a format.
+/// Reads a text. Throws what readJSON() and readYAML() throw, JVError "A string value is expected for
+/// '$ref'." when there is a refLoader and a reference is no text, and std::bad_optional_access without a
+/// format.
 ///
-/// An object whose only member is "$ref" is a reference. Where the refLoader returns a document, the object becomes
-/// a deep copy of its root; it keeps its position and pointer, while its new children have neither until the next
-/// JVDocument::reindex(). References inside loaded documents are their loader's business.
+/// An object whose only member is "$ref" is a reference. Where the refLoader returns a document, the object
+/// becomes a deep copy of its root; it keeps its position and pointer, while its new children have neither
+/// until the next JVDocument::reindex(). References inside loaded documents are their loader's business.
 [[nodiscard]] std::unique_ptr<JVDocument> parseDocument(std::string_view text, const LoadOptions& options);
 /// The same on an open stream.
 [[nodiscard]] std::unique_ptr<JVDocument> readDocument(std::istream& stream, const LoadOptions& options);
 
-/// Writes a file, whose text is complete before the file is opened. Throws std::runtime_error with "Unsupported
-/// file format: " and the path, "Failed to open file: " and the path, "Failed to write file: " and the path, and
-/// what the writers throw.
+/// Writes a file, whose text is complete before the file is opened. Throws std::runtime_error with
+/// "Unsupported file format: " and the path, "Failed to open file: " and the path, "Failed to write file: "
+/// and the path, and what the writers throw.
 void saveDocument(const JVDocument& document, std::string_view path, const SaveOptions& options = {});
 /// Writes to a stream; what the stream makes of it is the caller's to check. Needs a format.
 void writeDocument(const JVDocument& document, std::ostream& stream, const SaveOptions& options);

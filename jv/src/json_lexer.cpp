@@ -11,7 +11,9 @@ namespace specloom::jv {
 
 namespace {
 
-[[nodiscard]] bool isDigit(char c) noexcept { return c >= '0' && c <= '9'; }
+[[nodiscard]] bool isDigit(char c) noexcept {
+    return c >= '0' && c <= '9';
+}
 
 [[nodiscard]] bool isHexDigit(char c) noexcept {
     return isDigit(c) || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F');
@@ -19,20 +21,18 @@ namespace {
 
 } // namespace
 
-// ---- chunks and positions -------------------------------------------------------------------------------------
+// ---- chunks and positions
+// -------------------------------------------------------------------------------------
 
 void JSONLexer::feed(std::string_view chunk) {
     base_ += tokenStart_ - begin_;
     if (tokenStart_ == end_) {
+        buffer_.clear();
         begin_ = chunk.data();
         end_ = begin_ + chunk.size();
-        buffer_.clear();
     } else {
-        const bool buffered = begin_ == buffer_.data();
-        if (buffered)
-            buffer_.erase(0, static_cast<std::size_t>(tokenStart_ - begin_));
-        else
-            buffer_.assign(tokenStart_, end_);
+        // What is left stands in the buffer, see cut().
+        buffer_.erase(0, static_cast<std::size_t>(tokenStart_ - begin_));
         buffer_ += chunk;
         begin_ = buffer_.data();
         end_ = begin_ + buffer_.size();
@@ -73,15 +73,22 @@ void JSONLexer::skipWhiteSpace() noexcept {
     cursor_ = p;
 }
 
-// ---- tokens ---------------------------------------------------------------------------------------------------
+// ---- tokens
+// ---------------------------------------------------------------------------------------------------
 
 JSONLexer::Token JSONLexer::fail(Error error) noexcept {
     error_ = error;
     return Token::Error;
 }
 
-/// The chunk ended inside a token: it starts anew when more has come.
-JSONLexer::Token JSONLexer::cut() noexcept {
+/// The chunk ended inside a token: its bytes are kept, and it starts anew when more has come.
+JSONLexer::Token JSONLexer::cut() {
+    if (begin_ != buffer_.data()) {
+        base_ += tokenStart_ - begin_;
+        buffer_.assign(tokenStart_, end_);
+        begin_ = tokenStart_ = buffer_.data();
+        end_ = begin_ + buffer_.size();
+    }
     cursor_ = end_;
     return Token::EndOfChunk;
 }
@@ -98,16 +105,26 @@ JSONLexer::Token JSONLexer::next() {
         if (cursor_ == end_)
             return Token::EndOfChunk;
         switch (*cursor_) {
-        case '"': return scanString();
-        case ',': return single(Token::Comma);
-        case ':': return single(Token::Colon);
-        case '[': return single(Token::LeftBracket);
-        case ']': return single(Token::RightBracket);
-        case '{': return single(Token::LeftBrace);
-        case '}': return single(Token::RightBrace);
-        case 't': return scanWord("true", Token::Boolean);
-        case 'f': return scanWord("false", Token::Boolean);
-        case 'n': return scanWord("null", Token::Null);
+        case '"':
+            return scanString();
+        case ',':
+            return single(Token::Comma);
+        case ':':
+            return single(Token::Colon);
+        case '[':
+            return single(Token::LeftBracket);
+        case ']':
+            return single(Token::RightBracket);
+        case '{':
+            return single(Token::LeftBrace);
+        case '}':
+            return single(Token::RightBrace);
+        case 't':
+            return scanWord("true", Token::Boolean);
+        case 'f':
+            return scanWord("false", Token::Boolean);
+        case 'n':
+            return scanWord("null", Token::Null);
         case '/':
             if (const Token token = scanComment(); token != Token::Comment)
                 return token;
@@ -120,7 +137,7 @@ JSONLexer::Token JSONLexer::next() {
     }
 }
 
-JSONLexer::Token JSONLexer::scanWord(std::string_view word, Token token) noexcept {
+JSONLexer::Token JSONLexer::scanWord(std::string_view word, Token token) {
     const auto available = std::min(word.size(), static_cast<std::size_t>(end_ - cursor_));
     if (std::memcmp(cursor_, word.data(), available) != 0)
         return fail(Error::InvalidWord);
@@ -131,7 +148,7 @@ JSONLexer::Token JSONLexer::scanWord(std::string_view word, Token token) noexcep
     return token;
 }
 
-JSONLexer::Token JSONLexer::scanNumber() noexcept {
+JSONLexer::Token JSONLexer::scanNumber() {
     const char* p = cursor_;
     const auto skipDigits = [&] {
         while (p != end_ && isDigit(*p))
@@ -167,7 +184,7 @@ JSONLexer::Token JSONLexer::scanNumber() noexcept {
     return token;
 }
 
-JSONLexer::Token JSONLexer::scanComment() noexcept {
+JSONLexer::Token JSONLexer::scanComment() {
     if (!allowComments_)
         return fail(Error::CommentNotAllowed);
     const char* p = cursor_ + 1;
@@ -198,9 +215,10 @@ JSONLexer::Token JSONLexer::scanComment() noexcept {
     return cut();
 }
 
-// ---- strings --------------------------------------------------------------------------------------------------
+// ---- strings
+// --------------------------------------------------------------------------------------------------
 
-JSONLexer::Token JSONLexer::scanString() noexcept {
+JSONLexer::Token JSONLexer::scanString() {
     bool escapes = resumeEscapes_;
     const char* p = resumeAt_ != 0 ? tokenStart_ + resumeAt_ : tokenStart_ + 1;
     resumeAt_ = 0;
@@ -259,10 +277,14 @@ JSONLexer::Step JSONLexer::scanEscape(const char*& p) noexcept {
     return Step::Good;
 }
 
-/// Moves `p` behind a sequence of two to four bytes; only the form is checked, lead byte and continuation bytes.
+/// Moves `p` behind a sequence of two to four bytes; only the form is checked, lead byte and continuation
+/// bytes.
 JSONLexer::Step JSONLexer::scanMultiByte(const char*& p) noexcept {
     const auto lead = static_cast<unsigned char>(*p);
-    const int continuations = (lead & 0xe0) == 0xc0 ? 1 : (lead & 0xf0) == 0xe0 ? 2 : (lead & 0xf8) == 0xf0 ? 3 : 0;
+    const int continuations = (lead & 0xe0) == 0xc0   ? 1
+                              : (lead & 0xf0) == 0xe0 ? 2
+                              : (lead & 0xf8) == 0xf0 ? 3
+                                                      : 0;
     bool good = continuations != 0;
     ++p;
     for (int i = 0; good && i < continuations; ++i, ++p) {

@@ -8,8 +8,8 @@
 
 namespace specloom::jv {
 
-/// Cuts a JSON text (RFC 8259) that arrives in chunks into tokens. White space also takes in the vertical tab and
-/// the form feed. Numbers and strings are checked here; strings keep their escapes.
+/// Cuts a JSON text (RFC 8259) that arrives in chunks into tokens. White space also takes in the vertical tab
+/// and the form feed. Numbers and strings are checked here; strings keep their escapes.
 class JSONLexer {
   public:
     enum class Token : std::uint8_t {
@@ -47,10 +47,11 @@ class JSONLexer {
     JSONLexer(bool allowComments, bool validateUtf8) noexcept
         : allowComments_(allowComments), validateUtf8_(validateUtf8) {}
 
-    /// Continues with the next chunk; the former one must be used up. `chunk` must live until it is used up too.
+    /// Continues with the next chunk; the former one must be used up. `chunk` must live until it is used up
+    /// too.
     void feed(std::string_view chunk);
-    /// The next token that is not white space. After EndOfChunk call feed(): a token that the chunk's end cut in
-    /// two is kept and continued.
+    /// The next token that is not white space. After EndOfChunk call feed(): a token that the chunk's end cut
+    /// in two is kept and continued.
     [[nodiscard]] Token next();
     /// Makes next() return the last token again.
     void unread() noexcept { cursor_ = tokenStart_; }
@@ -60,8 +61,8 @@ class JSONLexer {
     [[nodiscard]] std::string_view text() const noexcept {
         return {textStart_, static_cast<std::size_t>(textEnd_ - textStart_)};
     }
-    /// Where the last token began: line and column counted from 1, columns in bytes. Lines end at "\r\n", "\r"
-    /// and "\n".
+    /// Where the last token began: line and column counted from 1, columns in bytes. Lines end at "\r\n",
+    /// "\r" and "\n".
     [[nodiscard]] Pos pos() const noexcept;
     [[nodiscard]] Error error() const noexcept { return error_; }
 
@@ -70,12 +71,12 @@ class JSONLexer {
     void skipWhiteSpace() noexcept;
     void endLine(const char* lastByte) noexcept;
     [[nodiscard]] Token fail(Error error) noexcept;
-    [[nodiscard]] Token cut() noexcept;
+    [[nodiscard]] Token cut();
     [[nodiscard]] Token single(Token token) noexcept;
-    [[nodiscard]] Token scanWord(std::string_view word, Token token) noexcept;
-    [[nodiscard]] Token scanNumber() noexcept;
-    [[nodiscard]] Token scanString() noexcept;
-    [[nodiscard]] Token scanComment() noexcept;
+    [[nodiscard]] Token scanWord(std::string_view word, Token token);
+    [[nodiscard]] Token scanNumber();
+    [[nodiscard]] Token scanString();
+    [[nodiscard]] Token scanComment();
     [[nodiscard]] Token finishString(const char* closingQuote, bool escapes) noexcept;
     enum class Step : std::uint8_t { Good, Cut, Bad };
     [[nodiscard]] Step scanEscape(const char*& p) noexcept;

@@ -37,10 +37,14 @@ JSONReader::Status JSONReader::parse(std::string_view chunk) {
     lexer_.feed(chunk);
     for (;;) {
         switch (step()) {
-        case Outcome::GoOn: break;
-        case Outcome::EndOfChunk: return Status::Good;
-        case Outcome::Stopped: return Status::Stopped;
-        case Outcome::Error: return Status::Error;
+        case Outcome::GoOn:
+            break;
+        case Outcome::EndOfChunk:
+            return Status::Good;
+        case Outcome::Stopped:
+            return Status::Stopped;
+        case Outcome::Error:
+            return Status::Error;
         }
     }
 }
@@ -77,15 +81,22 @@ JSONReader::Outcome JSONReader::step() {
     case State::GotValue:
     case State::MapNeedValue:
     case State::ArrayNeedValue:
-    case State::ArrayStart: return stepValue();
+    case State::ArrayStart:
+        return stepValue();
     case State::MapStart:
-    case State::MapNeedKey: return stepKey();
-    case State::MapSep: return stepMapSeparator();
-    case State::MapGotValue: return stepMapNext();
-    case State::ArrayGotValue: return stepArrayNext();
-    case State::ParseComplete: return stepComplete();
+    case State::MapNeedKey:
+        return stepKey();
+    case State::MapSep:
+        return stepMapSeparator();
+    case State::MapGotValue:
+        return stepMapNext();
+    case State::ArrayGotValue:
+        return stepArrayNext();
+    case State::ParseComplete:
+        return stepComplete();
     case State::ParseError:
-    case State::LexicalError: break;
+    case State::LexicalError:
+        break;
     }
     return Outcome::Error;
 }
@@ -162,9 +173,15 @@ JSONReader::Outcome JSONReader::stepValue() {
     bool goOn = true;
     switch (token) {
     case Token::String:
-    case Token::StringWithEscapes: goOn = handler_.onString(decoded(token), lexer_.pos()); break;
-    case Token::Boolean: goOn = handler_.onBoolean(lexer_.text() == "true", lexer_.pos()); break;
-    case Token::Null: goOn = handler_.onNull(lexer_.pos()); break;
+    case Token::StringWithEscapes:
+        goOn = handler_.onString(decoded(token), lexer_.pos());
+        break;
+    case Token::Boolean:
+        goOn = handler_.onBoolean(lexer_.text() == "true", lexer_.pos());
+        break;
+    case Token::Null:
+        goOn = handler_.onNull(lexer_.pos());
+        break;
     case Token::LeftBrace:
         goOn = handler_.onStartObject(lexer_.pos());
         inner = State::MapStart;
@@ -185,7 +202,8 @@ JSONReader::Outcome JSONReader::stepValue() {
         if (top() == State::ArrayStart)
             return closed(handler_.onEndArray(lexer_.pos()));
         [[fallthrough]];
-    default: return unexpected(token, ParseError::UnexpectedToken);
+    default:
+        return unexpected(token, ParseError::UnexpectedToken);
     }
     if (!goOn) {
         top() = State::ParseError;

@@ -24,13 +24,15 @@ class JSONReaderError : public std::exception {
     std::string message_;
 };
 
-/// Reads a document: no comments, UTF-8 checked, nothing behind the value. Throws JSONReaderError with "JSON parse
-/// error" for any fault of the text, and std::runtime_error with "Failed to read input" when the stream breaks.
+/// Reads a document: no comments, UTF-8 checked, nothing behind the value. Throws JSONReaderError with "JSON
+/// parse error" for any fault of the text, and std::runtime_error with "Failed to read input" when the stream
+/// breaks.
 [[nodiscard]] std::unique_ptr<JVDocument> readJSON(std::istream& stream);
 /// The same for a text.
 [[nodiscard]] std::unique_ptr<JVDocument> parseJSON(std::string_view text);
 
-/// Turns a JSON text (RFC 8259) into events, chunk by chunk, with a stack of its own: only memory bounds nesting.
+/// Turns a JSON text (RFC 8259) into events, chunk by chunk, with a stack of its own: only memory bounds
+/// nesting.
 class JSONReader {
   public:
     enum Flag : std::uint32_t {
@@ -53,7 +55,8 @@ class JSONReader {
     /// `handler` is not owned and must outlive the reader.
     explicit JSONReader(Handler& handler, std::uint32_t flags = 0);
 
-    /// Parses the next chunk. Stopped when the handler returned false. What the handler throws passes through.
+    /// Parses the next chunk. Stopped when the handler returned false. What the handler throws passes
+    /// through.
     [[nodiscard]] Status parse(std::string_view chunk);
     /// Ends the input.
     [[nodiscard]] Status finish();

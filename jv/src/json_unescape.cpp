@@ -68,14 +68,29 @@ void unescapeJSON(std::string_view text, std::string& out) {
         switch (escape) {
         case '"':
         case '\\':
-        case '/': out += escape; break;
-        case 'b': out += '\b'; break;
-        case 'f': out += '\f'; break;
-        case 'n': out += '\n'; break;
-        case 'r': out += '\r'; break;
-        case 't': out += '\t'; break;
-        case 'u': text.remove_prefix(appendUnicodeEscape(text, out)); break;
-        default: SPECLOOM_UNREACHABLE("this should never happen");
+        case '/':
+            out += escape;
+            break;
+        case 'b':
+            out += '\b';
+            break;
+        case 'f':
+            out += '\f';
+            break;
+        case 'n':
+            out += '\n';
+            break;
+        case 'r':
+            out += '\r';
+            break;
+        case 't':
+            out += '\t';
+            break;
+        case 'u':
+            text.remove_prefix(appendUnicodeEscape(text, out));
+            break;
+        default:
+            SPECLOOM_UNREACHABLE("this should never happen");
         }
     }
 }

@@ -13,12 +13,18 @@ constexpr std::size_t deepest = 128;
 
 const char* JSONWriterError::what() const noexcept {
     switch (code_) {
-    case KeyMustBeStrings: return "KeyMustBeStrings";
-    case MaxDepthExceeded: return "MaxDepthExceeded";
-    case InErrorState: return "InErrorState";
-    case GenerationComplete: return "GenerationComplete";
-    case InvalidNumber: return "InvalidNumber";
-    case InvalidString: return "InvalidString";
+    case KeyMustBeStrings:
+        return "KeyMustBeStrings";
+    case MaxDepthExceeded:
+        return "MaxDepthExceeded";
+    case InErrorState:
+        return "InErrorState";
+    case GenerationComplete:
+        return "GenerationComplete";
+    case InvalidNumber:
+        return "InvalidNumber";
+    case InvalidString:
+        return "InvalidString";
     }
     return "<unknown>";
 }
@@ -30,8 +36,8 @@ void JSONWriter::write(const JVDocument& document) {
     }
     document_ = &document;
     state_ = State::Error; // until the end is reached
-    // About twice the source holds any indented form of it. What is not used costs no memory, while growing step
-    // by step would hold the text twice.
+    // About twice the source holds any indented form of it. What is not used costs no memory, while growing
+    // step by step would hold the text twice.
     output_.reserve(document.sourceSize() * 2 + 64);
     writeValue(*document.root());
     if (indent_ > 0)
@@ -41,12 +47,24 @@ void JSONWriter::write(const JVDocument& document) {
 
 void JSONWriter::writeValue(const JV& value) {
     switch (value.kind()) {
-    case Kind::Null: output_ += "null"; break;
-    case Kind::Boolean: output_ += value.boolean() ? "true" : "false"; break;
-    case Kind::Number: writeNumber(value.number()); break;
-    case Kind::String: writeString(value.text()); break;
-    case Kind::Array: writeArray(value); break;
-    case Kind::Object: writeObject(value); break;
+    case Kind::Null:
+        output_ += "null";
+        break;
+    case Kind::Boolean:
+        output_ += value.boolean() ? "true" : "false";
+        break;
+    case Kind::Number:
+        writeNumber(value.number());
+        break;
+    case Kind::String:
+        writeString(value.text());
+        break;
+    case Kind::Array:
+        writeArray(value);
+        break;
+    case Kind::Object:
+        writeObject(value);
+        break;
     }
 }
 
@@ -56,7 +74,8 @@ void JSONWriter::writeNumber(const number::Number& value) {
     value.appendTo(output_);
 }
 
-// ---- strings --------------------------------------------------------------------------------------------------
+// ---- strings
+// --------------------------------------------------------------------------------------------------
 
 void JSONWriter::writeString(std::string_view text) {
     const bool solidus = (flags_ & escapeSolidus) != 0;
@@ -73,11 +92,21 @@ void JSONWriter::writeString(std::string_view text) {
         p = special + 1;
         const char c = *special;
         switch (c) {
-        case '\b': output_ += "\\b"; break;
-        case '\t': output_ += "\\t"; break;
-        case '\n': output_ += "\\n"; break;
-        case '\f': output_ += "\\f"; break;
-        case '\r': output_ += "\\r"; break;
+        case '\b':
+            output_ += "\\b";
+            break;
+        case '\t':
+            output_ += "\\t";
+            break;
+        case '\n':
+            output_ += "\\n";
+            break;
+        case '\f':
+            output_ += "\\f";
+            break;
+        case '\r':
+            output_ += "\\r";
+            break;
         case '"':
         case '\\':
         case '/':
@@ -93,7 +122,8 @@ void JSONWriter::writeString(std::string_view text) {
     output_ += '"';
 }
 
-// ---- containers -----------------------------------------------------------------------------------------------
+// ---- containers
+// -----------------------------------------------------------------------------------------------
 
 void JSONWriter::lineEnd() {
     if (indent_ > 0)

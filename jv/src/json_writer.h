@@ -32,8 +32,9 @@ class JSONWriterError : public std::exception {
 
 /// Writes one document as JSON (RFC 8259), in UTF-8. Texts that are not UTF-8 pass through as they are.
 ///
-/// A big number, that is one of more than 20 digits or beyond the range of the machine's numbers, ends the process
-/// through unreachable(), which is the deliberate answer of number::Number to the tests that JSON needs.
+/// A big number, that is one of more than 20 digits or beyond the range of the machine's numbers, ends the
+/// process through unreachable(), which is the deliberate answer of number::Number to the tests that JSON
+/// needs.
 class JSONWriter {
   public:
     static constexpr std::uint32_t escapeSolidus = 16; ///< flag: write "/" as "\/"
@@ -43,7 +44,9 @@ class JSONWriter {
     /// Without one, the order is JVDocument::orderedMembers().
     void setSorter(PropertySorter sorter) { sorter_ = std::move(sorter); }
     /// Blanks for each level; 0 or less, as at first, gives compact output without any white space.
-    void setIndent(std::int64_t blanks) noexcept { indent_ = blanks > 0 ? static_cast<std::size_t>(blanks) : 0; }
+    void setIndent(std::int64_t blanks) noexcept {
+        indent_ = blanks > 0 ? static_cast<std::size_t>(blanks) : 0;
+    }
 
     /// Writes the whole document; once for each writer. Throws JSONWriterError.
     void write(const JVDocument& document);

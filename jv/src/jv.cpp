@@ -17,12 +17,18 @@ namespace specloom::jv {
 
 const char* typeName(Kind kind) {
     switch (kind) {
-    case Kind::Null: return "null";
-    case Kind::Boolean: return "boolean";
-    case Kind::Number: return "number";
-    case Kind::String: return "string";
-    case Kind::Array: return "array";
-    case Kind::Object: return "object";
+    case Kind::Null:
+        return "null";
+    case Kind::Boolean:
+        return "boolean";
+    case Kind::Number:
+        return "number";
+    case Kind::String:
+        return "string";
+    case Kind::Array:
+        return "array";
+    case Kind::Object:
+        return "object";
     }
     SPECLOOM_UNREACHABLE("kind of value");
 }
@@ -44,7 +50,8 @@ void JV::require(Kind kind) const {
         throw std::bad_variant_access();
 }
 
-// ---- content --------------------------------------------------------------------------------------------------
+// ---- content
+// --------------------------------------------------------------------------------------------------
 
 bool JV::boolean() const {
     require(Kind::Boolean);
@@ -54,10 +61,14 @@ bool JV::boolean() const {
 number::Number JV::number() const {
     require(Kind::Number);
     switch (static_cast<number::NumberKind>(detail_)) {
-    case number::NumberKind::Signed: return number::Number(payload_.signedInteger);
-    case number::NumberKind::Unsigned: return number::Number(payload_.unsignedInteger);
-    case number::NumberKind::Float: return number::Number(payload_.real);
-    case number::NumberKind::Big: return *payload_.big;
+    case number::NumberKind::Signed:
+        return number::Number(payload_.signedInteger);
+    case number::NumberKind::Unsigned:
+        return number::Number(payload_.unsignedInteger);
+    case number::NumberKind::Float:
+        return number::Number(payload_.real);
+    case number::NumberKind::Big:
+        return *payload_.big;
     }
     SPECLOOM_UNREACHABLE("kind of number");
 }
@@ -111,24 +122,32 @@ std::string JV::pointer() const {
     return text;
 }
 
-// ---- destruction ----------------------------------------------------------------------------------------------
+// ---- destruction
+// ----------------------------------------------------------------------------------------------
 
-/// Frees the block of `value` and puts its children on the heap into the list `pending`. Children in slabs stay
-/// where they are: their document frees what they own when it ends.
+/// Frees the block of `value` and puts its children on the heap into the list `pending`. Children in slabs
+/// stay where they are: their document frees what they own when it ends.
 void JV::detachChildren(JV& value, JV*& pending) noexcept {
     if (!value.is(ownsBlock))
         return;
     switch (value.kind_) {
-    case Kind::String: std::free(value.payload_.text.data); break;
-    case Kind::Number: delete value.payload_.big; break;
+    case Kind::String:
+        std::free(value.payload_.text.data);
+        break;
+    case Kind::Number:
+        delete value.payload_.big;
+        break;
     case Kind::Array:
         for (std::uint32_t i = 0; i < value.payload_.array.count; ++i)
             linkDetached(value.payload_.array.items[i], pending);
         std::free(value.payload_.array.items);
         break;
-    case Kind::Object: freeEntries(value, pending); break;
+    case Kind::Object:
+        freeEntries(value, pending);
+        break;
     case Kind::Null:
-    case Kind::Boolean: break;
+    case Kind::Boolean:
+        break;
     }
     value.lower(ownsBlock);
 }
@@ -158,7 +177,8 @@ void JV::dropContent() noexcept {
     }
 }
 
-// ---- setters --------------------------------------------------------------------------------------------------
+// ---- setters
+// --------------------------------------------------------------------------------------------------
 
 void JV::become(Kind kind) noexcept {
     dropContent();
@@ -168,7 +188,9 @@ void JV::become(Kind kind) noexcept {
     payload_ = Payload{};
 }
 
-void JV::setNull() noexcept { become(Kind::Null); }
+void JV::setNull() noexcept {
+    become(Kind::Null);
+}
 
 void JV::setBoolean(bool value) noexcept {
     become(Kind::Boolean);
@@ -257,7 +279,8 @@ void JV::clear() {
     }
 }
 
-// ---- arrays ---------------------------------------------------------------------------------------------------
+// ---- arrays
+// ---------------------------------------------------------------------------------------------------
 
 JV* JV::append(std::unique_ptr<JV> child) {
     require(Kind::Array);
@@ -279,11 +302,23 @@ JV* JV::append(std::unique_ptr<JV> child) {
     return array.items[array.count++] = child.release();
 }
 
-JV* JV::appendNull() { return append(std::make_unique<JV>()); }
-JV* JV::appendBoolean(bool value) { return append(std::make_unique<JV>(value)); }
-JV* JV::appendNumber(const number::Number& value) { return append(std::make_unique<JV>(value)); }
-JV* JV::appendString(std::string_view value) { return append(std::make_unique<JV>(value)); }
-JV* JV::appendArray() { return append(newArray()); }
-JV* JV::appendObject() { return append(newObject()); }
+JV* JV::appendNull() {
+    return append(std::make_unique<JV>());
+}
+JV* JV::appendBoolean(bool value) {
+    return append(std::make_unique<JV>(value));
+}
+JV* JV::appendNumber(const number::Number& value) {
+    return append(std::make_unique<JV>(value));
+}
+JV* JV::appendString(std::string_view value) {
+    return append(std::make_unique<JV>(value));
+}
+JV* JV::appendArray() {
+    return append(newArray());
+}
+JV* JV::appendObject() {
+    return append(newObject());
+}
 
 } // namespace specloom::jv

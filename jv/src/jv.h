@@ -27,8 +27,8 @@ enum class Kind : std::uint8_t { Null = 0, Boolean = 1, Number = 2, String = 3, 
 /// One value of a document: null, boolean, number, string, array or object.
 ///
 /// A value owns its children and never moves, so that pointers to it stay good until it or an ancestor is
-/// destroyed or replaced. Values of a document that was read live in slabs of that document; values made in code
-/// live on the heap. Both behave alike. Nothing here recurses over the depth of a tree.
+/// destroyed or replaced. Values of a document that was read live in slabs of that document; values made in
+/// code live on the heap. Both behave alike. Nothing here recurses over the depth of a tree.
 class JV {
   public:
     /// Null.
@@ -38,10 +38,7 @@ class JV {
         setBoolean(value);
     }
     template <std::integral I>
-        requires(!std::same_as<I, bool>)
-    explicit JV(I value) noexcept {
-        setNumber(toNumber(value));
-    }
+    requires(!std::same_as<I, bool>) explicit JV(I value) noexcept { setNumber(toNumber(value)); }
     explicit JV(double value) noexcept { setNumber(number::Number(value)); }
     explicit JV(const number::Number& value) { setNumber(value); }
     explicit JV(std::string_view value) { setString(value); }
@@ -69,8 +66,8 @@ class JV {
             pos_ = pos;
     }
 
-    /// The JSON pointer (RFC 6901, section 3) that the value had when its document was last indexed; empty for
-    /// the root and for a value that never was. Composed when asked for.
+    /// The JSON pointer (RFC 6901, section 3) that the value had when its document was last indexed; empty
+    /// for the root and for a value that never was. Composed when asked for.
     [[nodiscard]] std::string pointer() const;
 
     // The content. Each throws std::bad_variant_access on a value of another kind.
@@ -103,9 +100,9 @@ class JV {
     JV* appendArray();
     JV* appendObject();
 
-    // Objects; std::bad_variant_access on anything else. Each returns the value now stored under `key`. A value
-    // that stood there before is no longer reached from here but stays alive as long as this object, because
-    // pointers to it may still be in use; remove() it first to be rid of it.
+    // Objects; std::bad_variant_access on anything else. Each returns the value now stored under `key`. A
+    // value that stood there before is no longer reached from here but stays alive as long as this object,
+    // because pointers to it may still be in use; remove() it first to be rid of it.
     JV* set(std::string_view key, std::unique_ptr<JV> child);
     JV* setNull(std::string_view key);
     JV* setBoolean(std::string_view key, bool value);
@@ -157,8 +154,8 @@ class JV {
     [[nodiscard]] const JV* getObject(std::string_view name) const;
     [[nodiscard]] const JV* getString(std::string_view name) const;
 
-    /// The value at `tokens` below this one, or null. A token for an array is read as an unsigned decimal number
-    /// and throws std::invalid_argument "invalid stoul argument" when it does not start with a digit.
+    /// The value at `tokens` below this one, or null. A token for an array is read as an unsigned decimal
+    /// number and throws std::invalid_argument "invalid stoul argument" when it does not start with a digit.
     [[nodiscard]] const JV* resolve(const JVPointer& tokens) const;
 
   private:
@@ -176,10 +173,10 @@ class JV {
     struct EditHeader;
 
     enum Flag : std::uint16_t {
-        indexed = 1,        ///< reached by the last indexing, under parent_ and slot_
-        inSlab = 2,         ///< memory belongs to a document's slab
-        ownsBlock = 4,      ///< the payload's pointer is ours to free; only then may children live on the heap
-        inlineText = 8,     ///< the text lies in the payload itself
+        indexed = 1,    ///< reached by the last indexing, under parent_ and slot_
+        inSlab = 2,     ///< memory belongs to a document's slab
+        ownsBlock = 4,  ///< the payload's pointer is ours to free; only then may children live on the heap
+        inlineText = 8, ///< the text lies in the payload itself
         sourceOrdered = 16, ///< the first entries stand in source order
         explicitOrder = 32, ///< the document has a key order for this object in its side table
     };

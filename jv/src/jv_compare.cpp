@@ -14,23 +14,33 @@ namespace {
 [[nodiscard]] std::uint64_t scalarHash(const JV& value) {
     const auto code = static_cast<std::uint64_t>(value.kind());
     switch (value.kind()) {
-    case Kind::Boolean: return combine(code, fnv1a(std::uint64_t{value.boolean()}, 1));
-    case Kind::Number: return combine(code, value.number().hash());
-    case Kind::String: return combine(code, fnv1a(value.text()));
-    default: return combine(code, 0);
+    case Kind::Boolean:
+        return combine(code, fnv1a(std::uint64_t{value.boolean()}, 1));
+    case Kind::Number:
+        return combine(code, value.number().hash());
+    case Kind::String:
+        return combine(code, fnv1a(value.text()));
+    default:
+        return combine(code, 0);
     }
 }
 
 [[nodiscard]] bool scalarsEqual(const JV& a, const JV& b) {
     switch (a.kind()) {
-    case Kind::Boolean: return a.boolean() == b.boolean();
-    case Kind::Number: return a.number().compare(b.number()) == 0;
-    case Kind::String: return a.text() == b.text();
-    default: return true;
+    case Kind::Boolean:
+        return a.boolean() == b.boolean();
+    case Kind::Number:
+        return a.number().compare(b.number()) == 0;
+    case Kind::String:
+        return a.text() == b.text();
+    default:
+        return true;
     }
 }
 
-[[nodiscard]] bool isContainer(const JV& value) { return value.isArray() || value.isObject(); }
+[[nodiscard]] bool isContainer(const JV& value) {
+    return value.isArray() || value.isObject();
+}
 
 } // namespace
 

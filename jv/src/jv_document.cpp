@@ -14,11 +14,13 @@
 namespace specloom::jv {
 
 namespace {
-constexpr std::size_t firstSlab = 256;   // values
+constexpr std::size_t firstSlab = 256; // values
 constexpr std::size_t largestSlab = 16384;
 } // namespace
 
-JVDocument::JVDocument() { KeyPool::instance().acquire(); }
+JVDocument::JVDocument() {
+    KeyPool::instance().acquire();
+}
 
 JVDocument::~JVDocument() {
     replaceRoot(nullptr);
@@ -42,7 +44,8 @@ JV* JVDocument::newSlabValue() {
     return value;
 }
 
-// ---- root and index -------------------------------------------------------------------------------------------
+// ---- root and index
+// -------------------------------------------------------------------------------------------
 
 void JVDocument::replaceRoot(JV* root) noexcept {
     if (root != root_)
@@ -59,13 +62,25 @@ void JVDocument::setRoot(std::unique_ptr<JV> root, bool reindex) {
 JV* JVDocument::makeRoot(Kind kind) {
     auto root = std::make_unique<JV>();
     switch (kind) {
-    case Kind::Null: break;
-    case Kind::Boolean: root->setBoolean(false); break;
-    case Kind::Number: root->setInteger(0); break;
-    case Kind::String: root->setString(""); break;
-    case Kind::Array: root->makeArray(); break;
-    case Kind::Object: root->makeObject(); break;
-    default: SPECLOOM_UNREACHABLE("kind of value");
+    case Kind::Null:
+        break;
+    case Kind::Boolean:
+        root->setBoolean(false);
+        break;
+    case Kind::Number:
+        root->setInteger(0);
+        break;
+    case Kind::String:
+        root->setString("");
+        break;
+    case Kind::Array:
+        root->makeArray();
+        break;
+    case Kind::Object:
+        root->makeObject();
+        break;
+    default:
+        SPECLOOM_UNREACHABLE("kind of value");
     }
     setRoot(std::move(root));
     return root_;
@@ -127,7 +142,8 @@ JV* JVDocument::lookup(std::string_view pointer) {
     return const_cast<JV*>(std::as_const(*this).lookup(pointer));
 }
 
-/// The slot that a reference token names, taken strictly, so that exactly the texts of JV::pointer() are found.
+/// The slot that a reference token names, taken strictly, so that exactly the texts of JV::pointer() are
+/// found.
 std::uint32_t JVDocument::slotOfToken(const JV& parent, std::string_view token) {
     if (parent.isArray()) {
         std::uint32_t slot = noSlot;
@@ -155,7 +171,8 @@ const JV* JVDocument::childAt(const JV& parent, std::uint32_t slot) {
     return child->is(JV::indexed) && child->parent_ == &parent && child->slot_ == slot ? child : nullptr;
 }
 
-// ---- key order ------------------------------------------------------------------------------------------------
+// ---- key order
+// ------------------------------------------------------------------------------------------------
 
 /// The side table's list for `object`, started from what its entries say.
 JVDocument::KeyOrder& JVDocument::explicitOrderOf(JV* object) {
@@ -253,9 +270,12 @@ std::vector<Member> JVDocument::orderedMembers(const JV* object) const {
     return members;
 }
 
-// ---- copies ---------------------------------------------------------------------------------------------------
+// ---- copies
+// ---------------------------------------------------------------------------------------------------
 
-std::unique_ptr<JV> JVDocument::clone(const JV& source) { return TreeCloner().clone(source); }
+std::unique_ptr<JV> JVDocument::clone(const JV& source) {
+    return TreeCloner().clone(source);
+}
 
 void JVDocument::assign(const JV& source, JV& target) {
     // The copy is made first: the source may be a part of the target.

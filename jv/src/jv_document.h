@@ -12,8 +12,8 @@
 
 namespace specloom::jv {
 
-/// Owns one tree of values, finds them by JSON pointer and remembers in which order the keys of each object stood
-/// in the source.
+/// Owns one tree of values, finds them by JSON pointer and remembers in which order the keys of each object
+/// stood in the source.
 class JVDocument {
   public:
     JVDocument();
@@ -26,12 +26,14 @@ class JVDocument {
     [[nodiscard]] const JV* root() const noexcept { return root_; }
     /// Destroys the former root. Without `reindex` no value is found by its pointer until the next reindex().
     void setRoot(std::unique_ptr<JV> root, bool reindex = true);
-    /// Replaces the root by a fresh empty value of that kind (false, 0 and "" for the scalars) and indexes it.
+    /// Replaces the root by a fresh empty value of that kind (false, 0 and "" for the scalars) and indexes
+    /// it.
     JV* makeRoot(Kind kind);
 
     /// Gives every value of the tree its pointer. Structural changes need it before lookup() sees them.
     void reindex();
-    /// The value that had this JSON pointer (RFC 6901, section 3) when the document was last indexed, or null.
+    /// The value that had this JSON pointer (RFC 6901, section 3) when the document was last indexed, or
+    /// null.
     [[nodiscard]] JV* lookup(std::string_view pointer);
     [[nodiscard]] const JV* lookup(std::string_view pointer) const;
 
@@ -45,12 +47,12 @@ class JVDocument {
     /// The recorded keys; none for an object that was built in code.
     [[nodiscard]] std::vector<std::string_view> keysOf(const JV* object) const;
 
-    /// The members in the order in which they are written by default: as recorded, those that were not recorded
-    /// byte-wise behind them.
+    /// The members in the order in which they are written by default: as recorded, those that were not
+    /// recorded byte-wise behind them.
     [[nodiscard]] std::vector<Member> orderedMembers(const JV* object) const;
 
-    /// Calls `visit(member)` for each of orderedMembers(), without a list of its own where the entries already
-    /// stand in that order.
+    /// Calls `visit(member)` for each of orderedMembers(), without a list of its own where the entries
+    /// already stand in that order.
     template <typename Visit>
     void forEachOrdered(const JV* object, Visit visit) const {
         if (!isAsRead(*object)) {
@@ -65,7 +67,8 @@ class JVDocument {
 
     /// A deep copy on its own, without positions, pointers and recorded key orders.
     [[nodiscard]] static std::unique_ptr<JV> clone(const JV& source);
-    /// The content of `target` becomes a deep copy of that of `source`; `target` keeps its position and pointer.
+    /// The content of `target` becomes a deep copy of that of `source`; `target` keeps its position and
+    /// pointer.
     static void assign(const JV& source, JV& target);
 
     /// Bytes of the text that the document was read from; 0 for one that was built in code.
@@ -97,8 +100,8 @@ class JVDocument {
 
     JV* root_ = nullptr;
     std::vector<Slab> slabs_;
-    std::size_t slabCapacity_ = 0; ///< values in the last slab
-    Arena arena_;                  ///< blocks of containers and texts of values in slabs
+    std::size_t slabCapacity_ = 0;                   ///< values in the last slab
+    Arena arena_;                                    ///< blocks of containers and texts of values in slabs
     std::unordered_map<const JV*, KeyOrder> orders_; ///< where the order of the entries does not say it all
     std::size_t sourceSize_ = 0;
 };

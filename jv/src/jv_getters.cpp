@@ -4,7 +4,7 @@
 
 #include "jv/jv_pointer.h"
 
-#include <charconv>  // std::from_chars
+#include <charconv> // std::from_chars
 #include <fmt/core.h>
 #include <limits>    // std::numeric_limits
 #include <stdexcept> // std::invalid_argument
@@ -79,9 +79,12 @@ const JV* JV::getString(std::string_view name) const {
     return ofKind(*this, get(name), Kind::String, stringExpected, name);
 }
 
-// ---- numbers --------------------------------------------------------------------------------------------------
+// ---- numbers
+// --------------------------------------------------------------------------------------------------
 
-bool JV::isInteger() const { return kind_ == Kind::Number && number().isInteger(); }
+bool JV::isInteger() const {
+    return kind_ == Kind::Number && number().isInteger();
+}
 
 bool JV::fitsFloat() const {
     constexpr double largest = std::numeric_limits<float>::max(); // 3.4028234663852886e38
@@ -105,7 +108,8 @@ bool JV::fitsInt64() const {
            value.compare(std::numeric_limits<std::int64_t>::max()) <= 0;
 }
 
-// ---- pointers -------------------------------------------------------------------------------------------------
+// ---- pointers
+// -------------------------------------------------------------------------------------------------
 
 const JV* JV::resolve(const JVPointer& tokens) const {
     const JV* value = this;
@@ -117,7 +121,8 @@ const JV* JV::resolve(const JVPointer& tokens) const {
             const auto read = std::from_chars(token.data(), token.data() + token.size(), index);
             if (read.ptr == token.data())
                 throw std::invalid_argument("invalid stoul argument");
-            value = read.ec == std::errc() && index < value->size() ? value->payload_.array.items[index] : nullptr;
+            value = read.ec == std::errc() && index < value->size() ? value->payload_.array.items[index]
+                                                                    : nullptr;
         } else {
             return nullptr;
         }

@@ -1,7 +1,7 @@
-// Objects. The entries of an object stand in one block, in source order; behind them lies room for a permutation
-// that puts them into byte-wise order of their keys, filled when it is first needed. Its numbers take one byte
-// each up to 256 entries. A block is either part of a document's arena, exactly as it was read, or the object's
-// own with an EditHeader before it.
+// Objects. The entries of an object stand in one block, in source order; behind them lies room for a
+// permutation that puts them into byte-wise order of their keys, filled when it is first needed. Its numbers
+// take one byte each up to 256 entries. A block is either part of a document's arena, exactly as it was read,
+// or the object's own with an EditHeader before it.
 
 #include "jv/jv_object.h"
 
@@ -11,8 +11,8 @@
 #include <bit>       // std::bit_ceil
 #include <cstdlib>   // std::free, std::malloc
 #include <cstring>   // std::memcpy
-#include <new>       // std::bad_alloc, placement new
 #include <memory>    // std::make_unique
+#include <new>       // std::bad_alloc, placement new
 #include <stdexcept> // std::length_error
 #include <utility>   // std::as_const
 
@@ -63,7 +63,8 @@ std::uint32_t JV::listedCount() const noexcept {
     return is(ownsBlock) ? header().listed : payload_.object.count;
 }
 
-// ---- byte-wise order ------------------------------------------------------------------------------------------
+// ---- byte-wise order
+// ------------------------------------------------------------------------------------------
 
 void JV::sortEntries() const {
     if (static_cast<Order>(detail_) != Order::Unknown)
@@ -97,7 +98,8 @@ Member Members::Iterator::operator*() const noexcept {
     return {entry.key->text(), entry.value};
 }
 
-// ---- finding --------------------------------------------------------------------------------------------------
+// ---- finding
+// --------------------------------------------------------------------------------------------------
 
 /// The slot of `key`, which may be a gap, or noSlot.
 std::uint32_t JV::findSlot(std::string_view key) const {
@@ -165,7 +167,8 @@ JV* JV::indexedChild(std::uint32_t slot) const noexcept {
     if (JV* value = payload_.object.entries[slot].value; wanted(value))
         return value;
     if (is(ownsBlock)) {
-        for (const EditHeader::Displaced* former = header().displaced; former != nullptr; former = former->next) {
+        for (const EditHeader::Displaced* former = header().displaced; former != nullptr;
+             former = former->next) {
             if (wanted(former->value))
                 return former->value;
         }
@@ -173,7 +176,8 @@ JV* JV::indexedChild(std::uint32_t slot) const noexcept {
     return nullptr;
 }
 
-// ---- changing -------------------------------------------------------------------------------------------------
+// ---- changing
+// -------------------------------------------------------------------------------------------------
 
 /// Moves the entries to a block of the object's own with room for `capacity`.
 void JV::growEntries(std::size_t capacity) {
@@ -183,8 +187,7 @@ void JV::growEntries(std::size_t capacity) {
     std::unique_ptr<std::vector<std::uint32_t>> table;
     if (capacity > linearKeys)
         table = std::make_unique<std::vector<std::uint32_t>>(std::bit_ceil(capacity * 2), noSlot);
-    void* memory =
-        std::malloc(sizeof(EditHeader) + capacity * sizeof(Entry) + permutationBytes(capacity));
+    void* memory = std::malloc(sizeof(EditHeader) + capacity * sizeof(Entry) + permutationBytes(capacity));
     if (memory == nullptr)
         throw std::bad_alloc();
 
@@ -274,17 +277,27 @@ void JV::remove(std::string_view key) {
         vacate(slot);
 }
 
-JV* JV::setNull(std::string_view key) { return set(key, std::make_unique<JV>()); }
-JV* JV::setBoolean(std::string_view key, bool value) { return set(key, std::make_unique<JV>(value)); }
-JV* JV::setInteger(std::string_view key, std::int64_t value) { return set(key, std::make_unique<JV>(value)); }
+JV* JV::setNull(std::string_view key) {
+    return set(key, std::make_unique<JV>());
+}
+JV* JV::setBoolean(std::string_view key, bool value) {
+    return set(key, std::make_unique<JV>(value));
+}
+JV* JV::setInteger(std::string_view key, std::int64_t value) {
+    return set(key, std::make_unique<JV>(value));
+}
 JV* JV::setNumber(std::string_view key, const number::Number& value) {
     return set(key, std::make_unique<JV>(value));
 }
 JV* JV::setString(std::string_view key, std::string_view value) {
     return set(key, std::make_unique<JV>(value));
 }
-JV* JV::setArray(std::string_view key) { return set(key, newArray()); }
-JV* JV::setObject(std::string_view key) { return set(key, newObject()); }
+JV* JV::setArray(std::string_view key) {
+    return set(key, newArray());
+}
+JV* JV::setObject(std::string_view key) {
+    return set(key, newObject());
+}
 
 /// Puts the entry of slot `slots[i]` into slot i; there are no gaps and no displaced values.
 void JV::permuteEntries(std::span<const std::uint32_t> slots) {

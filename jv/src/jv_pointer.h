@@ -23,13 +23,14 @@ class JVPointer : public std::vector<std::string> {
   public:
     using std::vector<std::string>::vector;
 
-    /// Replaces the tokens by those of `text`. Throws JVPointerError: `text` and " does not represent a valid JSON
-    /// pointer" when it is neither empty nor starts with "/"; "Invalid JSON pointer" for a "~" that is followed
-    /// by neither "0" nor "1".
+    /// Replaces the tokens by those of `text`. Throws JVPointerError: `text` and " does not represent a valid
+    /// JSON pointer" when it is neither empty nor starts with "/"; "Invalid JSON pointer" for a "~" that is
+    /// followed by neither "0" nor "1".
     void parse(std::string_view text);
     /// RFC 6901, section 3; empty for the whole document.
     [[nodiscard]] std::string toString() const;
-    /// A copy without the last token. Throws JVPointerError "JSON pointer has no parent" for the whole document.
+    /// A copy without the last token. Throws JVPointerError "JSON pointer has no parent" for the whole
+    /// document.
     [[nodiscard]] JVPointer parent() const;
 
     /// Appends `token` with "~" as "~0" and "/" as "~1".
@@ -43,12 +44,13 @@ void childPointer(std::string& out, std::string_view base, std::string_view key)
 /// `out` becomes `base`, "/" and `index` in decimal, counted from 0.
 void childPointer(std::string& out, std::string_view base, std::size_t index);
 
-/// The pieces between the separators; one more than there are separators, so an empty text gives one empty piece.
+/// The pieces between the separators; one more than there are separators, so an empty text gives one empty
+/// piece.
 [[nodiscard]] std::vector<std::string_view> splitString(std::string_view text, char separator);
 
-/// Whether the text of a pointer fits a pattern, segment by segment and without unescaping. A segment "*" fits any
-/// one segment. A segment "{a,b,c}" fits each of its pieces between the commas; the braces belong to the outer
-/// two, so that only the middle pieces serve as plain alternatives. Any other segment fits itself.
+/// Whether the text of a pointer fits a pattern, segment by segment and without unescaping. A segment "*"
+/// fits any one segment. A segment "{a,b,c}" fits each of its pieces between the commas; the braces belong to
+/// the outer two, so that only the middle pieces serve as plain alternatives. Any other segment fits itself.
 [[nodiscard]] bool matchesPattern(std::string_view pointer, std::string_view pattern);
 
 } // namespace specloom::jv

@@ -30,8 +30,8 @@ std::size_t remainingBytes(std::istream& stream) {
 StreamText readStream(std::istream& stream) {
     if (!stream)
         throw std::runtime_error("Failed to read input");
-    // One byte more than is expected: a full buffer then means that there is more, and the end is seen at once.
-    // The memory is left unfilled, which for 10 MB costs as much as reading them.
+    // One byte more than is expected: a full buffer then means that there is more, and the end is seen at
+    // once. The memory is left unfilled, which for 10 MB costs as much as reading them.
     std::size_t capacity = std::max(remainingBytes(stream) + 1, firstGuess);
     StreamText text{std::make_unique_for_overwrite<char[]>(capacity)};
     for (;;) {

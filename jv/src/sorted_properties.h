@@ -10,14 +10,14 @@
 
 namespace specloom::jv {
 
-/// The members of one object in the order in which they are to be written. The object is not owned and must not
-/// change meanwhile.
+/// The members of one object in the order in which they are to be written. The object is not owned and must
+/// not change meanwhile.
 class SortedProperties {
   public:
     /// Byte-wise order of the keys.
     explicit SortedProperties(const JV* object);
-    /// The keys named in `order` first, in that order; all others behind them, byte-wise. Names that the object
-    /// has not are skipped; of a name that stands twice the first place counts.
+    /// The keys named in `order` first, in that order; all others behind them, byte-wise. Names that the
+    /// object has not are skipped; of a name that stands twice the first place counts.
     SortedProperties(const JV* object, std::span<const std::string_view> order);
     /// Exactly these members.
     SortedProperties(const JV* object, std::vector<Member> members);

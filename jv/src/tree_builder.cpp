@@ -11,7 +11,8 @@ namespace specloom::jv {
 
 TreeBuilder::TreeBuilder(std::unique_ptr<JVDocument> document) : document_(std::move(document)) {}
 
-// ---- values ---------------------------------------------------------------------------------------------------
+// ---- values
+// ---------------------------------------------------------------------------------------------------
 
 void TreeBuilder::addBoolean(bool value, Pos pos) {
     JV* added = newValue(pos);
@@ -38,7 +39,8 @@ void TreeBuilder::addString(std::string_view value, Pos pos) {
         throw std::length_error("String is too long");
     } else {
         added->kind_ = Kind::String;
-        added->payload_.text = {document_->arena_.copyText(value), static_cast<std::uint32_t>(value.size()), 0};
+        added->payload_.text = {document_->arena_.copyText(value), static_cast<std::uint32_t>(value.size()),
+                                0};
     }
     add(added);
 }
@@ -70,7 +72,8 @@ void TreeBuilder::addUnderEmptyKey(JV* value) {
     unlisted_.push_back({frame.container, value});
 }
 
-// ---- containers -----------------------------------------------------------------------------------------------
+// ---- containers
+// -----------------------------------------------------------------------------------------------
 
 void TreeBuilder::open(Kind kind, Pos pos) {
     JV* container = newValue(pos);
@@ -111,8 +114,7 @@ void TreeBuilder::closeObject(const Frame& frame) {
     if (count == 0)
         return;
     const std::size_t bytes = count * sizeof(JV::Entry);
-    object.entries =
-        static_cast<JV::Entry*>(document_->arena_.allocate(bytes + JV::permutationBytes(count)));
+    object.entries = static_cast<JV::Entry*>(document_->arena_.allocate(bytes + JV::permutationBytes(count)));
     std::memcpy(object.entries, &items_[frame.base], bytes);
     object.count = object.capacity = static_cast<std::uint32_t>(count);
 }
@@ -132,8 +134,8 @@ bool TreeBuilder::isPlainObject(const Frame& frame) const {
     return true;
 }
 
-/// The slow way, for keys that came twice or without a value: the last value of a key stands at the key's first
-/// place, and the document records the order as it was.
+/// The slow way, for keys that came twice or without a value: the last value of a key stands at the key's
+/// first place, and the document records the order as it was.
 void TreeBuilder::settleMembers(const Frame& frame) {
     JV* object = frame.container;
     JVDocument::KeyOrder order;
@@ -159,8 +161,8 @@ void TreeBuilder::settleMembers(const Frame& frame) {
 
     auto& block = object->payload_.object;
     const std::size_t bytes = members.size() * sizeof(JV::Entry);
-    block.entries = static_cast<JV::Entry*>(
-        document_->arena_.allocate(bytes + JV::permutationBytes(members.size())));
+    block.entries =
+        static_cast<JV::Entry*>(document_->arena_.allocate(bytes + JV::permutationBytes(members.size())));
     block.count = block.capacity = static_cast<std::uint32_t>(members.size());
     for (std::uint32_t slot = 0; slot < members.size(); ++slot) {
         block.entries[slot] = members[slot];

@@ -8,11 +8,11 @@
 
 namespace specloom::jv {
 
-/// Builds the tree of a document from the events of a reader. Values and their blocks go to the document's slabs;
-/// a container is indexed as it grows, so that a finished document needs no pass of its own for that.
+/// Builds the tree of a document from the events of a reader. Values and their blocks go to the document's
+/// slabs; a container is indexed as it grows, so that a finished document needs no pass of its own for that.
 ///
-/// Keys and values come separately, as readers see them. A key that never gets its value is recorded in the key
-/// order all the same; a value that comes while no key is pending goes under the empty key.
+/// Keys and values come separately, as readers see them. A key that never gets its value is recorded in the
+/// key order all the same; a value that comes while no key is pending goes under the empty key.
 class TreeBuilder {
   public:
     explicit TreeBuilder(std::unique_ptr<JVDocument> document);
@@ -47,9 +47,9 @@ class TreeBuilder {
   private:
     struct Frame {
         JV* container;
-        std::size_t base;    ///< of its children in items_
-        bool keyPending;     ///< the last item is a key without a value so far
-        bool orderTold;      ///< the items in their order are the key order
+        std::size_t base; ///< of its children in items_
+        bool keyPending;  ///< the last item is a key without a value so far
+        bool orderTold;   ///< the items in their order are the key order
     };
 
     [[nodiscard]] JV* newValue(Pos pos) {

@@ -16,10 +16,17 @@ std::unique_ptr<JV> TreeCloner::clone(const JV& source) {
 /// Copies a scalar; of a container makes empty children and leaves their content for later.
 void TreeCloner::copyShallow(const JV& source, JV& copy) {
     switch (source.kind()) {
-    case Kind::Null: break;
-    case Kind::Boolean: copy.setBoolean(source.boolean()); break;
-    case Kind::Number: copy.setNumber(source.number()); break;
-    case Kind::String: copy.setString(source.text()); break;
+    case Kind::Null:
+        break;
+    case Kind::Boolean:
+        copy.setBoolean(source.boolean());
+        break;
+    case Kind::Number:
+        copy.setNumber(source.number());
+        break;
+    case Kind::String:
+        copy.setString(source.text());
+        break;
     case Kind::Array:
         copy.makeArray();
         for (const JV* element : source.elements())

@@ -12,8 +12,8 @@ namespace {
     return text.size() != all.size();
 }
 
-/// An optional sign, digits, optionally "." and digits, and nothing else. Written by hand, because the matcher of
-/// the standard library recurses with its input. The exponent form is deliberately not part of it.
+/// An optional sign, digits, optionally "." and digits, and nothing else. Written by hand, because the
+/// matcher of the standard library recurses with its input. The exponent form is deliberately not part of it.
 [[nodiscard]] bool isDecimal(std::string_view text) noexcept {
     if (text.starts_with('+') || text.starts_with('-'))
         text.remove_prefix(1);

@@ -21,7 +21,8 @@ class EventSource {
         yaml_parser_set_input(&parser_, &EventSource::readFrom, &stream);
     }
     explicit EventSource(std::string_view text) : EventSource() {
-        yaml_parser_set_input_string(&parser_, reinterpret_cast<const unsigned char*>(text.data()), text.size());
+        yaml_parser_set_input_string(&parser_, reinterpret_cast<const unsigned char*>(text.data()),
+                                     text.size());
     }
     EventSource(const EventSource&) = delete;
     EventSource& operator=(const EventSource&) = delete;
@@ -73,13 +74,17 @@ class StreamReader {
     /// False at the end of the stream.
     bool accept(const yaml_event_t& event) {
         switch (event.type) {
-        case YAML_DOCUMENT_START_EVENT: builder_.emplace(std::make_unique<JVDocument>()); break;
+        case YAML_DOCUMENT_START_EVENT:
+            builder_.emplace(std::make_unique<JVDocument>());
+            break;
         case YAML_DOCUMENT_END_EVENT:
             result_ = builder_->takeDocument();
             if (result_->root() == nullptr)
                 throw std::runtime_error(parseFailed); // an alias in place of the whole document
             break;
-        case YAML_SCALAR_EVENT: addScalar(event); break;
+        case YAML_SCALAR_EVENT:
+            addScalar(event);
+            break;
         case YAML_SEQUENCE_START_EVENT:
             requireDepth();
             builder_->startArray(startOf(event));
@@ -89,11 +94,15 @@ class StreamReader {
             builder_->startObject(startOf(event));
             break;
         case YAML_SEQUENCE_END_EVENT:
-        case YAML_MAPPING_END_EVENT: builder_->end(); break;
-        case YAML_STREAM_END_EVENT: return false;
+        case YAML_MAPPING_END_EVENT:
+            builder_->end();
+            break;
+        case YAML_STREAM_END_EVENT:
+            return false;
         case YAML_ALIAS_EVENT:
         case YAML_STREAM_START_EVENT:
-        case YAML_NO_EVENT: break;
+        case YAML_NO_EVENT:
+            break;
         }
         return true;
     }
@@ -104,7 +113,8 @@ class StreamReader {
     }
 
     [[nodiscard]] static Pos startOf(const yaml_event_t& event) noexcept {
-        return {static_cast<std::int32_t>(event.start_mark.line), static_cast<std::int32_t>(event.start_mark.column)};
+        return {static_cast<std::int32_t>(event.start_mark.line),
+                static_cast<std::int32_t>(event.start_mark.column)};
     }
 
     void addScalar(const yaml_event_t& event) {

@@ -13,16 +13,17 @@ namespace specloom::jv {
 /// brackets.
 inline constexpr std::size_t deepestYaml = 10000;
 
-/// Reads a YAML stream by way of libyaml (YAML 1.1 syntax) into a document; of several documents the last one.
+/// Reads a YAML stream by way of libyaml (YAML 1.1 syntax) into a document; of several documents the last
+/// one.
 ///
-/// Tags are not read. A plain scalar that is exactly "null", "true" or "false" is that, one that is a number for
-/// number::Number::tryParse() is that number, every other one is a string, the empty one included; quoted and
-/// block scalars are strings. Aliases yield no value: the next scalar takes their place. An empty key counts as
-/// none. Arrays and objects carry libyaml's start mark as position, line and column counted from 0; scalars carry
-/// none.
+/// Tags are not read. A plain scalar that is exactly "null", "true" or "false" is that, one that is a number
+/// for number::Number::tryParse() is that number, every other one is a string, the empty one included; quoted
+/// and block scalars are strings. Aliases yield no value: the next scalar takes their place. An empty key
+/// counts as none. Arrays and objects carry libyaml's start mark as position, line and column counted from 0;
+/// scalars carry none.
 ///
-/// Throws std::runtime_error with "Failed to parse YAML" for any fault of the text, for a document that is no array
-/// and no object, for a stream without a document, and for more than deepestYaml nested containers.
+/// Throws std::runtime_error with "Failed to parse YAML" for any fault of the text, for a document that is no
+/// array and no object, for a stream without a document, and for more than deepestYaml nested containers.
 [[nodiscard]] std::unique_ptr<JVDocument> readYAML(std::istream& stream);
 /// The same for a text.
 [[nodiscard]] std::unique_ptr<JVDocument> parseYAML(std::string_view text);

@@ -49,13 +49,14 @@ class Emitter {
     }
     void endObject() { emit(yaml_mapping_end_event_initialize(&event_), "mapping end"); }
 
-    /// No event carries a tag: with both implicit flags set libyaml writes the same bytes with one, only slower.
+    /// No event carries a tag: with both implicit flags set libyaml writes the same bytes with one, only
+    /// slower.
     void scalar(std::string_view text, yaml_scalar_style_t style, const char* name) {
         if (text.size() > std::numeric_limits<int>::max())
             emit(0, name); // libyaml counts in int
         const auto* bytes = reinterpret_cast<const yaml_char_t*>(text.empty() ? "" : text.data());
-        emit(yaml_scalar_event_initialize(&event_, nullptr, nullptr, bytes, static_cast<int>(text.size()), 1, 1,
-                                          style),
+        emit(yaml_scalar_event_initialize(&event_, nullptr, nullptr, bytes, static_cast<int>(text.size()), 1,
+                                          1, style),
              name);
     }
 
@@ -99,8 +100,8 @@ class TreeEmitter {
     }
 
   private:
-    /// The children of an open container are the last items; those of inner ones stand behind them and are gone
-    /// when the turn of the outer one comes again.
+    /// The children of an open container are the last items; those of inner ones stand behind them and are
+    /// gone when the turn of the outer one comes again.
     struct Frame {
         const JV* container;
         std::size_t base;
@@ -109,7 +110,9 @@ class TreeEmitter {
 
     void begin(const JV& value) {
         switch (value.kind()) {
-        case Kind::Null: emitter_.scalar("null", YAML_PLAIN_SCALAR_STYLE, "null scalar"); break;
+        case Kind::Null:
+            emitter_.scalar("null", YAML_PLAIN_SCALAR_STYLE, "null scalar");
+            break;
         case Kind::Boolean:
             emitter_.scalar(value.boolean() ? "true" : "false", YAML_PLAIN_SCALAR_STYLE, "boolean scalar");
             break;
@@ -120,7 +123,8 @@ class TreeEmitter {
             break;
         case Kind::String: {
             const std::string_view text = value.text();
-            const auto style = needsDoubleQuotes(text) ? YAML_DOUBLE_QUOTED_SCALAR_STYLE : YAML_ANY_SCALAR_STYLE;
+            const auto style =
+                needsDoubleQuotes(text) ? YAML_DOUBLE_QUOTED_SCALAR_STYLE : YAML_ANY_SCALAR_STYLE;
             emitter_.scalar(text, style, "string scalar");
             break;
         }

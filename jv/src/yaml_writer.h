@@ -8,9 +8,9 @@
 
 namespace specloom::jv {
 
-/// Writes one document as YAML by way of libyaml's emitter, in UTF-8, without folding lines, and quotes strings so
-/// that readYAML() gives them back as strings. Two limits of readYAML() remain: a string in the exponent form of a
-/// number ("1e5") is left plain and comes back as a number, and an empty key is no key.
+/// Writes one document as YAML by way of libyaml's emitter, in UTF-8, without folding lines, and quotes
+/// strings so that readYAML() gives them back as strings. Two limits of readYAML() remain: a string in the
+/// exponent form of a number ("1e5") is left plain and comes back as a number, and an empty key is no key.
 class YAMLWriter {
   public:
     /// Without one, the order is JVDocument::orderedMembers().
@@ -18,9 +18,9 @@ class YAMLWriter {
     /// Blanks for each level, 2 at first; libyaml takes 2 to 9 and uses 2 for others. 0 selects flow style.
     void setIndent(std::int64_t blanks) noexcept { indent_ = blanks; }
 
-    /// Writes the whole document. Throws std::runtime_error with "Failed to initialize X event" or "Failed to emit
-    /// X event", where X names the event, for instance "string scalar" when a text is not UTF-8; "Failed to
-    /// initialize emitter"; and "MaxDepthExceeded" for more nested containers than readYAML() takes back.
+    /// Writes the whole document. Throws std::runtime_error with "Failed to initialize X event" or "Failed to
+    /// emit X event", where X names the event, for instance "string scalar" when a text is not UTF-8; "Failed
+    /// to initialize emitter"; and "MaxDepthExceeded" for more nested containers than readYAML() takes back.
     void write(const JVDocument& document);
 
     [[nodiscard]] const std::string& output() const& noexcept { return output_; }

@@ -1,0 +1,142 @@
+#include "jv/deser.h"
+
+#include <algorithm>  // std::ranges::sort
+#include <filesystem> // std::filesystem::...
+#include <fstream>    // std::ofstream
+#include <functional> // std::function
+#include <gtest/gtest.h>
+#include <sstream>   // std::ostringstream
+#include <stdexcept> // std::runtime_error
+#include <string>    // std::string
+#include <vector>    // std::vector
+
+namespace specloom::jv {
+namespace {
+
+std::string messageOf(const std::function<void()>& action) {
+    try {
+        action();
+        return "";
+    } catch (const std::exception& error) {
+        return error.what();
+    }
+}
+
+class Files : public testing::Test {
+  protected:
+    Files() : folder_(testing::TempDir() + "specloom_deser/") {
+        std::filesystem::create_directories(folder_);
+    }
+    ~Files() override { std::filesystem::remove_all(folder_); }
+
+    std::string write(const std::string& name, std::string_view text) const {
+        std::ofstream(folder_ + name) << text;
+        return folder_ + name;
+    }
+    [[nodiscard]] std::string path(const std::string& name) const { return folder_ + name; }
+
+  private:
+    std::string folder_;
+};
+
+TEST(Format, ComesFromTheExtension) {
+    struct Case {
+        const char* path;
+        std::optional<DocumentFormat> format;
+    };
+    const std::vector<Case> cases = {
+        {"a.json", DocumentFormat::Json},
+        {"a.JSON", DocumentFormat::Json},
+        {"x/y.z/a.yaml", DocumentFormat::Yaml},
+        {"a.b.yml", DocumentFormat::Yaml},
+        {"a.txt", std::nullopt},
+        {"a", std::nullopt},
+        {".json", std::nullopt},
+        {"..", std::nullopt},
+        {".", std::nullopt},
+        {"a.json/b", std::nullopt},
+        {"", std::nullopt},
+        {"a.", std::nullopt},
+        {"a.json:stream", DocumentFormat::Json},
+        {"..json", DocumentFormat::Json},
+    };
+    for (const Case& test : cases)
+        EXPECT_EQ(formatFromPath(test.path), test.format) << test.path;
+    EXPECT_EQ(extensionOf(DocumentFormat::Json), ".json");
+    EXPECT_EQ(extensionOf(DocumentFormat::Yaml), ".yaml");
+}
+
+TEST_F(Files, LoadTellsWhatIsWrong) {
+    EXPECT_EQ(messageOf([&] { static_cast<void>(loadDocument(path("none.txt"))); }),
+              "Cannot open file: " + path("none.txt"))
+        << "the open comes first";
+    const std::string text = write("doc.txt", "{}");
+    EXPECT_EQ(messageOf([&] { static_cast<void>(loadDocument(text)); }), "Unsupported file format: " + text);
+    std::filesystem::create_directories(path("folder.json"));
+    EXPECT_EQ(messageOf([&] { static_cast<void>(loadDocument(path("folder.json"))); }),
+              "Cannot open file: " + path("folder.json"));
+    EXPECT_EQ(messageOf([&] { static_cast<void>(loadDocument(write("bad.json", "{"))); }),
+              "JSON parse error");
+    EXPECT_EQ(messageOf([&] { static_cast<void>(loadDocument(write("bad.yaml", "["))); }),
+              "Failed to parse YAML");
+
+    const LoadedDocument forced = loadDocument(text, LoadOptions{DocumentFormat::Yaml, {}});
+    EXPECT_EQ(forced.format, DocumentFormat::Yaml);
+    EXPECT_TRUE(forced.document->root()->isObject());
+}
+
+TEST_F(Files, SaveWritesWholeOrNothing) {
+    const auto document = parseDocument(R"({"b":[1],"a":"x"})", {DocumentFormat::Json, {}});
+    saveDocument(*document, path("a.yaml"), SaveOptions{std::nullopt, 4, {}});
+    EXPECT_TRUE(loadDocument(path("a.yaml")).document->root()->equals(*document->root()));
+    EXPECT_EQ(messageOf([&] { saveDocument(*document, path("a.txt")); }),
+              "Unsupported file format: " + path("a.txt"));
+    EXPECT_EQ(messageOf([&] { saveDocument(*document, path("no/a.json")); }),
+              "Failed to open file: " + path("no/a.json"));
+
+    const std::string kept = write("kept.json", "kept");
+    const auto deep =
+        parseDocument(std::string(200, '[') + std::string(200, ']'), {DocumentFormat::Json, {}});
+    EXPECT_EQ(messageOf([&] { saveDocument(*deep, kept); }), "MaxDepthExceeded");
+    EXPECT_EQ(std::filesystem::file_size(kept), 4u);
+
+    if (std::filesystem::exists("/dev/full")) {
+        std::filesystem::create_symlink("/dev/full", path("full.json"));
+        EXPECT_EQ(messageOf([&] { saveDocument(*document, path("full.json")); }),
+                  "Failed to write file: " + path("full.json"));
+    }
+    std::ostringstream stream;
+    writeDocument(*document, stream, SaveOptions{DocumentFormat::Json, 0, {}});
+    EXPECT_EQ(stream.str(), R"({"b":[1],"a":"x"})");
+    EXPECT_EQ(documentToText(*document, DocumentFormat::Yaml), "b:\n- 1\na: x\n");
+}
+
+TEST(References, AreInlinedByTheLoader) {
+    std::vector<std::string> asked;
+    const LoadOptions options{
+        DocumentFormat::Json, [&](std::string_view reference) -> std::unique_ptr<JVDocument> {
+            asked.emplace_back(reference);
+            if (reference == "none")
+                return nullptr;
+            return parseDocument(R"({"from":["$ref",{"$ref":"deeper"}]})", {DocumentFormat::Json, {}});
+        }};
+    const auto document = parseDocument(
+        R"({"a":{"$ref":"one"},"b":[{"$ref":"none"}],"c":{"$ref":"kept","x":1},"d":{"$ref":"two"}})",
+        options);
+    std::ranges::sort(asked);
+    EXPECT_EQ(asked, (std::vector<std::string>{"none", "one", "two"}));
+    EXPECT_EQ(documentToText(*document, SaveOptions{DocumentFormat::Json, 0, {}}),
+              R"({"a":{"from":["$ref",{"$ref":"deeper"}]},"b":[{"$ref":"none"}],"c":{"$ref":"kept","x":1},)"
+              R"("d":{"from":["$ref",{"$ref":"deeper"}]}})");
+    EXPECT_EQ(document->lookup("/a")->pos(), (Pos{1, 6}));
+    EXPECT_EQ(document->lookup("/a")->get("from")->pointer(), "");
+    EXPECT_EQ(messageOf([&] { static_cast<void>(parseDocument(R"([{"$ref":1}])", options)); }),
+              "A string value is expected for '$ref'.");
+    EXPECT_EQ(messageOf([] {
+                  static_cast<void>(parseDocument(R"([{"$ref":1}])", {DocumentFormat::Json, {}}));
+              }),
+              "");
+}
+
+} // namespace
+} // namespace specloom::jv

@@ -1,0 +1,99 @@
+#include "jv/jv_pointer.h"
+
+#include <gtest/gtest.h>
+#include <string> // std::string
+#include <vector> // std::vector
+
+namespace specloom::jv {
+namespace {
+
+TEST(Pointer, ParsesAndWritesTokens) {
+    struct Case {
+        const char* text;
+        std::vector<std::string> tokens;
+    };
+    const std::vector<Case> cases = {
+        {"", {}},           {"/", {""}},
+        {"/a/", {"a", ""}}, {"/a~1b/c~0d", {"a/b", "c~d"}},
+        {"/~01", {"~1"}},   {"/paths/~1pets~1{id}", {"paths", "/pets/{id}"}},
+    };
+    for (const Case& test : cases) {
+        SCOPED_TRACE(test.text);
+        JVPointer pointer = {"old"};
+        pointer.parse(test.text);
+        EXPECT_EQ(static_cast<const std::vector<std::string>&>(pointer), test.tokens);
+        EXPECT_EQ(pointer.toString(), test.text);
+    }
+}
+
+TEST(Pointer, RefusesWhatIsNone) {
+    struct Case {
+        const char* text;
+        const char* message;
+    };
+    const std::vector<Case> cases = {
+        {"a/b", "a/b does not represent a valid JSON pointer"},
+        {"/a~", "Invalid JSON pointer"},
+        {"/a~2", "Invalid JSON pointer"},
+        {"/~/0", "Invalid JSON pointer"},
+    };
+    for (const Case& test : cases) {
+        SCOPED_TRACE(test.text);
+        try {
+            JVPointer().parse(test.text);
+            FAIL();
+        } catch (const JVPointerError& error) {
+            EXPECT_STREQ(error.what(), test.message);
+        }
+    }
+}
+
+TEST(Pointer, ParentAndChild) {
+    EXPECT_EQ((JVPointer{"a", "b"}.parent()), JVPointer{"a"});
+    EXPECT_EQ(JVPointer{"a"}.parent(), JVPointer{});
+    EXPECT_THROW(static_cast<void>(JVPointer{}.parent()), JVPointerError);
+
+    std::string out;
+    childPointer(out, "/a", "b/c~d");
+    EXPECT_EQ(out, "/a/b~1c~0d");
+    childPointer(out, out, 12);
+    EXPECT_EQ(out, "/a/b~1c~0d/12");
+}
+
+TEST(Pointer, SplitGivesOnePieceMoreThanSeparators) {
+    using Pieces = std::vector<std::string_view>;
+    EXPECT_EQ(splitString("", '/'), Pieces{""});
+    EXPECT_EQ(splitString("a", '/'), Pieces{"a"});
+    EXPECT_EQ(splitString("/a//b/", '/'), (Pieces{"", "a", "", "b", ""}));
+}
+
+TEST(Pointer, PatternFitsSegments) {
+    struct Case {
+        const char* pointer;
+        const char* pattern;
+        bool fits;
+    };
+    const std::vector<Case> cases = {
+        {"/paths/x", "/paths/*", true},
+        {"/paths/x/y", "/paths/*", false},
+        {"/paths", "/paths/*", false},
+        {"/a/b", "/a/{x,b,y}", true},
+        {"/a/x", "/a/{x,b,y}", false},
+        {"/a/{x", "/a/{x,b,y}", true},
+        {"/a/y}", "/a/{x,b,y}", true},
+        {"/a/{b}", "/a/{b}", true},
+        {"/a/b", "/a/{b}", false},
+        {"", "", true},
+        {"/", "/*", true},
+        {"/a~1b", "/a~1b", true},
+        {"/a/b", "/a//b", false},
+        {"/a//b", "/a//b", true},
+    };
+    for (const Case& test : cases) {
+        SCOPED_TRACE(std::string(test.pointer) + " " + test.pattern);
+        EXPECT_EQ(matchesPattern(test.pointer, test.pattern), test.fits);
+    }
+}
+
+} // namespace
+} // namespace specloom::jv

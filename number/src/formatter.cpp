@@ -1,0 +1,71 @@
+#include "number/formatter.h"
+
+#include "foundation/unreachable.h"
+#include "number/number_literal.h"
+
+#include <fmt/format.h> // fmt::format_int, fmt::format_to
+
+#include <iterator>    // std::back_inserter
+#include <string_view> // std::string_view
+
+namespace specloom::number {
+namespace {
+
+void formatFloat(std::string& out, double value) {
+    const std::size_t start = out.size();
+    fmt::format_to(std::back_inserter(out), "{}", value);
+    // A float keeps its point, so that it reads back as a float; "n" and "i" stand for "nan" and "inf".
+    if (std::string_view(out).substr(start).find_first_of(".eEni") == std::string_view::npos)
+        out += ".0";
+}
+
+/// Takes the zeros off the end of the fraction that starts somewhere behind `start`, and a point left bare.
+void removeTrailingZeros(std::string& out, std::size_t start) {
+    const std::size_t point = out.find('.', start);
+    if (point == std::string::npos)
+        return;
+    const std::size_t fractionEnd = std::min(out.find('e', point), out.size());
+    std::size_t kept = fractionEnd;
+    while (out[kept - 1] == '0')
+        --kept;
+    if (kept - 1 == point)
+        --kept;
+    out.erase(kept, fractionEnd - kept);
+}
+
+void formatBig(std::string& out, const BigFloat& value, unsigned precision) {
+    const std::size_t start = out.size();
+    if (precision == 0) {
+        // 1000 bits hold 301 decimal digits. Writing as many as were asked of the engine would print noise
+        // behind them, and writing fewer would lose some: the shortest text that reads back has neither
+        // fault.
+        BigFloat::toText(out, value, 10, bigPrecision, minimalDigits | scriptStyle);
+    } else {
+        BigFloat::toText(out, value, 10, precision + 1, fixedDigits | scriptStyle);
+        removeTrailingZeros(out, start);
+    }
+}
+
+} // namespace
+
+void NumberFormatter::format(std::string& out) const {
+    switch (number->kind()) {
+    case NumberKind::Signed: {
+        const fmt::format_int text(number->signedValue());
+        out.append(text.data(), text.size());
+        return;
+    }
+    case NumberKind::Unsigned: {
+        const fmt::format_int text(number->unsignedValue());
+        out.append(text.data(), text.size());
+        return;
+    }
+    case NumberKind::Float:
+        return formatFloat(out, number->floatValue());
+    case NumberKind::Big:
+        return formatBig(out, number->bigValue(), precision);
+    }
+    SPECLOOM_UNREACHABLE("unknown kind of number");
+}
+
+} // namespace specloom::number
