@@ -1,0 +1,56 @@
+#include "cli/app.h"
+
+#include <iostream> // std::ios
+#include <string>   // std::string
+
+#include "cli/commands/credits_command.h"
+// TMP #include "cli/commands/format_command.h"
+#include "cli/commands/license_command.h"
+#include "cli/commands/server_command.h"
+#include "cli/exit_status.h"
+#include "telemetry/telemetry.h"
+
+namespace specloom::cli {
+namespace {
+
+template <typename T>
+std::unique_ptr<Command> make() {
+    return std::make_unique<T>();
+}
+
+/// Every command, in the order in which the command line is asked for them.
+constexpr std::unique_ptr<Command> (*commandTable[])() = {
+    make<CreditsCommand>,
+    // TMP     make<FormatCommand>,
+    make<LicenseCommand>,
+    make<ServerCommand>,
+};
+
+} // namespace
+
+App::App() : parser("specloom", SPECLOOM_VERSION) {
+    telemetry::initTelemetry(".specloom.telemetry");
+}
+
+App::~App() {
+    telemetry::shutdownTelemetry();
+}
+
+void App::registerCommands() {
+    std::ios::sync_with_stdio(false);
+    for (const auto makeCommand : commandTable)
+        commands.push_back(makeCommand());
+    for (const auto& command : commands)
+        command->configure(*this);
+}
+
+std::int32_t App::run(int argc, char** argv) {
+    parser.parse(std::vector<std::string>(argv, argv + argc));
+    for (const auto& command : commands) {
+        if (parser.isSubcommandUsed(command->name()))
+            return command->run();
+    }
+    return exit_status::noCommand;
+}
+
+} // namespace specloom::cli

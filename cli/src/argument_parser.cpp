@@ -1,0 +1,63 @@
+#include "cli/argument_parser.h"
+
+#include <argparse/argparse.hpp>
+
+namespace specloom::cli {
+
+struct ArgumentParser::Parser : argparse::ArgumentParser {
+    using argparse::ArgumentParser::ArgumentParser;
+
+    argparse::Argument& add(std::string_view name, const ArgumentHelp& help) {
+        argparse::Argument& argument = add_argument(name).help(std::string(help.help));
+        if (!help.metavar.empty())
+            argument.metavar(std::string(help.metavar));
+        return argument;
+    }
+};
+
+ArgumentParser::ArgumentParser(std::string_view programName, std::string_view version)
+    : parser_(std::make_unique<Parser>(std::string(programName), std::string(version))) {}
+
+ArgumentParser::~ArgumentParser() = default;
+
+void ArgumentParser::addDescription(std::string_view description) {
+    parser_->add_description(std::string(description));
+}
+
+void ArgumentParser::addFlag(std::string_view name, const ArgumentHelp& help) {
+    parser_->add(name, help).default_value(false).implicit_value(true).nargs(0);
+}
+
+void ArgumentParser::addOption(std::string_view name, const ArgumentHelp& help) {
+    parser_->add(name, help).nargs(1);
+}
+
+void ArgumentParser::addPositionals(std::string_view name, const ArgumentHelp& help) {
+    parser_->add(name, help).nargs(argparse::nargs_pattern::at_least_one);
+}
+
+void ArgumentParser::addSubparser(ArgumentParser& parser) {
+    parser_->add_subparser(*parser.parser_);
+}
+
+void ArgumentParser::parse(const std::vector<std::string>& arguments) {
+    parser_->parse_args(arguments);
+}
+
+bool ArgumentParser::isSubcommandUsed(std::string_view name) const {
+    return parser_->is_subcommand_used(name);
+}
+
+bool ArgumentParser::flag(std::string_view name) const {
+    return parser_->get<bool>(name);
+}
+
+std::optional<std::string> ArgumentParser::option(std::string_view name) const {
+    return parser_->present<std::string>(name);
+}
+
+std::vector<std::string> ArgumentParser::positionals(std::string_view name) const {
+    return parser_->get<std::vector<std::string>>(name);
+}
+
+} // namespace specloom::cli

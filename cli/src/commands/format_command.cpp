@@ -1,0 +1,91 @@
+#include "cli/commands/format_command.h"
+
+#include <fstream>   // std::ofstream
+#include <optional>  // std::optional
+#include <stdexcept> // std::runtime_error
+#include <string>    // std::string
+#include <vector>    // std::vector
+
+#include <fmt/format.h>
+
+#include "cli/app.h"
+#include "cli/config_file.h"
+#include "cli/exit_status.h"
+#include "foundation/file_system.h"
+#include "jv/deser.h"
+#include "openapi_format/formatter.h"
+#include "telemetry/telemetry.h"
+
+namespace specloom::cli {
+namespace {
+
+openapi_format::Configuration readConfiguration(const std::optional<std::string>& path) {
+    if (!path)
+        return openapi_format::Configuration::recommended();
+    openapi_format::Configuration configuration;
+    ConfigFile file;
+    readConfigFile(file, *path, [&] {
+        configuration = openapi_format::Configuration::load(file.commandSection("format"));
+    });
+    return configuration;
+}
+
+/// The file itself, or its neighbour with the extension of `target` when it was read in the other format.
+std::string targetPath(const std::string& file, jv::DocumentFormat read, jv::DocumentFormat target) {
+    if (target == read)
+        return file;
+    return pathToUtf8(pathFromUtf8(file).replace_extension(jv::extensionOf(target)));
+}
+
+void formatInPlace(const openapi_format::Formatter& formatter, const std::string& file) {
+    const jv::LoadedDocument loaded = jv::loadDocument(file);
+    const jv::DocumentFormat target = formatter.configuration().format.value_or(loaded.format);
+    const std::string text = formatter.run(*loaded.document, target);
+    LocalFileSystem().writeFile(targetPath(file, loaded.format, target), text);
+}
+
+/// Creates the file if it is missing; the content of one that exists stays.
+void requireWritable(const std::string& path) {
+    const std::ofstream stream(pathFromUtf8(path), std::ios::app);
+    if (!stream)
+        throw std::runtime_error(fmt::format("Failed to open file for writing: {}", path));
+}
+
+void formatTo(const openapi_format::Formatter& formatter, const std::string& file,
+              const std::string& output) {
+    const jv::LoadedDocument loaded = jv::loadDocument(file);
+    requireWritable(output); // before its name is judged: a bad extension is told after the file was created
+    const std::optional<jv::DocumentFormat> target = jv::formatFromPath(output);
+    if (!target)
+        throw std::runtime_error(fmt::format("Unknown file format: {}", output));
+    const std::string text = formatter.run(*loaded.document, *target);
+    LocalFileSystem().writeFile(output, text);
+}
+
+} // namespace
+
+void FormatCommand::configure(App& app) {
+    parser.addDescription("Format one or more OpenAPI files.");
+    parser.addOption("--config", {.help = "Path to the configuration file.", .metavar = "CONFIG"});
+    parser.addOption("--output", {.help = "Path to the output file or directory.", .metavar = "OUTPUT"});
+    parser.addPositionals("files", {.help = "Path to OpenAPI files to format.", .metavar = "FILES"});
+    app.addCommandLine(parser);
+}
+
+std::int32_t FormatCommand::run() {
+    const telemetry::Span span("cli_command_format");
+    const openapi_format::Formatter formatter(readConfiguration(parser.option("--config")));
+    const std::vector<std::string> files = parser.positionals("files");
+    const std::optional<std::string> output = parser.option("--output");
+    if (!output) {
+        for (const std::string& file : files)
+            formatInPlace(formatter, file);
+    } else {
+        if (files.size() > 1)
+            throw std::runtime_error("Only one input file is allowed when using --output.");
+        formatTo(formatter, files.front(), *output);
+    }
+    return exit_status::success;
+}
+
+} // namespace specloom::cli

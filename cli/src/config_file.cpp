@@ -1,0 +1,44 @@
+#include "cli/config_file.h"
+
+#include <utility> // std::move
+
+#include <fmt/format.h>
+
+#include "jv/deser.h"
+
+namespace specloom::cli {
+
+void ConfigFile::load(std::string_view path) {
+    document_ = std::move(jv::loadDocument(path).document);
+    const jv::JV* version = document_->lookup("/version");
+    if (version == nullptr || !version->isString())
+        throw ConfigFileError("Missing configuration version.", document_->root()->pos());
+    if (version->text() != "1.0")
+        throw ConfigFileError(fmt::format("Unsupported configuration version: '{}'.", version->text()),
+                              version->pos());
+}
+
+const jv::JV* ConfigFile::commandSection(std::string_view name) const {
+    const jv::JV* section = document_ ? document_->lookup(fmt::format("/commands/{}", name)) : nullptr;
+    if (section != nullptr && !section->isObject())
+        throw ConfigFileError(fmt::format("An object is expected for '{}'", name), jv::Pos{});
+    return section;
+}
+
+const jv::JV* ConfigFile::customFormats() const {
+    const jv::JV* formats = document_ ? document_->lookup("/openapi/custom_formats") : nullptr;
+    if (formats != nullptr && !formats->isArray())
+        throw ConfigFileError("An object is expected for '/openapi/custom_formats'", formats->pos());
+    return formats;
+}
+
+void readConfigFile(ConfigFile& file, std::string_view path, const std::function<void()>& apply) {
+    try {
+        file.load(path);
+        apply();
+    } catch (const jv::JVError& error) {
+        throw ConfigFileError(error.what(), error.value() == nullptr ? jv::Pos{} : error.value()->pos());
+    }
+}
+
+} // namespace specloom::cli

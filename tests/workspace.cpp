@@ -1,0 +1,89 @@
+#include "workspace.h"
+
+#include <cstdlib>      // mkdtemp
+#include <fstream>      // std::ifstream, std::ofstream
+#include <iterator>     // std::istreambuf_iterator
+#include <system_error> // std::system_error
+
+#include <fcntl.h> // O_WRONLY
+#include <gtest/gtest.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace fs = std::filesystem;
+
+namespace specloom::tests {
+namespace {
+
+std::string content(const fs::path& path) {
+    std::ifstream stream(path, std::ios::binary);
+    EXPECT_TRUE(stream.is_open()) << path;
+    return std::string(std::istreambuf_iterator<char>(stream), {});
+}
+
+void require(int error, const char* what) {
+    if (error != 0)
+        throw std::system_error(error, std::generic_category(), what);
+}
+
+} // namespace
+
+Workspace::Workspace() {
+    std::string pattern = (fs::temp_directory_path() / "specloom-XXXXXX").string();
+    require(mkdtemp(pattern.data()) == nullptr ? errno : 0, "mkdtemp");
+    folder_ = fs::path(pattern) / "work";
+    outputs_ = fs::path(pattern) / "outputs";
+    fs::create_directory(folder_);
+    fs::create_directory(outputs_);
+}
+
+Workspace::~Workspace() {
+    fs::remove_all(folder_.parent_path());
+}
+
+Outcome Workspace::run(const std::vector<std::string>& arguments, const fs::path& standardOutput) const {
+    const fs::path out = standardOutput.empty() ? outputs_ / "out" : standardOutput;
+    const fs::path err = outputs_ / "err";
+    std::vector<std::string> words = {"specloom"};
+    words.insert(words.end(), arguments.begin(), arguments.end());
+    std::vector<char*> argv;
+    for (std::string& word : words)
+        argv.push_back(word.data());
+    argv.push_back(nullptr);
+
+    posix_spawn_file_actions_t actions;
+    require(posix_spawn_file_actions_init(&actions), "actions");
+    posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
+    posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, out.c_str(), O_WRONLY | O_CREAT | O_TRUNC,
+                                     0600);
+    posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, err.c_str(), O_WRONLY | O_CREAT | O_TRUNC,
+                                     0600);
+    posix_spawn_file_actions_addchdir_np(&actions, folder_.c_str());
+    pid_t child = 0;
+    const int error = posix_spawn(&child, SPECLOOM_PROGRAM, &actions, nullptr, argv.data(), environ);
+    posix_spawn_file_actions_destroy(&actions);
+    require(error, "posix_spawn " SPECLOOM_PROGRAM);
+
+    int status = 0;
+    require(waitpid(child, &status, 0) == child ? 0 : errno, "waitpid");
+    Outcome outcome;
+    outcome.status = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+    if (standardOutput.empty())
+        outcome.out = content(out);
+    outcome.err = content(err);
+    return outcome;
+}
+
+void Workspace::write(const std::string& name, const std::string& text) const {
+    fs::create_directories(path(name).parent_path());
+    std::ofstream stream(path(name), std::ios::binary);
+    stream << text;
+    ASSERT_TRUE(stream.flush()) << name;
+}
+
+std::string Workspace::read(const std::string& name) const {
+    return content(path(name));
+}
+
+} // namespace specloom::tests

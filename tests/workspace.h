@@ -1,0 +1,43 @@
+#pragma once
+
+#include <filesystem> // std::filesystem::path
+#include <string>     // std::string
+#include <vector>     // std::vector
+
+namespace specloom::tests {
+
+/// How a run of the program ended.
+struct Outcome {
+    int status = 0; // as a shell sees it: 0 to 255, and 128 plus the signal's number when a signal ended it
+    std::string out;
+    std::string err;
+};
+
+/// A temporary folder in which the built program runs as a user runs it. Removed at the end with all that is
+/// in it.
+class Workspace {
+  public:
+    Workspace();
+    ~Workspace();
+    Workspace(const Workspace&) = delete;
+    Workspace& operator=(const Workspace&) = delete;
+
+    /// Runs the program with this folder as its working directory. `standardOutput` is captured unless it
+    /// names a file that takes its place.
+    [[nodiscard]] Outcome run(const std::vector<std::string>& arguments,
+                              const std::filesystem::path& standardOutput = {}) const;
+
+    /// Writes a file, given by its path in this folder; missing folders are made.
+    void write(const std::string& name, const std::string& content) const;
+
+    /// The content of a file, given by its path in this folder. Fails the test when it cannot be read.
+    [[nodiscard]] std::string read(const std::string& name) const;
+
+    [[nodiscard]] std::filesystem::path path(const std::string& name) const { return folder_ / name; }
+
+  private:
+    std::filesystem::path folder_;  // the program's working directory
+    std::filesystem::path outputs_; // beside it, so that tests find nothing there but what the program wrote
+};
+
+} // namespace specloom::tests
