@@ -45,31 +45,30 @@ TEST(CommandLine, EndsInAStatusAndALine) {
 TEST(CommandLine, HelpShowsWhatThereIs) {
     struct Row {
         std::vector<std::string> arguments;
-        std::vector<std::string> lines;
+        std::vector<std::string> parts; // layout is the argument parser's own
     };
     const std::vector<Row> rows = {
         {{"--help"},
-         {"credits       Show credits to 3rd party libraries used in this project.",
-          "format        Format one or more OpenAPI files.",
-          "license       Show licenses of 3rd party libraries used in this project.",
-          "server        Starts mock server."}},
-        {{"-h"}, {"-v, --version  prints version information and exits"}},
+         {"{credits,format,license,server}", "Show credits to 3rd party libraries used in this project.",
+          "Format one or more OpenAPI files.", "Show licenses of 3rd party libraries used in this project.",
+          "Starts mock server."}},
+        {{"-h"}, {"-v, --version", "prints version information and exits"}},
         // Also where required arguments are missing.
         {{"format", "--help"},
-         {"Usage: specloom format [--help] [--version] [--config CONFIG] [--output OUTPUT] FILES",
-          "files          Path to OpenAPI files to format.", "--config       Path to the configuration file.",
-          "--output       Path to the output file or directory."}},
+         {"Usage: specloom format", "Format one or more OpenAPI files.", "FILES",
+          "Path to OpenAPI files to format.", "--config CONFIG", "Path to the configuration file.",
+          "--output OUTPUT", "Path to the output file or directory."}},
         {{"license", "--help"},
-         {"--list         List all 3rd party libraries used in this project.",
-          "--library      Name of the library to show license for."}},
+         {"--list", "List all 3rd party libraries used in this project.", "--library",
+          "Name of the library to show license for."}},
     };
     const Workspace workspace;
     for (const Row& row : rows) {
         SCOPED_TRACE(testing::PrintToString(row.arguments));
         const Outcome outcome = workspace.run(row.arguments);
         EXPECT_EQ(outcome.status, 0);
-        for (const std::string& line : row.lines)
-            EXPECT_THAT(outcome.out, testing::HasSubstr(line));
+        for (const std::string& part : row.parts)
+            EXPECT_THAT(outcome.out, testing::HasSubstr(part));
         EXPECT_EQ(outcome.err, "");
     }
 }

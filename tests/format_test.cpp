@@ -1,4 +1,6 @@
 #include <filesystem> // std::filesystem
+#include <fstream>    // std::ifstream
+#include <iterator>   // std::istreambuf_iterator
 #include <map>        // std::map
 #include <string>     // std::string
 #include <vector>     // std::vector
@@ -123,6 +125,24 @@ TEST(Format, WritesWhereItIsTold) {
     };
     for (const Case& row : cases)
         check(row);
+}
+
+/// The first ```yaml block of `text` at or behind `from`, which moves behind it.
+std::string yamlBlock(const std::string& text, std::size_t& from) {
+    const std::string opening = "```yaml\n";
+    const std::size_t begin = text.find(opening, from) + opening.size();
+    from = text.find("```", begin);
+    return text.substr(begin, from - begin);
+}
+
+TEST(Format, DoesWhatItsDocumentationShows) {
+    std::ifstream stream(fs::path(SPECLOOM_SOURCE_DIR) / "docs" / "commands.md");
+    const std::string page(std::istreambuf_iterator<char>(stream), {});
+    std::size_t place = page.find("For instance, this document");
+    ASSERT_NE(place, std::string::npos);
+    const std::string before = yamlBlock(page, place);
+    const std::string after = yamlBlock(page, place);
+    check({"the example", {{"api.yaml", before}}, {"api.yaml"}, 0, "", {{"api.yaml", after}}});
 }
 
 TEST(Format, ObeysItsConfiguration) {

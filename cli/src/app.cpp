@@ -4,7 +4,7 @@
 #include <string>   // std::string
 
 #include "cli/commands/credits_command.h"
-// TMP #include "cli/commands/format_command.h"
+#include "cli/commands/format_command.h"
 #include "cli/commands/license_command.h"
 #include "cli/commands/server_command.h"
 #include "cli/exit_status.h"
@@ -21,7 +21,7 @@ std::unique_ptr<Command> make() {
 /// Every command, in the order in which the command line is asked for them.
 constexpr std::unique_ptr<Command> (*commandTable[])() = {
     make<CreditsCommand>,
-    // TMP     make<FormatCommand>,
+    make<FormatCommand>,
     make<LicenseCommand>,
     make<ServerCommand>,
 };

@@ -55,7 +55,8 @@ class JSONLexer {
     [[nodiscard]] Token next();
     /// Makes next() return the last token again.
     void unread() noexcept { cursor_ = tokenStart_; }
-    [[nodiscard]] bool atEnd() const noexcept { return cursor_ == end_; }
+    /// Skips what is left of the chunk.
+    void discard() noexcept { cursor_ = tokenStart_ = end_; }
 
     /// The bytes of the last token, without quotes for a string; good until the next call.
     [[nodiscard]] std::string_view text() const noexcept {

@@ -106,8 +106,10 @@ JSONReader::Outcome JSONReader::stepComplete() {
         top() = State::GotValue;
         return Outcome::GoOn;
     }
-    if ((flags_ & AllowTrailingGarbage) != 0)
+    if ((flags_ & AllowTrailingGarbage) != 0) {
+        lexer_.discard();
         return Outcome::EndOfChunk;
+    }
     return unexpected(lexer_.next(), ParseError::TrailingGarbage);
 }
 

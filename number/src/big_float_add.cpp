@@ -9,8 +9,7 @@ namespace {
 class Shifted {
   public:
     Shifted(std::span<const Limb> limbs, std::uint64_t shift)
-        : limbs_(limbs), shift_(shift), wholeLimbs_(shift / limbBits),
-          bits_(static_cast<unsigned>(shift % limbBits)) {}
+        : limbs_(limbs), wholeLimbs_(shift / limbBits), bits_(static_cast<unsigned>(shift % limbBits)) {}
 
     /// How many limbs from the top until nothing is left.
     [[nodiscard]] std::uint64_t length() const { return wholeLimbs_ + limbs_.size() + (bits_ != 0 ? 1 : 0); }
@@ -36,7 +35,6 @@ class Shifted {
     }
 
     std::span<const Limb> limbs_;
-    std::uint64_t shift_;
     std::uint64_t wholeLimbs_;
     unsigned bits_;
 };

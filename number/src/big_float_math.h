@@ -5,7 +5,7 @@
 #include <cstddef> // std::size_t
 #include <cstdint> // std::int64_t, std::uint32_t
 #include <new>     // std::bad_alloc
-#include <utility> // std::move
+#include <utility> // std::exchange
 
 namespace specloom::number {
 
@@ -46,6 +46,9 @@ class BigFloatMath {
     /// a / b * 2^shift.
     static Status div(BigFloat& r, const BigFloat& a, const BigFloat& b, std::int64_t shift, Precision prec,
                       Flags flags);
+
+    /// Moves the exponent of a regular `r` out of it, which leaves a value from 1/2 up to 1.
+    static std::int64_t takeExponent(BigFloat& r) noexcept { return std::exchange(r.expn_, 0); }
 
     /// base^exponent as r * 2^(returned shift), so that no exponent can leave its range; base >= 1.
     static std::int64_t pow(BigFloat& r, Status& status, std::uint32_t base, std::uint64_t exponent,

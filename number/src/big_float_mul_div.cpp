@@ -33,8 +33,10 @@ Status divSpecial(BigFloat& r, const BigFloat& a, const BigFloat& b) {
         return statusInvalid;
     }
     if (a.isInfinite() || b.isZero()) {
+        // Before r is set, since it may be a.
+        const Status status = a.isInfinite() ? 0 : statusDivideByZero;
         r.setInf(sign);
-        return a.isInfinite() ? 0 : statusDivideByZero;
+        return status;
     }
     r.setZero(sign);
     return 0;

@@ -1,4 +1,5 @@
 #include "number/big_float_math.h"
+#include "number/radix.h"
 
 #include <algorithm> // std::clamp
 #include <bit>       // std::bit_width, std::countr_zero
@@ -9,13 +10,10 @@ namespace {
 constexpr std::uint32_t powersOfTen[] = {1,      10,      100,      1000,      10000,
                                          100000, 1000000, 10000000, 100000000, 1000000000};
 
-/// Moves the exponent of a regular `r` out of it.
-std::int64_t takeExponent(BigFloat& r) {
-    const std::int64_t exponent = r.exponent();
-    // To zero, which no precision and no mode can change anything about.
-    BigFloatMath::scale(r, r, -exponent, exactPrecision, 0);
-    return exponent;
-}
+/// A power of so many bits is computed exactly whatever the precision. Decimal literals need it more often
+/// than not: products that are integers, or nearly so, would have to be computed with more and more bits to
+/// be told apart.
+constexpr std::uint64_t cheapPowerBits = 4096;
 
 /// Whether rounding `approximation`, of which `good` bits from the top are right, to `prec` bits gives what
 /// rounding the true value gives. It cannot be told when the true value may be a number of `prec` bits, or
@@ -80,15 +78,18 @@ Status BigFloatMath::mulPowRadix(BigFloat& r, const BigFloat& a, unsigned radix,
     if (exponent == 0 || odd == 1 || !a.isRegular())
         return scale(r, a, shift, prec, flags);
 
-    const std::uint64_t magnitude = static_cast<std::uint64_t>(exponent < 0 ? -exponent : exponent);
+    const auto magnitude = static_cast<std::uint64_t>(exponent < 0 ? -exponent : exponent);
     BigFloat power;
     Status status = 0;
-    if (prec == exactPrecision) {
+    const bool cheap =
+        magnitude <= cheapPowerBits && digitsToBits(magnitude, odd, Bound::Upper) <= cheapPowerBits;
+    if (prec == exactPrecision || cheap) {
+        // A quotient by the power itself is rounded correctly as it comes, and a product all the more.
         const std::int64_t powerShift = pow(power, status, odd, magnitude, exactPrecision, 0);
         if (exponent > 0)
-            return mul(r, a, power, shift + powerShift, exactPrecision, flags);
+            return mul(r, a, power, shift + powerShift, prec, flags);
         const auto bits = static_cast<Precision>(a.limbs().size() * limbBits);
-        return div(r, a, power, shift - powerShift, bits, flags);
+        return div(r, a, power, shift - powerShift, prec == exactPrecision ? bits : prec, flags);
     }
 
     // Each squaring doubles the relative error and rounds once more, so that the power is off by less than

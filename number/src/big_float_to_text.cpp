@@ -98,14 +98,21 @@ bool readsBack(const TextDigits& digits, const BigFloat& value, unsigned radix, 
 /// digits that it takes is found by halving, as whatever reads back does so with more digits too.
 TextDigits fewestDigits(const BigFloat& value, unsigned radix, Precision prec, std::uint32_t enough) {
     const TextDigits all = leadingDigits(value, radix, enough, roundNearestEven);
+    // A value that was read from a short text shows it: but for the last few, its digits end in zeros, or in
+    // what rounds to zeros. Then two looks are enough.
+    TextDigits rough = shortened(all, std::max<std::size_t>(enough, 5) - 4, radix);
+    removeTrailingZeros(rough.digits);
+    std::size_t guess = rough.digits.size();
     TextDigits best = all;
     std::size_t tooFew = 0;
     for (std::size_t sufficient = enough; sufficient - tooFew > 1;) {
-        const std::size_t count = tooFew + (sufficient - tooFew) / 2;
+        const bool usable = guess > tooFew && guess < sufficient;
+        const std::size_t count = usable ? guess : tooFew + (sufficient - tooFew) / 2;
         TextDigits candidate = shortened(all, count, radix);
         if (readsBack(candidate, value, radix, prec)) {
             best = std::move(candidate);
             sufficient = count;
+            guess = count - 1;
         } else {
             tooFew = count;
         }

@@ -5,7 +5,9 @@
 
 #include <fmt/format.h> // fmt::format_int, fmt::format_to
 
+#include <algorithm>   // std::min
 #include <iterator>    // std::back_inserter
+#include <optional>    // std::optional
 #include <string_view> // std::string_view
 
 namespace specloom::number {
@@ -33,6 +35,26 @@ void removeTrailingZeros(std::string& out, std::size_t start) {
     out.erase(kept, fractionEnd - kept);
 }
 
+/// A short text with a point or an exponent reads as a float. Where that would be another value ("0.1" is not
+/// what twenty more zeros behind it make it), zeros at the end of the fraction say that this is a big number.
+void keepBig(std::string& out, std::size_t start, const BigFloat& value) {
+    const char* begin = out.data() + start;
+    const char* end = out.data() + out.size();
+    const NumberLiteral literal = classifyNumber(begin, end);
+    if (literal.status != 0 || literal.digitCount() >= bigDigitCount)
+        return;
+    if (!literal.hasFraction() && !literal.hasExponent())
+        return;
+    const std::optional<Number> read = Number::tryParse({begin, end});
+    if (read && (read->kind() == NumberKind::Big || read->compare(Number(value)) == 0))
+        return;
+    const char* digitsEnd = literal.hasFraction() ? literal.fractionEnd : literal.integerEnd;
+    std::string zeros(bigDigitCount - literal.digitCount(), '0');
+    if (!literal.hasFraction())
+        zeros.insert(zeros.begin(), '.');
+    out.insert(static_cast<std::size_t>(digitsEnd - out.data()), zeros);
+}
+
 void formatBig(std::string& out, const BigFloat& value, unsigned precision) {
     const std::size_t start = out.size();
     if (precision == 0) {
@@ -40,6 +62,7 @@ void formatBig(std::string& out, const BigFloat& value, unsigned precision) {
         // behind them, and writing fewer would lose some: the shortest text that reads back has neither
         // fault.
         BigFloat::toText(out, value, 10, bigPrecision, minimalDigits | scriptStyle);
+        keepBig(out, start, value);
     } else {
         BigFloat::toText(out, value, 10, precision + 1, fixedDigits | scriptStyle);
         removeTrailingZeros(out, start);

@@ -5,6 +5,10 @@
 
 namespace specloom::number {
 
+/// A literal with this many digits stands for a big number, whatever its value: no machine type holds them
+/// all.
+inline constexpr std::size_t bigDigitCount = 21;
+
 /// Where the parts of a decimal literal stand in its text. Pointers of parts that are missing are null.
 struct NumberLiteral {
     /// 0 for a good literal; else 1 to 9, see numberLiteralError().

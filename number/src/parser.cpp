@@ -10,9 +10,6 @@
 namespace specloom::number {
 namespace {
 
-/// A literal with this many digits is big, whatever its value: no machine type holds them all.
-constexpr std::size_t bigDigits = 21;
-
 bool hasNonZeroDigit(const NumberLiteral& literal) {
     const auto nonZero = [](char c) { return c != '0'; };
     return std::any_of(literal.integerBegin, literal.integerEnd, nonZero) ||
@@ -43,7 +40,7 @@ std::optional<Number> convertFloat(const NumberLiteral& literal, const char* beg
 
 /// The machine number of a good literal; empty if it has too many digits or is out of range.
 std::optional<Number> toMachine(const NumberLiteral& literal, const char* end) {
-    if (literal.digitCount() >= bigDigits)
+    if (literal.digitCount() >= bigDigitCount)
         return std::nullopt;
     // std::from_chars knows no "+".
     const char* begin = literal.integerBegin - (literal.negative ? 1 : 0);

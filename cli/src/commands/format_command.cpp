@@ -39,8 +39,8 @@ std::string targetPath(const std::string& file, jv::DocumentFormat read, jv::Doc
 
 void formatInPlace(const openapi_format::Formatter& formatter, const std::string& file) {
     const jv::LoadedDocument loaded = jv::loadDocument(file);
-    const jv::DocumentFormat target = formatter.configuration().format.value_or(loaded.format);
-    const std::string text = formatter.run(*loaded.document, target);
+    const jv::DocumentFormat target = formatter.configuration().format().value_or(loaded.format);
+    const std::string text = formatter.text(*loaded.document, target);
     LocalFileSystem().writeFile(targetPath(file, loaded.format, target), text);
 }
 
@@ -58,7 +58,7 @@ void formatTo(const openapi_format::Formatter& formatter, const std::string& fil
     const std::optional<jv::DocumentFormat> target = jv::formatFromPath(output);
     if (!target)
         throw std::runtime_error(fmt::format("Unknown file format: {}", output));
-    const std::string text = formatter.run(*loaded.document, *target);
+    const std::string text = formatter.text(*loaded.document, *target);
     LocalFileSystem().writeFile(output, text);
 }
 
