@@ -1,0 +1,29 @@
+#pragma once
+
+#include "bench/table.h"
+
+#include <filesystem>  // std::filesystem::path
+#include <string>      // std::string
+#include <string_view> // std::string_view
+
+namespace specloom::bench {
+
+/// A document to measure with.
+struct Input {
+    std::filesystem::path path;
+    std::string text;
+
+    [[nodiscard]] std::string name() const { return path.filename().string(); }
+    [[nodiscard]] bool isJson() const { return path.extension() == ".json"; }
+};
+
+/// Reading, tearing down and writing, inside this process.
+void benchJson(const Input& input, int rounds, Table& table);
+void benchYaml(const Input& input, int rounds, Table& table);
+/// Memory of the values of a document that was read.
+void benchMemory(const Input& input, Table& table);
+/// Whole runs of the program.
+void benchFormat(const Input& input, int rounds, Table& table);
+void benchStart(int rounds, Table& table);
+
+} // namespace specloom::bench

@@ -1,0 +1,73 @@
+#include "bench/benchmarks.h"
+#include "test_support/corpora.h"
+
+#include <cstdio>    // stderr
+#include <cstdlib>   // std::atoi
+#include <exception> // std::exception
+#include <fmt/core.h>
+#include <string_view> // std::string_view
+#include <vector>      // std::vector
+
+namespace {
+
+namespace bench = specloom::bench;
+namespace fs = std::filesystem;
+
+constexpr const char* usage = "usage: specloom_bench [--rounds N] [FILE.json | FILE.yaml]...\n";
+
+/// The large documents of the corpora.
+[[nodiscard]] std::vector<fs::path> standardDocuments() {
+    const fs::path corpora = specloom::test_support::corporaFolder();
+    std::vector<fs::path> paths;
+    if (!corpora.empty())
+        for (const char* name :
+             {"stripe-3.0.json", "cloudflare-3.0-indented.json", "cloudflare-3.0-compact.json",
+              "github-3.0.json", "stripe-3.0.yaml", "openai-3.1.yaml"})
+            paths.push_back(corpora / "openapi" / name);
+    return paths;
+}
+
+/// Whether every promise was kept.
+bool run(const std::vector<fs::path>& paths, int rounds) {
+    bench::Table table;
+    std::vector<bench::Input> inputs;
+    for (const fs::path& path : paths)
+        inputs.push_back({path, specloom::test_support::fileBytes(path)});
+    for (const bench::Input& input : inputs) {
+        if (input.isJson())
+            bench::benchJson(input, rounds, table);
+        else
+            bench::benchYaml(input, rounds, table);
+    }
+    for (const bench::Input& input : inputs)
+        bench::benchMemory(input, table);
+    for (const bench::Input& input : inputs)
+        bench::benchFormat(input, rounds, table);
+    bench::benchStart(rounds, table);
+    return table.allKept();
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    int rounds = 15;
+    std::vector<fs::path> paths;
+    for (int i = 1; i < argc; ++i) {
+        if (std::string_view(argv[i]) == "--rounds" && i + 1 < argc)
+            rounds = std::atoi(argv[++i]);
+        else
+            paths.emplace_back(argv[i]);
+    }
+    if (paths.empty())
+        paths = standardDocuments();
+    if (paths.empty() || rounds < 1) {
+        fmt::print(stderr, usage);
+        return 2;
+    }
+    try {
+        return run(paths, rounds) ? 0 : 1;
+    } catch (const std::exception& error) {
+        fmt::print(stderr, "{}\n", error.what());
+        return 2;
+    }
+}

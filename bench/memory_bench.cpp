@@ -1,0 +1,44 @@
+#include "bench/benchmarks.h"
+#include "bench/process.h"
+#include "jv/json_reader.h"
+#include "jv/yaml_reader.h"
+
+#include <fmt/core.h>
+#include <memory> // std::unique_ptr
+
+namespace specloom::bench {
+
+namespace {
+
+[[nodiscard]] std::size_t countValues(const jv::JV& root) {
+    std::size_t count = 0;
+    std::vector<const jv::JV*> open{&root};
+    while (!open.empty()) {
+        const jv::JV* value = open.back();
+        open.pop_back();
+        ++count;
+        if (value->isArray())
+            open.insert(open.end(), value->elements().begin(), value->elements().end());
+        else if (value->isObject())
+            for (const jv::Member member : value->members())
+                open.push_back(member.value);
+    }
+    return count;
+}
+
+} // namespace
+
+/// The peak of a process that reads the document above that of one that only holds its text: what remains
+/// counts everything, also what reading needs for a while and what the allocator wastes.
+void benchMemory(const Input& input, Table& table) {
+    const auto document = input.isJson() ? jv::parseJSON(input.text) : jv::parseYAML(input.text);
+    const auto values = static_cast<double>(countValues(*document->root()));
+    const double withText = runProcess({READ_ONLY, "text", input.path.string()}).peakBytes;
+    const double withValues =
+        runProcess({READ_ONLY, input.isJson() ? "json" : "yaml", input.path.string()}).peakBytes;
+    const double perValue = (withValues - withText) / values;
+    table.add({"memory of a read document, bytes per value", input.name(), mebibytes(withValues - withText),
+               fmt::format("{:.0f}k vals", values / 1000), perValue, 100});
+}
+
+} // namespace specloom::bench

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string> // std::string
+#include <vector> // std::vector
+
+namespace specloom::bench {
+
+struct ProcessRun {
+    double wallSeconds;
+    double cpuSeconds; ///< user and system
+    double peakBytes;  ///< largest resident set
+};
+
+/// Runs a program to its end, with nothing on standard input and its standard output thrown away. Throws
+/// std::runtime_error with its name when it cannot be started or does not end with status 0.
+ProcessRun runProcess(const std::vector<std::string>& arguments);
+
+} // namespace specloom::bench

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "jv/jv_document.h"
+#include "test_support/tree.h"
+
+#include <filesystem>  // std::filesystem::path
+#include <string_view> // std::string_view
+
+namespace specloom::test_support {
+
+// The judges: parsers that have nothing in common with ours. Both throw std::runtime_error for a faulty text.
+
+/// By nlohmann's parser.
+[[nodiscard]] Tree parseJsonIndependently(std::string_view text);
+/// By yaml-cpp's parser. Plain scalars are what the core schema of YAML 1.2.2 (section 10.3) makes of them;
+/// of an alias the anchored value is repeated.
+[[nodiscard]] Tree parseYamlIndependently(std::string_view text);
+/// By the one that the file's extension asks for.
+[[nodiscard]] Tree parseFileIndependently(const std::filesystem::path& path);
+
+/// What our values say, with the key order in which they would be written.
+[[nodiscard]] Tree treeOf(const jv::JVDocument& document);
+
+} // namespace specloom::test_support
