@@ -80,7 +80,7 @@ constexpr Arithmetic arithmetic[] = {
 
 /// The second operand in a relation to the first that makes trouble more likely than chance does.
 BigFloat partner(RandomOperands& random, const BigFloat& a, Precision prec) {
-    switch (random.between(0, 3)) {
+    switch (random.between(0, 4)) {
     case 0: {
         // Nearly the same value: most of the leading bits cancel out.
         BigFloat b;
@@ -92,7 +92,14 @@ BigFloat partner(RandomOperands& random, const BigFloat& a, Precision prec) {
     case 1:
         // Ends or starts around the last bit of the result.
         return random.value(200, a.exponent() - std::int64_t{prec} + random.between(-70, 70));
-    case 2:
+    case 2: {
+        // Less than a by something small, and often with an exponent lower by one all the same.
+        BigFloat b;
+        BigFloat::sub(b, a, random.value(600, a.exponent() - random.between(0, 1500)), exactPrecision,
+                      roundNearestEven);
+        return b;
+    }
+    case 3:
         return random.value(64, random.between(-1, 1) + a.exponent());
     default:
         return random.value();
@@ -105,7 +112,7 @@ TEST_F(BigFloatReference, arithmetic) {
         const Arithmetic& op = arithmetic[i % 4];
         const Precision prec = random.precision();
         const auto mode = static_cast<Flags>(random.between(0, allModes - 1));
-        BigFloat a = random.value();
+        BigFloat a = random.oneIn(4) ? random.value(4, random.between(-100, 100)) : random.value();
         BigFloat b = partner(random, a, prec);
         SCOPED_TRACE(testing::Message() << op.name << " " << describe(a) << " " << describe(b) << " prec "
                                         << prec << " mode " << mode);

@@ -103,6 +103,22 @@ TEST(BigFloatText, statusOfReading) {
     }
 }
 
+// Half of 15 has no end in radix 5, so that no count of digits is enough to see on which side of it a text
+// is.
+TEST(BigFloatText, digitsFarBehindAHalfInAnOddRadix) {
+    for (const std::size_t twos : {30U, 300U, 3000U}) {
+        for (const bool above : {true, false}) {
+            const std::string text =
+                "12." + std::string(twos, '2') + (above ? "3" : "1") + std::string(40, '4');
+            BigFloat value;
+            BigFloat::fromText(value, text, nullptr, 5, 4, roundTowardZero);
+            std::string read;
+            BigFloat::toText(read, value, 10, 4, minimalDigits);
+            EXPECT_EQ(read, above ? "7.5" : "7") << text;
+        }
+    }
+}
+
 TEST(BigFloatText, writing) {
     struct Case {
         const char* value;
@@ -136,6 +152,8 @@ TEST(BigFloatText, writing) {
         {"-0.5", 10, 0, fractionDigits | roundDown, "-1"},
         {"0.5", 10, 0, fractionDigits, "0"},
         {"0.5", 10, 0, fractionDigits | roundNearestAway, "1"},
+        {"0.50000000000000000000000000000000000001", 10, 0, fractionDigits, "1"},
+        {"2.50000000000000000000000000000000000001", 10, 0, fractionDigits, "3"},
         {"12", 10, 1, fractionDigits | forceExponent, "1.20e1"},
         {"0", 10, 2, fractionDigits, "0.00"},
         // Shortest and minimal: as many digits as the precision in bits needs.

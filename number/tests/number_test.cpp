@@ -97,9 +97,10 @@ TEST(Number, subtraction) {
         EXPECT_EQ(difference.kind(), c.kind);
         EXPECT_EQ(difference.toString(), c.result);
     }
-    Number self = big("1e999");
-    self -= self;
-    EXPECT_EQ(self.compare(0), 0);
+    Number number = big("1e999");
+    const Number& self = number;
+    number -= self;
+    EXPECT_EQ(number.compare(0), 0);
 }
 
 /// Through the overload for what `b` holds.

@@ -221,6 +221,9 @@ TEST(NumberParser, longLiterals) {
         {zeros + "." + zeros, "0"},
         {"1" + zeros + "e-1000000", "1"},
         {"12.5" + zeros, "12.5"},
+        {nines + "e322000000", "1e+323000000"},
+        {nines + "e400000000", "Infinity"},
+        {nines + "e-600000000", "0"},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.text.substr(0, 5));
