@@ -6,12 +6,12 @@
 namespace specloom::jv {
 
 void* Arena::allocateSlow(std::size_t bytes) {
-    if (bytes > ChunkSizes::largest / 4) {
+    if (bytes > ChunkSizes::hugePage / 4) {
         // A chunk of its own; the open chunk goes on serving small requests.
         chunks_.push_back(allocateChunk(bytes));
         return chunks_.back().get();
     }
-    // A request of up to a quarter of the largest chunk may still be larger than an early one.
+    // A request of up to a quarter of a huge page may still be larger than an early chunk.
     const std::size_t size = std::max(sizes_.next(), bytes);
     chunks_.push_back(allocateChunk(size));
     next_ = chunks_.back().get() + bytes;

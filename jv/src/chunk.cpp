@@ -9,8 +9,8 @@
 namespace specloom::jv {
 
 Chunk allocateChunk(std::size_t bytes) {
-    const bool huge = bytes % ChunkSizes::largest == 0;
-    void* memory = huge ? std::aligned_alloc(ChunkSizes::largest, bytes) : std::malloc(bytes);
+    const bool huge = bytes % ChunkSizes::hugePage == 0;
+    void* memory = huge ? std::aligned_alloc(ChunkSizes::hugePage, bytes) : std::malloc(bytes);
     if (memory == nullptr)
         throw std::bad_alloc();
 #if defined(__linux__)

@@ -16,24 +16,28 @@ using Chunk = std::unique_ptr<std::byte[], ChunkDeleter>;
 /// Throws std::bad_alloc.
 [[nodiscard]] Chunk allocateChunk(std::size_t bytes);
 
-/// Sizes of consecutive chunks: they double from 64 KiB up to one huge page.
+/// Sizes of consecutive chunks: they double from 64 KiB on. Whole huge pages are for sources that are known
+/// to be large, because all of such a page is paid for as soon as one byte of it is used.
 class ChunkSizes {
   public:
-    static constexpr std::size_t largest = std::size_t{2} * 1024 * 1024;
+    static constexpr std::size_t hugePage = std::size_t{2} * 1024 * 1024;
 
     [[nodiscard]] std::size_t next() noexcept {
         const std::size_t size = next_;
-        next_ = size * 2 < largest ? size * 2 : largest;
+        next_ = size * 2 < largest_ ? size * 2 : largest_;
         return size;
     }
-    /// Starts with larger chunks when so many bytes of source are to come.
+    /// Says that so many bytes of source are to come.
     void expect(std::size_t sourceBytes) noexcept {
-        while (next_ < largest && next_ < sourceBytes / 4)
+        if (sourceBytes >= hugePage)
+            largest_ = hugePage;
+        while (next_ < largest_ && next_ < sourceBytes / 4)
             next_ *= 2;
     }
 
   private:
     std::size_t next_ = std::size_t{64} * 1024;
+    std::size_t largest_ = hugePage / 2;
 };
 
 } // namespace specloom::jv
