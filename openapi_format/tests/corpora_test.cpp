@@ -5,11 +5,10 @@
 #include "openapi_format/formatter.h"
 
 #include "jv/jv_pointer.h"
+#include "test_support/corpora.h"
 
 #include <algorithm>   // std::count, std::find, std::max, std::mismatch, std::sort
 #include <cstddef>     // std::ptrdiff_t, std::size_t
-#include <cstdlib>     // std::getenv
-#include <filesystem>  // std::filesystem
 #include <map>         // std::map
 #include <string>      // std::string
 #include <string_view> // std::string_view
@@ -21,7 +20,6 @@
 namespace specloom::openapi_format {
 namespace {
 
-namespace fs = std::filesystem;
 using Keys = std::vector<std::string_view>;
 
 struct PointerPattern {
@@ -264,25 +262,12 @@ void expectSameText(const std::string& text, const std::string& expected, const 
                   << expected.substr(from, 400);
 }
 
-fs::path corporaFolder() {
-    const char* given = std::getenv("SPECLOOM_CORPORA");
-    return given != nullptr ? fs::path(given)
-                            : fs::path(SPECLOOM_SOURCE_DIR).parent_path() / "shared/corpora";
-}
-
 TEST(Corpora, everyDocumentTakesTheRecommendedOrder) {
-    const fs::path folder = corporaFolder() / "openapi";
-    if (!fs::is_directory(folder)) {
-        if (std::getenv("SPECLOOM_REQUIRE_CORPORA") != nullptr)
-            FAIL() << "no folder " << folder;
-        GTEST_SKIP() << "no folder " << folder;
-    }
+    SPECLOOM_NEEDS_CORPORA();
     const Formatter formatter;
     Seen seen;
-    for (const fs::directory_entry& file : fs::directory_iterator(folder)) {
-        const std::string path = file.path().string();
-        if (!jv::formatFromPath(path))
-            continue;
+    for (const auto& file : test_support::filesBelow(test_support::corporaFolder() / "openapi", "")) {
+        const std::string path = file.string();
         SCOPED_TRACE(path);
         const jv::LoadedDocument source = jv::loadDocument(path);
         const jv::LoadedDocument result = jv::loadDocument(path);
