@@ -2,8 +2,8 @@
 
 #include "jv/deser.h"
 #include "jv/json_reader.h"
-#include "jv_conformance/documents.h"
 #include "test_support/corpora.h"
+#include "test_support/documents.h"
 #include "test_support/exact_decimal.h"
 #include "test_support/parsers.h"
 
@@ -60,7 +60,7 @@ void expectReadBack(const JVDocument& document, DocumentFormat format) {
     for (const int indent : {0, 2, 7}) {
         const std::string text = documentToText(document, {.format = format, .indent = indent, .sorter = {}});
         const auto again = parseDocument(text, {.format = format, .refLoader = {}});
-        EXPECT_EQ(firstDifference(document, *again), "") << text;
+        EXPECT_EQ(test_support::firstDifference(document, *again), "") << text;
     }
 }
 
@@ -68,10 +68,10 @@ void expectReadBack(const JVDocument& document, DocumentFormat format) {
 void expectRoundTrip(const JVDocument& document) {
     const JV& root = *document.root();
     // JSON output of a big number ends the process, and a depth above 128 is refused.
-    if (!hasBigNumber(root) && depthOf(root) <= 128)
+    if (!test_support::hasBigNumber(root) && test_support::depthOf(root) <= 128)
         expectReadBack(document, DocumentFormat::Json);
     // Neither a scalar on its own nor an empty key is something for the YAML reader.
-    if ((root.isArray() || root.isObject()) && !hasEmptyKey(root))
+    if ((root.isArray() || root.isObject()) && !test_support::hasEmptyKey(root))
         expectReadBack(document, DocumentFormat::Yaml);
 }
 

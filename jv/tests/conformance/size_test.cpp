@@ -6,7 +6,7 @@
 #include "jv/json_writer.h"
 #include "jv/jv_pointer.h"
 #include "jv/yaml_reader.h"
-#include "jv_conformance/documents.h"
+#include "test_support/documents.h"
 
 #include <fmt/format.h>
 #include <gtest/gtest.h>
@@ -94,7 +94,7 @@ class NestedDocument : public testing::TestWithParam<Nesting> {
 
 TEST_P(NestedDocument, IsReadFromTextAndStream) {
     const auto document = parseJSON(text_);
-    EXPECT_EQ(depthOf(*document->root()), depth_);
+    EXPECT_EQ(test_support::depthOf(*document->root()), depth_);
     std::istringstream stream(text_);
     EXPECT_TRUE(readJSON(stream)->root()->equals(*document->root()));
 }
@@ -126,7 +126,7 @@ TEST_P(NestedDocument, IsComparedHashedAndCopied) {
 
     JV target;
     JVDocument::assign(*copy, target);
-    EXPECT_EQ(depthOf(target), depth_);
+    EXPECT_EQ(test_support::depthOf(target), depth_);
     target.clear();
     EXPECT_EQ(target.size(), 0u);
 }
@@ -140,9 +140,9 @@ TEST_P(NestedDocument, IsDestroyedAsPartOfAnother) {
     else
         root->set("other", JVDocument::clone(*root));
     document->reindex();
-    EXPECT_EQ(depthOf(*root), depth_ + 1);
+    EXPECT_EQ(test_support::depthOf(*root), depth_ + 1);
     document->setRoot(std::make_unique<JV>(true));
-    EXPECT_EQ(depthOf(*document->root()), 0u);
+    EXPECT_EQ(test_support::depthOf(*document->root()), 0u);
 }
 
 TEST_P(NestedDocument, IsRefusedByTheWriters) {
@@ -185,7 +185,7 @@ TEST(Depth, ReadsYamlDownTo10000Levels) {
     };
     for (const auto& nested : {+flow, +flowObjects, +block}) {
         const auto document = parseYAML(nested(10'000));
-        EXPECT_EQ(depthOf(*document->root()), 10'000u);
+        EXPECT_EQ(test_support::depthOf(*document->root()), 10'000u);
         const JV* deepest = innermost(document->root());
         EXPECT_EQ(document->lookup(deepest->pointer()), deepest);
         EXPECT_EQ(yamlError(nested(10'001)), "Failed to parse YAML");
@@ -201,7 +201,7 @@ TEST(Depth, WritesTheDeepestYaml) {
     const auto document = parseJSON(std::string(10'000, '[') + "\"1\"" + std::string(10'000, ']'));
     const std::string text =
         documentToText(*document, {.format = DocumentFormat::Yaml, .indent = 0, .sorter = {}});
-    EXPECT_EQ(firstDifference(*document, *parseYAML(text)), "");
+    EXPECT_EQ(test_support::firstDifference(*document, *parseYAML(text)), "");
 }
 
 // ---- size
@@ -237,7 +237,7 @@ TEST(Size, KeepsAMillionKeys) {
     for (const DocumentFormat format : {DocumentFormat::Json, DocumentFormat::Yaml}) {
         const auto again =
             parseDocument(documentToText(*document, format), {.format = format, .refLoader = {}});
-        EXPECT_EQ(firstDifference(*document, *again), "");
+        EXPECT_EQ(test_support::firstDifference(*document, *again), "");
     }
 }
 

@@ -3,7 +3,7 @@
 // every place where a string can stand.
 
 #include "jv/deser.h"
-#include "jv_conformance/documents.h"
+#include "test_support/documents.h"
 #include "test_support/exact_decimal.h"
 
 #include <fmt/format.h>
@@ -158,7 +158,7 @@ std::string lostBy(const JVDocument& document, int indent) {
     try {
         text = documentToText(document, {.format = DocumentFormat::Yaml, .indent = indent, .sorter = {}});
         const auto again = parseDocument(text, {.format = DocumentFormat::Yaml, .refLoader = {}});
-        const std::string difference = firstDifference(document, *again);
+        const std::string difference = test_support::firstDifference(document, *again);
         return difference.empty() ? "" : difference + " in " + escaped(text);
     } catch (const std::exception& error) {
         return std::string(error.what()) + " for " + escaped(text);

@@ -5,8 +5,8 @@
 #include "jv/deser.h"
 #include "jv/json_reader.h"
 #include "jv/yaml_reader.h"
-#include "jv_conformance/documents.h"
 #include "test_support/corpora.h"
+#include "test_support/documents.h"
 
 #include <gtest/gtest.h>
 #include <memory>    // std::unique_ptr
@@ -32,7 +32,7 @@ std::string lostBy(const JVDocument& document, int indent) {
     const auto again = read(text);
     if (again == nullptr)
         return "not read back:\n" + text;
-    const std::string difference = firstDifference(document, *again);
+    const std::string difference = test_support::firstDifference(document, *again);
     return difference.empty() ? "" : difference + ":\n" + text;
 }
 
@@ -57,7 +57,7 @@ TEST(YamlSuite, GivesADocumentOrTheOneError) {
         if (document == nullptr)
             continue;
         ++documents;
-        const bool hasOne = hasEmptyKey(*document->root());
+        const bool hasOne = test_support::hasEmptyKey(*document->root());
         if (hasOne)
             emptyKeys.push_back(name);
         for (const int indent : {0, 2, 9}) {

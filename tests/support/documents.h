@@ -7,14 +7,14 @@
 #include <string_view> // std::string_view
 #include <vector>      // std::vector
 
-namespace specloom::jv {
+namespace specloom::test_support {
 
 /// Whether any value or key of a tree fulfils a condition; without recursion.
 template <typename OnValue, typename OnKey>
-[[nodiscard]] bool anyOf(const JV& root, OnValue onValue, OnKey onKey) {
-    std::vector<const JV*> open{&root};
+[[nodiscard]] bool anyOf(const jv::JV& root, OnValue onValue, OnKey onKey) {
+    std::vector<const jv::JV*> open{&root};
     while (!open.empty()) {
-        const JV* value = open.back();
+        const jv::JV* value = open.back();
         open.pop_back();
         if (onValue(*value))
             return true;
@@ -22,7 +22,7 @@ template <typename OnValue, typename OnKey>
             open.insert(open.end(), value->elements().begin(), value->elements().end());
         if (!value->isObject())
             continue;
-        for (const Member member : value->members()) {
+        for (const jv::Member member : value->members()) {
             if (onKey(member.key))
                 return true;
             open.push_back(member.value);
@@ -31,15 +31,15 @@ template <typename OnValue, typename OnKey>
     return false;
 }
 
-[[nodiscard]] bool hasBigNumber(const JV& root);
-[[nodiscard]] bool hasEmptyKey(const JV& root);
+[[nodiscard]] bool hasBigNumber(const jv::JV& root);
+[[nodiscard]] bool hasEmptyKey(const jv::JV& root);
 /// Whether a string of the document is left plain in YAML although it is a number for the reader ("1e5").
-[[nodiscard]] bool hasExponentString(const JV& root);
+[[nodiscard]] bool hasExponentString(const jv::JV& root);
 
 /// How many containers are nested in one another; 0 for a scalar.
-[[nodiscard]] std::size_t depthOf(const JV& root);
+[[nodiscard]] std::size_t depthOf(const jv::JV& root);
 
 /// Empty when two documents hold the same values in the same key order, else where they part.
-[[nodiscard]] std::string firstDifference(const JVDocument& expected, const JVDocument& actual);
+[[nodiscard]] std::string firstDifference(const jv::JVDocument& expected, const jv::JVDocument& actual);
 
-} // namespace specloom::jv
+} // namespace specloom::test_support

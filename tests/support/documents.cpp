@@ -1,32 +1,34 @@
-#include "jv_conformance/documents.h"
+#include "test_support/documents.h"
 
 #include <algorithm> // std::max
 
-namespace specloom::jv {
+namespace specloom::test_support {
 
-bool hasBigNumber(const JV& root) {
+bool hasBigNumber(const jv::JV& root) {
     return anyOf(
         root,
-        [](const JV& value) { return value.isNumber() && value.number().kind() == number::NumberKind::Big; },
+        [](const jv::JV& value) {
+            return value.isNumber() && value.number().kind() == number::NumberKind::Big;
+        },
         [](std::string_view) { return false; });
 }
 
-bool hasEmptyKey(const JV& root) {
+bool hasEmptyKey(const jv::JV& root) {
     return anyOf(
-        root, [](const JV&) { return false; }, [](std::string_view key) { return key.empty(); });
+        root, [](const jv::JV&) { return false; }, [](std::string_view key) { return key.empty(); });
 }
 
-bool hasExponentString(const JV& root) {
-    const auto isExponentString = [](const JV& value) {
+bool hasExponentString(const jv::JV& root) {
+    const auto isExponentString = [](const jv::JV& value) {
         return value.isString() && value.text().find_first_of("eE") != std::string_view::npos &&
                number::Number::tryParse(value.text()).has_value();
     };
     return anyOf(root, isExponentString, [](std::string_view) { return false; });
 }
 
-std::size_t depthOf(const JV& root) {
+std::size_t depthOf(const jv::JV& root) {
     struct Step {
-        const JV* value;
+        const jv::JV* value;
         std::size_t depth;
     };
     std::size_t deepest = 0;
@@ -38,19 +40,19 @@ std::size_t depthOf(const JV& root) {
             continue;
         deepest = std::max(deepest, above + 1);
         if (value->isArray())
-            for (const JV* element : value->elements())
+            for (const jv::JV* element : value->elements())
                 open.push_back({element, above + 1});
         else
-            for (const Member member : value->members())
+            for (const jv::Member member : value->members())
                 open.push_back({member.value, above + 1});
     }
     return deepest;
 }
 
-std::string firstDifference(const JVDocument& expected, const JVDocument& actual) {
+std::string firstDifference(const jv::JVDocument& expected, const jv::JVDocument& actual) {
     struct Pair {
-        const JV* expected;
-        const JV* actual;
+        const jv::JV* expected;
+        const jv::JV* actual;
     };
     std::vector<Pair> open{{expected.root(), actual.root()}};
     while (!open.empty()) {
@@ -62,8 +64,8 @@ std::string firstDifference(const JVDocument& expected, const JVDocument& actual
             for (std::size_t i = 0; i < left->size(); ++i)
                 open.push_back({left->elements()[i], right->elements()[i]});
         } else if (left->isObject()) {
-            const std::vector<Member> leftMembers = expected.orderedMembers(left);
-            const std::vector<Member> rightMembers = actual.orderedMembers(right);
+            const std::vector<jv::Member> leftMembers = expected.orderedMembers(left);
+            const std::vector<jv::Member> rightMembers = actual.orderedMembers(right);
             for (std::size_t i = 0; i < leftMembers.size(); ++i) {
                 if (leftMembers[i].key != rightMembers[i].key)
                     return left->pointer() + ": another key at " + std::to_string(i);
@@ -76,4 +78,4 @@ std::string firstDifference(const JVDocument& expected, const JVDocument& actual
     return "";
 }
 
-} // namespace specloom::jv
+} // namespace specloom::test_support
