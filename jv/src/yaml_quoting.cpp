@@ -1,5 +1,8 @@
 #include "jv/yaml_quoting.h"
 
+#include <algorithm> // std::max
+#include <cstdint>   // std::uint8_t
+
 namespace specloom::jv {
 
 namespace {
@@ -32,6 +35,23 @@ namespace {
 bool needsDoubleQuotes(std::string_view text) noexcept {
     return text.empty() || text == "null" || text == "true" || text == "false" || text.front() == '#' ||
            text.front() == '*' || isDecimal(text);
+}
+
+bool hasForbiddenCodePoint(std::string_view text) noexcept {
+    // Surrogates start with 0xed, what is too large with 0xf4 and above. Nearly no text has a byte like that,
+    // and the largest byte is found faster than the first large one.
+    std::uint8_t largest = 0;
+    for (const char c : text)
+        largest = std::max(largest, static_cast<std::uint8_t>(c));
+    if (largest < 0xed)
+        return false;
+    for (std::size_t i = 0; i + 1 < text.size(); ++i) {
+        const auto lead = static_cast<std::uint8_t>(text[i]);
+        const auto next = static_cast<std::uint8_t>(text[i + 1]);
+        if ((lead == 0xed && next >= 0xa0) || (lead == 0xf4 && next >= 0x90) || lead > 0xf4)
+            return true;
+    }
+    return false;
 }
 
 } // namespace specloom::jv

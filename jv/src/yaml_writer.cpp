@@ -49,6 +49,22 @@ class Emitter {
     }
     void endObject() { emit(yaml_mapping_end_event_initialize(&event_), "mapping end"); }
 
+    void string(std::string_view text, yaml_scalar_style_t style) {
+        constexpr const char* name = "string scalar";
+        if (hasForbiddenCodePoint(text))
+            emit(0, name);
+        scalar(text, style, name);
+    }
+    void number(const number::Number& value) {
+        constexpr const char* name = "number scalar";
+        // Its text would come back as a string.
+        if (!isFinite(value))
+            emit(0, name);
+        numberText_.clear();
+        value.appendTo(numberText_);
+        scalar(numberText_, YAML_PLAIN_SCALAR_STYLE, name);
+    }
+
     /// No event carries a tag: with both implicit flags set libyaml writes the same bytes with one, only
     /// slower.
     void scalar(std::string_view text, yaml_scalar_style_t style, const char* name) {
@@ -68,6 +84,12 @@ class Emitter {
             throw std::runtime_error(fmt::format("Failed to emit {} event", name));
     }
 
+    [[nodiscard]] static bool isFinite(const number::Number& value) {
+        if (value.kind() == number::NumberKind::Big)
+            return !value.bigValue().isInfinite() && !value.bigValue().isNaN();
+        return !value.isInfinite() && !value.isNaN();
+    }
+
     static int append(void* data, unsigned char* buffer, std::size_t size) {
         static_cast<std::string*>(data)->append(reinterpret_cast<const char*>(buffer), size);
         return 1;
@@ -76,6 +98,7 @@ class Emitter {
     bool flow_;
     yaml_emitter_t emitter_{};
     yaml_event_t event_{};
+    std::string numberText_;
 };
 
 /// Walks a tree with a stack of its own and feeds the emitter.
@@ -94,7 +117,7 @@ class TreeEmitter {
             }
             const Member member = items_[frame.next++];
             if (frame.container->isObject())
-                emitter_.scalar(member.key, YAML_ANY_SCALAR_STYLE, "string scalar");
+                emitter_.string(member.key, YAML_ANY_SCALAR_STYLE);
             begin(*member.value); // `frame` may be gone from here on
         }
     }
@@ -117,15 +140,13 @@ class TreeEmitter {
             emitter_.scalar(value.boolean() ? "true" : "false", YAML_PLAIN_SCALAR_STYLE, "boolean scalar");
             break;
         case Kind::Number:
-            numberText_.clear();
-            value.number().appendTo(numberText_);
-            emitter_.scalar(numberText_, YAML_PLAIN_SCALAR_STYLE, "number scalar");
+            emitter_.number(value.number());
             break;
         case Kind::String: {
             const std::string_view text = value.text();
             const auto style =
                 needsDoubleQuotes(text) ? YAML_DOUBLE_QUOTED_SCALAR_STYLE : YAML_ANY_SCALAR_STYLE;
-            emitter_.scalar(text, style, "string scalar");
+            emitter_.string(text, style);
             break;
         }
         case Kind::Array:
@@ -172,7 +193,6 @@ class TreeEmitter {
     const PropertySorter& sorter_;
     std::vector<Frame> open_;
     std::vector<Member> items_;
-    std::string numberText_;
 };
 
 } // namespace
