@@ -53,7 +53,9 @@ function(specloom_tests name)
   add_executable(${target} ${arg_SOURCES})
   list(TRANSFORM arg_USES PREPEND specloom::)
   target_link_libraries(${target} PRIVATE ${arg_USES} ${arg_LIBRARIES} GTest::gmock GTest::gtest_main)
-  target_compile_options(${target} PRIVATE ${SPECLOOM_WARNINGS})
+  # Optimising test code costs a third of its compile time and makes no test faster: the time goes into the
+  # libraries, which are optimised.
+  target_compile_options(${target} PRIVATE ${SPECLOOM_WARNINGS} $<$<CONFIG:Release>:-O1>)
   target_compile_definitions(${target} PRIVATE
     SPECLOOM_SOURCE_DIR="${PROJECT_SOURCE_DIR}"
     SPECLOOM_TEST_DIR="${CMAKE_CURRENT_SOURCE_DIR}")

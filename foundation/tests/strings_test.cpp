@@ -102,9 +102,12 @@ TEST(Strings, Replace) {
         std::string text, from, to, all, any;
     };
     const std::vector<Row> rows = {
-        {"abcab", "ab", "x", "xcx", "xxcxx"}, {"aaa", "aa", "a", "aa", "aaa"}, // what was put in is not
-                                                                               // looked at again
-        {"abc", "", "x", "abc", "abc"},       {"aXa", "X", "", "aa", "aa"},    {"", "a", "b", "", ""},
+        {"abcab", "ab", "x", "xcx", "xxcxx"},
+        // What was put in is not looked at again.
+        {"aaa", "aa", "a", "aa", "aaa"},
+        {"abc", "", "x", "abc", "abc"},
+        {"aXa", "X", "", "aa", "aa"},
+        {"", "a", "b", "", ""},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.text + " " + row.from);

@@ -1,7 +1,8 @@
 #pragma once
 
-#include <cstddef>     // std::size_t
-#include <memory>      // std::unique_ptr
+#include "jv/chunk.h"
+
+#include <cstddef>     // std::byte, std::size_t
 #include <string_view> // std::string_view
 #include <vector>      // std::vector
 
@@ -16,7 +17,7 @@ class Arena {
         bytes = (bytes + 7) & ~std::size_t{7};
         if (bytes > left_)
             return allocateSlow(bytes);
-        char* result = next_;
+        std::byte* result = next_;
         next_ += bytes;
         left_ -= bytes;
         return result;
@@ -32,15 +33,17 @@ class Arena {
     /// A copy of `text`; not zero-terminated.
     [[nodiscard]] char* copyText(std::string_view text);
 
-    void clear() noexcept;
+    /// Says that a source of so many bytes is about to fill the arena.
+    void expect(std::size_t sourceBytes) noexcept { sizes_.expect(sourceBytes); }
+    void clear() noexcept { *this = Arena(); }
 
   private:
     void* allocateSlow(std::size_t bytes);
 
-    std::vector<std::unique_ptr<char[]>> chunks_;
-    char* next_ = nullptr;
+    std::vector<Chunk> chunks_;
+    std::byte* next_ = nullptr;
     std::size_t left_ = 0;
-    std::size_t chunkSize_ = 32 * 1024; ///< of the last ordinary chunk; doubled before use
+    ChunkSizes sizes_;
 };
 
 } // namespace specloom::jv

@@ -56,16 +56,11 @@ void JSONLexer::endLine(const char* lastByte) noexcept {
 }
 
 void JSONLexer::skipWhiteSpace() noexcept {
-    constexpr char blanks[8] = {' ', ' ', ' ', ' ', ' ', ' ', ' ', ' '};
     const char* p = cursor_;
-    for (; p != end_; ++p) {
-        if (*p == ' ') {
-            while (end_ - p > 8 && std::memcmp(p, blanks, 8) == 0)
-                p += 8;
-            if (*p == ' ')
-                continue;
-        }
-        if (*p == '\n' || *p == '\r')
+    for (; p != end_ && static_cast<unsigned char>(*p) <= ' '; ++p) {
+        if (*p == ' ')
+            p = skipBlanks(p, end_) - 1;
+        else if (*p == '\n' || *p == '\r')
             endLine(p);
         else if (*p != '\t' && *p != '\v' && *p != '\f')
             break;

@@ -20,13 +20,13 @@ std::unique_ptr<JVDocument> readJSON(std::istream& stream) {
 }
 
 std::unique_ptr<JVDocument> parseJSON(std::string_view text) {
-    DefaultHandler handler(std::make_unique<JVDocument>());
+    auto fresh = std::make_unique<JVDocument>();
+    fresh->setSourceSize(text.size());
+    DefaultHandler handler(std::move(fresh));
     JSONReader reader(handler);
     if (reader.parse(text) != JSONReader::Status::Good || reader.finish() != JSONReader::Status::Good)
         throw JSONReaderError(parseErrorText);
-    std::unique_ptr<JVDocument> document = handler.takeDocument();
-    document->setSourceSize(text.size());
-    return document;
+    return handler.takeDocument();
 }
 
 JSONReader::JSONReader(Handler& handler, std::uint32_t flags)
@@ -75,6 +75,8 @@ JSONReader::Outcome JSONReader::unexpected(Token token, ParseError error) noexce
     return Outcome::Error;
 }
 
+/// One token, or the few of a member or element: what must follow is tried at once, but the state is always
+/// set first, so that a chunk may end anywhere.
 JSONReader::Outcome JSONReader::step() {
     switch (top()) {
     case State::Start:
@@ -118,7 +120,7 @@ JSONReader::Outcome JSONReader::stepKey() {
     if (token == Token::String || token == Token::StringWithEscapes) {
         top() = State::MapSep;
         if (handler_.onKey(decoded(token), lexer_.pos()))
-            return Outcome::GoOn;
+            return stepMapSeparator();
         top() = State::ParseError;
         return Outcome::Stopped;
     }
@@ -133,14 +135,14 @@ JSONReader::Outcome JSONReader::stepMapSeparator() {
     if (token != Token::Colon)
         return unexpected(token, ParseError::MissingSeparator);
     top() = State::MapNeedValue;
-    return Outcome::GoOn;
+    return stepValue();
 }
 
 JSONReader::Outcome JSONReader::stepMapNext() {
     const Token token = lexer_.next();
     if (token == Token::Comma) {
         top() = State::MapNeedKey;
-        return Outcome::GoOn;
+        return stepKey();
     }
     if (token == Token::RightBrace)
         return closed(handler_.onEndObject(lexer_.pos()));
@@ -153,7 +155,7 @@ JSONReader::Outcome JSONReader::stepArrayNext() {
     const Token token = lexer_.next();
     if (token == Token::Comma) {
         top() = State::ArrayNeedValue;
-        return Outcome::GoOn;
+        return stepValue();
     }
     if (token == Token::RightBracket)
         return closed(handler_.onEndArray(lexer_.pos()));

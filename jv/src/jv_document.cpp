@@ -6,17 +6,10 @@
 #include "jv/sorted_properties.h"
 #include "jv/tree_cloner.h"
 
-#include <algorithm> // std::min
-#include <charconv>  // std::from_chars
-#include <new>       // placement new
-#include <utility>   // std::as_const, std::move
+#include <charconv> // std::from_chars
+#include <utility>  // std::as_const, std::move
 
 namespace specloom::jv {
-
-namespace {
-constexpr std::size_t firstSlab = 256; // values
-constexpr std::size_t largestSlab = 16384;
-} // namespace
 
 JVDocument::JVDocument() {
     KeyPool::instance().acquire();
@@ -25,23 +18,22 @@ JVDocument::JVDocument() {
 JVDocument::~JVDocument() {
     replaceRoot(nullptr);
     // One sweep instead of a walk: what values in slabs own is freed wherever they stand in the tree.
+    if (!slabs_.empty())
+        slabs_.back().end = nextInSlab_;
     for (const Slab& slab : slabs_) {
-        auto* values = reinterpret_cast<JV*>(slab.memory.get());
-        for (std::size_t i = 0; i < slab.count; ++i)
-            values[i].dropContent();
+        for (JV* value = reinterpret_cast<JV*>(slab.memory.get()); value != slab.end; ++value)
+            value->dropContent();
     }
     KeyPool::instance().release();
 }
 
-JV* JVDocument::newSlabValue() {
-    if (slabs_.empty() || slabs_.back().count == slabCapacity_) {
-        slabCapacity_ = slabs_.empty() ? firstSlab : std::min(slabCapacity_ * 2, largestSlab);
-        slabs_.push_back({std::make_unique_for_overwrite<std::byte[]>(slabCapacity_ * sizeof(JV)), 0});
-    }
-    Slab& slab = slabs_.back();
-    JV* value = new (slab.memory.get() + slab.count++ * sizeof(JV)) JV;
-    value->flags_ = JV::inSlab;
-    return value;
+void JVDocument::addSlab() {
+    if (!slabs_.empty())
+        slabs_.back().end = nextInSlab_;
+    const std::size_t bytes = slabSizes_.next();
+    slabs_.push_back({allocateChunk(bytes), nullptr});
+    nextInSlab_ = reinterpret_cast<JV*>(slabs_.back().memory.get());
+    endOfSlab_ = nextInSlab_ + bytes / sizeof(JV);
 }
 
 // ---- root and index

@@ -2,9 +2,10 @@
 
 #include "jv/jv.h"
 
-#include <cstddef>       // std::byte, std::size_t
+#include <cstddef>       // std::size_t
 #include <cstdint>       // std::int32_t, std::uint32_t
 #include <memory>        // std::unique_ptr
+#include <new>           // placement new
 #include <span>          // std::span
 #include <string_view>   // std::string_view
 #include <unordered_map> // std::unordered_map
@@ -73,7 +74,12 @@ class JVDocument {
 
     /// Bytes of the text that the document was read from; 0 for one that was built in code.
     [[nodiscard]] std::size_t sourceSize() const noexcept { return sourceSize_; }
-    void setSourceSize(std::size_t bytes) noexcept { sourceSize_ = bytes; }
+    /// Also lets what is read from now on come in larger pieces of memory, if so many bytes are to be read.
+    void setSourceSize(std::size_t bytes) noexcept {
+        sourceSize_ = bytes;
+        slabSizes_.expect(bytes);
+        arena_.expect(bytes);
+    }
 
   private:
     friend class TreeBuilder;
@@ -86,7 +92,14 @@ class JVDocument {
     }
 
     /// A new value in a slab; it belongs to the document until the document ends.
-    [[nodiscard]] JV* newSlabValue();
+    [[nodiscard]] JV* newSlabValue() {
+        if (nextInSlab_ == endOfSlab_)
+            addSlab();
+        JV* value = new (nextInSlab_++) JV;
+        value->flags_ = JV::inSlab;
+        return value;
+    }
+    void addSlab();
     void replaceRoot(JV* root) noexcept;
     [[nodiscard]] bool reorderInPlace(JV* object, std::span<const std::string_view> keys);
     [[nodiscard]] KeyOrder& explicitOrderOf(JV* object);
@@ -94,13 +107,15 @@ class JVDocument {
     [[nodiscard]] static const JV* childAt(const JV& parent, std::uint32_t slot);
 
     struct Slab {
-        std::unique_ptr<std::byte[]> memory;
-        std::size_t count;
+        Chunk memory;
+        JV* end; ///< of its values; for the last slab nextInSlab_ tells
     };
 
     JV* root_ = nullptr;
     std::vector<Slab> slabs_;
-    std::size_t slabCapacity_ = 0;                   ///< values in the last slab
+    ChunkSizes slabSizes_;
+    JV* nextInSlab_ = nullptr;
+    JV* endOfSlab_ = nullptr;
     Arena arena_;                                    ///< blocks of containers and texts of values in slabs
     std::unordered_map<const JV*, KeyOrder> orders_; ///< where the order of the entries does not say it all
     std::size_t sourceSize_ = 0;

@@ -84,7 +84,7 @@ Key* KeyPool::intern(std::string_view text) {
     Slot& slot = slots_[probe(text, hash)];
     if (slot.key == nullptr) {
         void* memory = arena_.allocate(sizeof(Key) + text.size());
-        slot.key = new (memory) Key{keyPrefix(text), static_cast<std::uint32_t>(text.size()), 0};
+        slot.key = new (memory) Key{keyPrefix(text), static_cast<std::uint32_t>(text.size()), 0, nullptr};
         if (!text.empty())
             std::memcpy(reinterpret_cast<char*>(slot.key + 1), text.data(), text.size());
         slot.hash = hash;

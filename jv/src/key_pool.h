@@ -15,6 +15,7 @@ struct Key {
     std::uint64_t prefix; ///< the first eight bytes, big-endian, padded with zeros: compares like the text
     std::uint32_t length; ///< bytes of the text
     std::uint32_t mark;   ///< scratch of KeyPool::nextMark()
+    Key* successor;       ///< the key that followed this one last; scratch of KeyPool::internAfter()
 
     [[nodiscard]] const char* data() const noexcept { return reinterpret_cast<const char*>(this + 1); }
     [[nodiscard]] std::string_view text() const noexcept { return {data(), length}; }
@@ -41,6 +42,15 @@ class KeyPool {
 
     /// The key of this text, made when it is new. Throws std::length_error for 4 GiB and more.
     Key* intern(std::string_view text);
+    /// The same, faster where keys follow each other as they did before: objects of one kind do.
+    /// `previous` is the key before this one, or null.
+    Key* internAfter(Key* previous, std::string_view text) {
+        if (previous == nullptr)
+            return intern(text);
+        if (previous->successor == nullptr || previous->successor->text() != text)
+            previous->successor = intern(text);
+        return previous->successor;
+    }
     /// The key of this text, or null when no object of the process has ever had it.
     [[nodiscard]] Key* find(std::string_view text) const noexcept;
 

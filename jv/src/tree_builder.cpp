@@ -120,10 +120,10 @@ void TreeBuilder::closeObject(const Frame& frame) {
 }
 
 /// Whether each key of the object came once and has a value.
-bool TreeBuilder::isPlainObject(const Frame& frame) const {
+bool TreeBuilder::isPlainObject(const Frame& frame) {
     if (!frame.orderTold)
         return false;
-    const std::uint32_t mark = KeyPool::instance().nextMark();
+    const std::uint32_t mark = keys_.nextMark();
     for (std::size_t i = frame.base; i < items_.size(); ++i) {
         // Keys are made by the pool and nobody else writes to them.
         auto* key = const_cast<Key*>(items_[i].key);
@@ -154,7 +154,7 @@ void TreeBuilder::settleMembers(const Frame& frame) {
             store(items_[i].key, items_[i].value);
     }
     while (!unlisted_.empty() && unlisted_.back().container == object) {
-        if (const Key* empty = KeyPool::instance().intern(""); !places.contains(empty))
+        if (const Key* empty = keys_.intern(""); !places.contains(empty))
             store(empty, unlisted_.back().value); // from the last one back: the last one counts
         unlisted_.pop_back();
     }

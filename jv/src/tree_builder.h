@@ -26,7 +26,8 @@ class TreeBuilder {
 
     /// Records a key of the open object.
     void addKey(std::string_view key) {
-        items_.push_back({KeyPool::instance().intern(key), nullptr});
+        lastKey_ = keys_.internAfter(lastKey_, key);
+        items_.push_back({lastKey_, nullptr});
         frames_.back().keyPending = true;
     }
     /// Says that the last key counts as none: the next value does not belong to it.
@@ -62,10 +63,12 @@ class TreeBuilder {
     void open(Kind kind, Pos pos);
     void closeArray(const Frame& frame);
     void closeObject(const Frame& frame);
-    [[nodiscard]] bool isPlainObject(const Frame& frame) const;
+    [[nodiscard]] bool isPlainObject(const Frame& frame);
     void settleMembers(const Frame& frame);
 
     std::unique_ptr<JVDocument> document_;
+    KeyPool& keys_ = KeyPool::instance();
+    Key* lastKey_ = nullptr;
     std::vector<Frame> frames_;
     std::vector<JV::Entry> items_; ///< children of the open containers, the innermost last
     struct Unlisted {

@@ -55,7 +55,7 @@ class BigContext {
     Reallocate reallocate_ = nullptr;
     void* opaque_ = nullptr;
     std::size_t live_ = 0;
-    // A list of nodes, so that growing it moves no power that is in use.
+    // A map, so that one more power moves none that is in use.
     std::map<std::uint64_t, Natural> powers_;
 };
 

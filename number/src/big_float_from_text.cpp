@@ -2,6 +2,7 @@
 #include "number/radix.h"
 
 #include <algorithm> // std::min
+#include <limits>    // std::numeric_limits
 #include <vector>    // std::vector
 
 namespace specloom::number {
@@ -194,28 +195,34 @@ bool convertPrefix(BigFloat& r, Status& status, const TextNumber& number, std::s
     return true;
 }
 
-/// More digits than a number of `prec` + 1 bits near `position` digits before the point can have: what lies
-/// behind them matters only as being there.
-std::uint64_t mostDigits(Precision prec, std::int64_t position) {
-    return std::uint64_t{prec} + 8 + 3 * static_cast<std::uint64_t>(position < 0 ? -position : position);
+/// More digits than a number of `prec` + 1 bits with its leading digit `places` from the point can have: what
+/// lies behind them matters only as being there. In an odd radix a half has no end, so that there is no such
+/// count.
+std::uint64_t mostDigits(unsigned radix, Precision prec, std::uint64_t places) {
+    if (radix % 2 != 0)
+        return std::numeric_limits<std::uint64_t>::max();
+    return std::uint64_t{prec} + 8 + 3 * places;
 }
 
 /// Long digit strings are cut to what can make a difference, so that the time does not grow with their
 /// square.
-Status convertDecimal(BigFloat& r, TextNumber number, Precision prec, Flags flags) {
+Status convertDigits(BigFloat& r, TextNumber number, Precision prec, Flags flags) {
     const auto size = static_cast<std::int64_t>(number.digits.size());
-    // The value is below radix^position and not below a radix-th of it.
+    // The value is below radix^position and not below a radix-th of it, so that its exponent is about this
+    // many bits from zero.
     const std::int64_t position = size + number.scale;
-    constexpr std::int64_t far = std::int64_t{1} << 32;
-    if (position > far || position < -far)
+    const auto places = static_cast<std::uint64_t>(position < 0 ? -position : position);
+    constexpr std::uint64_t farthest = std::uint64_t{1} << 32;
+    constexpr std::uint64_t rangeBits = std::uint64_t{1} << 31;
+    if (places > farthest || digitsToBits(places, number.radix, Bound::Lower) > rangeBits + 64)
         return outOfRange(r, number.sign, position > 0 ? exponentLimit : -exponentLimit, prec, flags);
     if (prec == exactPrecision)
         return convert(r, number, digitsToNatural(number.digits, number.radix), number.scale, prec, flags);
 
-    const std::uint64_t enough = std::min<std::uint64_t>(number.digits.size(), mostDigits(prec, position));
-    // Near the end of all exponents the bounds could be rounded by the range and not by the precision.
-    constexpr std::int64_t certain = std::int64_t{1} << 28;
-    if (position > -certain && position < certain) {
+    const std::uint64_t enough =
+        std::min<std::uint64_t>(number.digits.size(), mostDigits(number.radix, prec, places));
+    // At the very end of all exponents the bounds could be rounded by the range and not by the precision.
+    if (digitsToBits(places, number.radix, Bound::Upper) + prec + 64 < rangeBits) {
         Status status = 0;
         auto count = static_cast<std::size_t>(bitsToDigits(prec, number.radix, Bound::Upper)) + 20;
         for (; count < enough; count *= 4)
@@ -245,7 +252,7 @@ Status convertText(BigFloat& r, TextNumber number, Precision prec, Flags flags) 
     }
     const unsigned bits = bitsPerDigit(number.radix);
     if (bits == 0)
-        return convertDecimal(r, std::move(number), prec, flags);
+        return convertDigits(r, std::move(number), prec, flags);
     return BigFloatMath::fromNatural(r, number.sign, digitsToNatural(number.digits, number.radix),
                                      number.scale * bits + number.binaryScale, prec, flags);
 }

@@ -69,10 +69,11 @@ bool halfOrMore(const std::string& digits, std::size_t from, unsigned radix) {
     return from < digits.size() && digitValue(digits[from]) > middle;
 }
 
-/// `digits` rounded to its first `count` digits; the place moves when a carry comes out at the top.
-TextDigits shortened(const TextDigits& digits, std::size_t count, unsigned radix) {
+/// `digits` cut to the first `count`, or the next number of so many digits above that; the place moves when a
+/// carry comes out at the top.
+TextDigits shortened(const TextDigits& digits, std::size_t count, bool up, unsigned radix) {
     TextDigits result{digits.digits.substr(0, count), digits.place};
-    if (!halfOrMore(digits.digits, count, radix))
+    if (!up)
         return result;
     const char last = radix <= 10 ? static_cast<char>('0' + radix - 1) : static_cast<char>('a' + radix - 11);
     while (!result.digits.empty() && result.digits.back() == last)
@@ -94,31 +95,74 @@ bool readsBack(const TextDigits& digits, const BigFloat& value, unsigned radix, 
     return BigFloat::compareMagnitude(read, value) == 0;
 }
 
-/// The fewest digits that read back to `value` at `prec` bits. `enough` digits always do; the number of
-/// digits that it takes is found by halving, as whatever reads back does so with more digits too.
-TextDigits fewestDigits(const BigFloat& value, unsigned radix, Precision prec, std::uint32_t enough) {
-    const TextDigits all = leadingDigits(value, radix, enough, roundNearestEven);
-    // A value that was read from a short text shows it: but for the last few, its digits end in zeros, or in
-    // what rounds to zeros. Then two looks are enough.
-    TextDigits rough = shortened(all, std::max<std::size_t>(enough, 5) - 4, radix);
-    removeTrailingZeros(rough.digits);
-    std::size_t guess = rough.digits.size();
-    TextDigits best = all;
-    std::size_t tooFew = 0;
-    for (std::size_t sufficient = enough; sufficient - tooFew > 1;) {
-        const bool usable = guess > tooFew && guess < sufficient;
-        const std::size_t count = usable ? guess : tooFew + (sufficient - tooFew) / 2;
-        TextDigits candidate = shortened(all, count, radix);
-        if (readsBack(candidate, value, radix, prec)) {
-            best = std::move(candidate);
-            sufficient = count;
-            guess = count - 1;
-        } else {
-            tooFew = count;
-        }
-    }
-    return best;
+bool isPowerOfTwo(const BigFloat& value) {
+    return value.limbs().size() == 1 && value.limbs()[0] == 0x80000000;
 }
+
+/// Shorter and shorter texts for a value.
+class Shortener {
+  public:
+    /// With `enough` digits the nearest text always reads back.
+    Shortener(const BigFloat& value, unsigned radix, Precision prec, std::uint32_t enough)
+        : value_(value), radix_(radix), prec_(prec), enough_(enough),
+          // Below a power of two the next value is only half as far as above, and in an odd radix the digits
+          // at hand may not show on which side of the half they are: there, both neighbours have to be looked
+          // at.
+          bothSides_(radix % 2 != 0 || isPowerOfTwo(value)),
+          // Cut and not rounded: a second rounding could go wrong by the first one.
+          all_(leadingDigits(value, radix, enough + 1, roundTowardZero)) {}
+
+    /// The fewest digits that read back to the value. Their number is found by halving, as whatever reads
+    /// back does so with more digits too.
+    [[nodiscard]] TextDigits fewest() const {
+        // A value that was read from a short text shows it: but for the last few, its digits end in zeros, or
+        // in what rounds to zeros. Then two looks are enough.
+        TextDigits rough = nearest(std::max<std::size_t>(enough_, 5) - 4);
+        removeTrailingZeros(rough.digits);
+        std::size_t guess = rough.digits.size();
+        TextDigits best = nearest(enough_);
+        if (bothSides_)
+            tryWith(enough_, best);
+        std::size_t tooFew = 0;
+        for (std::size_t sufficient = enough_; sufficient - tooFew > 1;) {
+            const bool usable = guess > tooFew && guess < sufficient;
+            const std::size_t count = usable ? guess : tooFew + (sufficient - tooFew) / 2;
+            if (tryWith(count, best)) {
+                sufficient = count;
+                guess = count - 1;
+            } else {
+                tooFew = count;
+            }
+        }
+        return best;
+    }
+
+  private:
+    [[nodiscard]] bool roundsUp(std::size_t count) const { return halfOrMore(all_.digits, count, radix_); }
+    [[nodiscard]] TextDigits nearest(std::size_t count) const {
+        return shortened(all_, count, roundsUp(count), radix_);
+    }
+
+    /// Whether `count` digits do; `best` is them then, and as it was otherwise.
+    bool tryWith(std::size_t count, TextDigits& best) const {
+        TextDigits candidate = nearest(count);
+        bool good = readsBack(candidate, value_, radix_, prec_);
+        if (!good && bothSides_) {
+            candidate = shortened(all_, count, !roundsUp(count), radix_);
+            good = readsBack(candidate, value_, radix_, prec_);
+        }
+        if (good)
+            best = std::move(candidate);
+        return good;
+    }
+
+    const BigFloat& value_;
+    unsigned radix_;
+    Precision prec_;
+    std::uint32_t enough_;
+    bool bothSides_;
+    TextDigits all_;
+};
 
 void appendExponent(std::string& out, std::int64_t place, unsigned radix, Flags flags) {
     const unsigned bits = bitsPerDigit(radix);
@@ -196,7 +240,7 @@ void BigFloat::toText(std::string& out, const BigFloat& value, unsigned radix, s
         if (value.isZero())
             number.digits += '0';
         else if (format == minimalDigits)
-            number = fewestDigits(value, radix, prec, enough);
+            number = Shortener(value, radix, prec, enough).fewest();
         else
             number = leadingDigits(value, radix, enough, roundNearestEven);
         removeTrailingZeros(number.digits);

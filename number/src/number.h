@@ -46,6 +46,8 @@ class Number {
           content_(static_cast<std::uint64_t>(value)) {}
     Number(double value) noexcept : kind_(NumberKind::Float), content_(std::bit_cast<std::uint64_t>(value)) {}
     explicit Number(BigFloat value);
+    /// A truth value is no number, though it would convert to one.
+    Number(bool) = delete;
 
     Number(const Number& other) : kind_(other.kind_), content_(std::uint64_t{0}) {
         if (kind_ == NumberKind::Big)
@@ -126,8 +128,9 @@ class Number {
     /// Equal machine numbers hash alike, whichever their kinds; a float hashes as its integral part.
     [[nodiscard]] std::uint64_t hash() const;
 
-    /// Whether there is no fraction. A big number is judged by its text of 101 digits: one that has a point
-    /// in it is no integer, and that includes an integer of more digits written as 1.5e+200.
+    /// Whether there is no fraction. A big number is judged by its text of 101 digits alone: one that has a
+    /// point in it is no integer, which includes 1.5e+200, and one that has none is an integer, which
+    /// includes 1e-999.
     [[nodiscard]] bool isInteger() const;
     /// Not for big numbers.
     [[nodiscard]] bool isNaN() const;

@@ -29,6 +29,7 @@ std::optional<Number> convert(const char* begin, const char* end) {
 std::optional<Number> convertFloat(const NumberLiteral& literal, const char* begin, const char* end) {
     double value = 0;
     const auto [stopped, error] = std::from_chars(begin, end, value);
+    // Whether a result of zero comes with an error is a matter of the library.
     const bool outOfRange = error == std::errc::result_out_of_range || std::isinf(value) || value == 0;
     if (outOfRange && hasNonZeroDigit(literal))
         return std::nullopt;
