@@ -189,7 +189,10 @@ class JV {
     /// What is known of the byte-wise order of an object's entries.
     enum class Order : std::uint8_t { Unknown, Natural, Permuted };
 
+    /// Empty braces make all of it zero, because they initialise the first member: an empty container has no
+    /// block.
     union Payload {
+        char shortText[16];
         bool boolean;
         std::int64_t signedInteger;
         std::uint64_t unsignedInteger;
@@ -200,7 +203,6 @@ class JV {
             std::uint32_t length;
             std::uint32_t capacity;
         } text;
-        char shortText[16];
         struct {
             JV** items;
             std::uint32_t count;
