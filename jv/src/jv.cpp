@@ -182,7 +182,7 @@ void JV::dropContent() noexcept {
 
 void JV::become(Kind kind) noexcept {
     dropContent();
-    lower(inlineText | sourceOrdered | explicitOrder);
+    lower(inlineText | sourceOrdered | explicitOrder | plainScalar);
     kind_ = kind;
     detail_ = 0;
     payload_ = Payload{};

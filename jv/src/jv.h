@@ -75,6 +75,10 @@ class JV {
     [[nodiscard]] number::Number number() const;
     /// UTF-8 bytes, good until the value changes.
     [[nodiscard]] std::string_view text() const;
+    /// Whether this is a string that stood in YAML without quotes. Other readers may take it for something
+    /// else
+    /// ("~", 2001-12-14, an empty value), and so it is written without quotes again.
+    [[nodiscard]] bool isPlainScalar() const noexcept { return is(plainScalar); }
     [[nodiscard]] std::span<const JV* const> elements() const;
     [[nodiscard]] std::span<JV* const> elements();
     /// The members of an object in byte-wise order of their keys.
@@ -179,6 +183,7 @@ class JV {
         inlineText = 8, ///< the text lies in the payload itself
         sourceOrdered = 16, ///< the first entries stand in source order
         explicitOrder = 32, ///< the document has a key order for this object in its side table
+        plainScalar = 64,   ///< isPlainScalar()
     };
 
     /// What is known of the byte-wise order of an object's entries.

@@ -28,6 +28,16 @@ void TreeBuilder::addNumber(const number::Number& value, Pos pos) {
 }
 
 void TreeBuilder::addString(std::string_view value, Pos pos) {
+    add(newString(value, pos));
+}
+
+void TreeBuilder::addPlainString(std::string_view value, Pos pos) {
+    JV* added = newString(value, pos);
+    added->raise(JV::plainScalar);
+    add(added);
+}
+
+JV* TreeBuilder::newString(std::string_view value, Pos pos) {
     JV* added = newValue(pos);
     if (value.size() <= sizeof added->payload_.shortText) {
         added->kind_ = Kind::String;
@@ -42,7 +52,7 @@ void TreeBuilder::addString(std::string_view value, Pos pos) {
         added->payload_.text = {document_->arena_.copyText(value), static_cast<std::uint32_t>(value.size()),
                                 0};
     }
-    add(added);
+    return added;
 }
 
 void TreeBuilder::add(JV* value) {

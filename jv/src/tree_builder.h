@@ -37,6 +37,8 @@ class TreeBuilder {
     void addBoolean(bool value, Pos pos);
     void addNumber(const number::Number& value, Pos pos);
     void addString(std::string_view value, Pos pos);
+    /// A string with JV::isPlainScalar().
+    void addPlainString(std::string_view value, Pos pos);
     void startArray(Pos pos) { open(Kind::Array, pos); }
     void startObject(Pos pos) { open(Kind::Object, pos); }
     /// Closes the open container; there must be one.
@@ -58,6 +60,7 @@ class TreeBuilder {
         value->pos_ = pos;
         return value;
     }
+    [[nodiscard]] JV* newString(std::string_view value, Pos pos);
     void add(JV* value);
     void addUnderEmptyKey(JV* value);
     void open(Kind kind, Pos pos);

@@ -1,5 +1,7 @@
 #include "jv/yaml_quoting.h"
 
+#include "jv/yaml_implicit_types.h"
+
 #include <algorithm> // std::max
 #include <cstdint>   // std::uint8_t
 
@@ -15,26 +17,33 @@ namespace {
     return text.size() != all.size();
 }
 
-/// An optional sign, digits, optionally "." and digits, and nothing else. Written by hand, because the
-/// matcher of the standard library recurses with its input. The exponent form is deliberately not part of it.
-[[nodiscard]] bool isDecimal(std::string_view text) noexcept {
+/// Drops an optional sign, digits, and optionally "." and digits; false when they are not there.
+[[nodiscard]] bool skipDecimal(std::string_view& text) noexcept {
     if (text.starts_with('+') || text.starts_with('-'))
         text.remove_prefix(1);
     if (!skipDigits(text))
         return false;
-    if (text.empty())
+    if (!text.starts_with('.'))
         return true;
-    if (text.front() != '.')
+    text.remove_prefix(1);
+    return skipDigits(text);
+}
+
+[[nodiscard]] bool isExponentForm(std::string_view text) noexcept {
+    if (!skipDecimal(text) || !(text.starts_with('e') || text.starts_with('E')))
         return false;
     text.remove_prefix(1);
+    if (text.starts_with('+') || text.starts_with('-'))
+        text.remove_prefix(1);
     return skipDigits(text) && text.empty();
 }
 
 } // namespace
 
 bool needsDoubleQuotes(std::string_view text) noexcept {
-    return text.empty() || text == "null" || text == "true" || text == "false" || text.front() == '#' ||
-           text.front() == '*' || isDecimal(text);
+    if (text.empty() || text.front() == '#' || text.front() == '*')
+        return true;
+    return hasImplicitType(text) && !isExponentForm(text);
 }
 
 bool hasForbiddenCodePoint(std::string_view text) noexcept {

@@ -129,17 +129,24 @@ class StreamReader {
         } else if (scalar.quoted_implicit != 0) {
             builder_->addString(text, Pos{});
         } else {
-            addPlain(text);
+            addByText(text, isPlain(scalar));
         }
     }
 
-    void addPlain(std::string_view text) {
+    /// Without quotes and without a tag, which for other readers would decide the kind.
+    [[nodiscard]] static bool isPlain(const decltype(yaml_event_t::data.scalar)& scalar) noexcept {
+        return scalar.style == YAML_PLAIN_SCALAR_STYLE && scalar.tag == nullptr;
+    }
+
+    void addByText(std::string_view text, bool plain) {
         if (text == "null")
             builder_->addNull(Pos{});
         else if (text == "true" || text == "false")
             builder_->addBoolean(text == "true", Pos{});
         else if (const std::optional<number::Number> number = number::Number::tryParse(text))
             builder_->addNumber(*number, Pos{});
+        else if (plain)
+            builder_->addPlainString(text, Pos{});
         else
             builder_->addString(text, Pos{});
     }

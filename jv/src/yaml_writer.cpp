@@ -142,13 +142,9 @@ class TreeEmitter {
         case Kind::Number:
             emitter_.number(value.number());
             break;
-        case Kind::String: {
-            const std::string_view text = value.text();
-            const auto style =
-                needsDoubleQuotes(text) ? YAML_DOUBLE_QUOTED_SCALAR_STYLE : YAML_ANY_SCALAR_STYLE;
-            emitter_.string(text, style);
+        case Kind::String:
+            emitter_.string(value.text(), styleOf(value));
             break;
-        }
         case Kind::Array:
             push(value);
             for (const JV* element : value.elements())
@@ -161,6 +157,14 @@ class TreeEmitter {
             emitter_.startObject();
             break;
         }
+    }
+
+    [[nodiscard]] static yaml_scalar_style_t styleOf(const JV& string) {
+        // Where it stood plain in the source, it stays what others took it for. Left free, libyaml would
+        // quote an empty one.
+        if (string.isPlainScalar())
+            return string.text().empty() ? YAML_PLAIN_SCALAR_STYLE : YAML_ANY_SCALAR_STYLE;
+        return needsDoubleQuotes(string.text()) ? YAML_DOUBLE_QUOTED_SCALAR_STYLE : YAML_ANY_SCALAR_STYLE;
     }
 
     void push(const JV& container) {

@@ -8,9 +8,10 @@
 
 namespace specloom::jv {
 
-/// Writes one document as YAML by way of libyaml's emitter, in UTF-8, without folding lines, and quotes
-/// strings so that readYAML() gives them back as strings. Two limits of readYAML() remain: a string in the
-/// exponent form of a number ("1e5") is left plain and comes back as a number, and an empty key is no key.
+/// Writes one document as YAML by way of libyaml's emitter, in UTF-8, without folding lines. A string is
+/// quoted when a plain scalar of its text would be something else for readYAML() or for other readers, unless
+/// it was such a scalar in its source. Two limits of readYAML() remain: a string in the exponent form of a
+/// number ("1e5") is left plain and comes back as a number, and an empty key is no key.
 class YAMLWriter {
   public:
     /// Without one, the order is JVDocument::orderedMembers().

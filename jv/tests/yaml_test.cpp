@@ -121,17 +121,20 @@ TEST(YamlWriter, QuotesWhatWouldReadBackAsAnotherKind) {
         {R"("+1.50")", "\"+1.50\""},
         {R"("1.5.1")", "1.5.1"},
         {R"("1e5")", "1e5"},
-        {R"("1.")", "1."},
-        {R"(".5")", ".5"},
         {R"("")", "\"\""},
         {R"("null")", "\"null\""},
         {R"("true")", "\"true\""},
         {R"("false")", "\"false\""},
-        {R"("~")", "~"},
-        {R"("yes")", "yes"},
         {R"("#a")", "\"#a\""},
         {R"("*a")", "\"*a\""},
-        {R"("2019-01-01")", "2019-01-01"},
+        {R"("1e+5")", "1e+5"},
+        {R"("2019-1-1-1")", "2019-1-1-1"},
+        {R"("yes, but")", "yes, but"},
+        {R"("12:3:x")", "12:3:x"},
+        {R"("0xg")", "0xg"},
+        {R"(".infinite")", ".infinite"},
+        {R"("1e")", "1e"},
+        {R"("-")", "'-'"}, // libyaml's choice
         {"123456789012345678901234567890", "123456789012345678901234567890"},
         {"0.000011726012417057063", "0.000011726012417057063"},
         {"18446744073709551616", "18446744073709551616"},
@@ -143,6 +146,75 @@ TEST(YamlWriter, QuotesWhatWouldReadBackAsAnotherKind) {
         EXPECT_EQ(toYAML(*parseJSON("[" + std::string(test.json) + "]")),
                   "- " + std::string(test.yaml) + "\n");
     }
+}
+
+/// Other readers know more spellings than ours; theirs count too.
+TEST(YamlWriter, QuotesWhatOtherReadersWouldTakeForAnotherKind) {
+    for (const char* text : {"~",
+                             "Null",
+                             "NULL",
+                             "True",
+                             "FALSE",
+                             "yes",
+                             "No",
+                             "ON",
+                             "off",
+                             "y",
+                             "N",
+                             "=",
+                             "<<",
+                             "1.",
+                             ".5",
+                             "-.5",
+                             "+.5e3",
+                             "1.e3",
+                             ".5E-3",
+                             "1_000",
+                             "1_0.5",
+                             "0x1F",
+                             "-0x1_f",
+                             "0o17",
+                             "0b1010",
+                             "007",
+                             ".inf",
+                             "-.INF",
+                             ".nan",
+                             "12:30",
+                             "-1:2:3",
+                             "12:30:45.5",
+                             "2001-12-14",
+                             "2001-1-1",
+                             "2001-12-14T21:59:43.10-05:00",
+                             "2001-12-14 21:59:43Z",
+                             "2001-12-14t1:59:43 +1"}) {
+        SCOPED_TRACE(text);
+        JVDocument document;
+        document.makeRoot(Kind::Array)->appendString(text);
+        const std::string quoted = "- \"" + std::string(text) + "\"\n";
+        EXPECT_EQ(toYAML(document), quoted);
+        EXPECT_EQ(toYAML(*parseYAML(quoted)), quoted);
+    }
+}
+
+TEST(YamlWriter, LeavesPlainWhatWasPlain) {
+    const std::string text = "a:\n"
+                             "b: ~\n"
+                             "c: True\n"
+                             "d: 2001-12-14\n"
+                             "e: 0x1F\n"
+                             "f:\n"
+                             "- yes\n"
+                             "-\n"
+                             "- g:\n"
+                             "  h: \"\"\n";
+    const auto document = parseYAML(text);
+    EXPECT_EQ(toYAML(*document), text);
+    EXPECT_TRUE(document->lookup("/a")->isPlainScalar());
+    EXPECT_FALSE(document->lookup("/f/2/h")->isPlainScalar());
+    EXPECT_EQ(toYAML(*parseYAML("- !!str ~")), "- \"~\"\n") << "a tag makes it a string for all";
+    JV* value = document->lookup("/b");
+    value->setString("~");
+    EXPECT_FALSE(value->isPlainScalar()) << "what is set in code was not plain";
 }
 
 TEST(YamlWriter, RefusesWhatCannotBeReadBack) {

@@ -17,16 +17,14 @@ using DifferenceCounts = std::map<std::string, int>;
 
 /// The classes, each with its reason:
 ///
-///   "empty plain scalar is text"     An empty value in YAML is a null for the judge, for our reader an empty
-///   string. "capital boolean is left plain"  The string "True" is written without quotes: our reader takes
-///   only "true" and
-///                                    "false" for booleans, the judge all spellings of the core schema.
-///   "exponent form is left plain"    The string "1e5" is written without quotes and is a number then, also
-///   for our
-///                                    reader.
-///   "judge drops a line feed"        Of several line feeds at the end of a quoted scalar yaml-cpp drops one.
-///   The
-///                                    test Judge.DropsALineFeed shows it.
+///   "empty plain scalar is text": an empty value in YAML is a null for the judge and an empty string for our
+///   reader, which shows when it is written as JSON.
+///
+///   "exponent form is left plain": the string "1e5" is written without quotes and is a number then, also for
+///   our reader.
+///
+///   "judge drops a line feed": of several line feeds at the end of a quoted scalar yaml-cpp drops one. The
+///   test Judge.DropsALineFeed shows it.
 ///
 /// "" for a difference of none of these classes, which is a fault.
 [[nodiscard]] std::string classOf(const test_support::Difference& difference);
