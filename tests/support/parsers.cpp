@@ -235,8 +235,10 @@ class TreeMaker {
             break;
         }
         Tree object{Tree::Kind::Object, {}, {}, {}};
-        for (const jv::Member& member : document_.orderedMembers(&value))
-            object.members.emplace_back(member.key, make(*member.value));
+        for (const jv::Member& member : document_.orderedMembers(&value)) {
+            object.keys.emplace_back(member.key);
+            object.elements.push_back(make(*member.value));
+        }
         return object;
     }
 

@@ -2,7 +2,7 @@
 
 #include "test_support/exact_decimal.h"
 
-#include <algorithm>     // std::find_if
+#include <algorithm>     // std::find
 #include <unordered_map> // std::unordered_map
 
 namespace specloom::test_support {
@@ -10,19 +10,6 @@ namespace specloom::test_support {
 namespace {
 
 constexpr const char* kindNames[] = {"null", "boolean", "number", "string", "array", "object"};
-
-[[nodiscard]] std::string escaped(std::string_view key) {
-    std::string out;
-    for (const char c : key) {
-        if (c == '~')
-            out += "~0";
-        else if (c == '/')
-            out += "~1";
-        else
-            out += c;
-    }
-    return out;
-}
 
 /// Recursive: it looks at documents whose nesting is known to be shallow.
 class Comparison {
@@ -68,18 +55,18 @@ class Comparison {
             return;
         }
         for (std::size_t i = 0; i < expected.elements.size(); ++i)
-            compare(pointer + "/" + std::to_string(i), expected.elements[i], actual.elements[i]);
+            compare(childPointer(pointer, expected, i), expected.elements[i], actual.elements[i]);
     }
 
     void compareMembers(const std::string& pointer, const Tree& expected, const Tree& actual) {
-        if (expected.members.size() != actual.members.size())
-            add(pointer, expected, actual, std::to_string(expected.members.size()) + " members",
-                std::to_string(actual.members.size()) + " members");
+        if (expected.keys.size() != actual.keys.size())
+            add(pointer, expected, actual, std::to_string(expected.keys.size()) + " members",
+                std::to_string(actual.keys.size()) + " members");
         std::unordered_map<std::string_view, std::size_t> places;
-        for (std::size_t i = 0; i < actual.members.size(); ++i)
-            places.emplace(actual.members[i].first, i);
-        for (std::size_t i = 0; i < expected.members.size(); ++i) {
-            const auto& [key, value] = expected.members[i];
+        for (std::size_t i = 0; i < actual.keys.size(); ++i)
+            places.emplace(actual.keys[i], i);
+        for (std::size_t i = 0; i < expected.keys.size(); ++i) {
+            const std::string& key = expected.keys[i];
             const auto place = places.find(key);
             if (place == places.end())
                 add(pointer, expected, actual, "member " + key, "no such member");
@@ -87,7 +74,8 @@ class Comparison {
                 add(pointer, expected, actual, "member " + key + " at " + std::to_string(i),
                     "at " + std::to_string(place->second));
             else
-                compare(pointer + "/" + escaped(key), value, actual.members[place->second].second);
+                compare(childPointer(pointer, expected, i), expected.elements[i],
+                        actual.elements[place->second]);
         }
     }
 
@@ -98,11 +86,27 @@ class Comparison {
 } // namespace
 
 void Tree::set(std::string key, Tree value) {
-    const auto same = [&](const auto& member) { return member.first == key; };
-    if (const auto found = std::find_if(members.begin(), members.end(), same); found != members.end())
-        found->second = std::move(value);
-    else
-        members.emplace_back(std::move(key), std::move(value));
+    if (const auto found = std::find(keys.begin(), keys.end(), key); found != keys.end()) {
+        elements[static_cast<std::size_t>(found - keys.begin())] = std::move(value);
+    } else {
+        keys.push_back(std::move(key));
+        elements.push_back(std::move(value));
+    }
+}
+
+std::string childPointer(const std::string& pointer, const Tree& parent, std::size_t index) {
+    if (parent.kind == Tree::Kind::Array)
+        return pointer + "/" + std::to_string(index);
+    std::string child = pointer + "/";
+    for (const char c : parent.keys[index]) {
+        if (c == '~')
+            child += "~0";
+        else if (c == '/')
+            child += "~1";
+        else
+            child += c;
+    }
+    return child;
 }
 
 std::vector<Difference> differences(const Tree& expected, const Tree& actual, KeyOrder order) {

@@ -1,9 +1,9 @@
 #pragma once
 
+#include <cstddef>     // std::size_t
 #include <cstdint>     // std::uint8_t
 #include <string>      // std::string
 #include <string_view> // std::string_view
-#include <utility>     // std::pair
 #include <vector>      // std::vector
 
 namespace specloom::test_support {
@@ -13,14 +13,17 @@ struct Tree {
     enum class Kind : std::uint8_t { Null, Boolean, Number, String, Array, Object };
 
     Kind kind = Kind::Null;
-    std::string text; ///< of a scalar, as its source had it ("~" is a Null of that text)
-    std::vector<Tree> elements;
-    std::vector<std::pair<std::string, Tree>>
-        members; ///< each key once, at its first place with its last value
+    std::string text;           ///< of a scalar, as its source had it ("~" is a Null of that text)
+    std::vector<Tree> elements; ///< of an array, or the values of an object
+    /// Of an object: the key of each element. Each comes once, at its first place with its last value.
+    std::vector<std::string> keys;
 
     /// Stores a member; of a key that comes again the value is replaced.
     void set(std::string key, Tree value);
 };
+
+/// The JSON pointer of an element or member of `parent`, which stands at `pointer`.
+[[nodiscard]] std::string childPointer(const std::string& pointer, const Tree& parent, std::size_t index);
 
 /// Two values at one place of two documents that are not the same.
 struct Difference {
