@@ -30,6 +30,8 @@ class Emitter {
     Emitter& operator=(const Emitter&) = delete;
     ~Emitter() { yaml_emitter_delete(&emitter_); }
 
+    [[nodiscard]] bool isFlow() const noexcept { return flow_; }
+
     void startDocument() {
         emit(yaml_stream_start_event_initialize(&event_, YAML_UTF8_ENCODING), "stream start");
         emit(yaml_document_start_event_initialize(&event_, nullptr, nullptr, nullptr, 1), "stream start");
@@ -159,11 +161,13 @@ class TreeEmitter {
         }
     }
 
-    [[nodiscard]] static yaml_scalar_style_t styleOf(const JV& string) {
+    [[nodiscard]] yaml_scalar_style_t styleOf(const JV& string) const {
         // Where it stood plain in the source, it stays what others took it for. Left free, libyaml would
-        // quote an empty one.
-        if (string.isPlainScalar())
-            return string.text().empty() ? YAML_PLAIN_SCALAR_STYLE : YAML_ANY_SCALAR_STYLE;
+        // quote an empty one; in flow style it does so in any case, but in quotes of its own choice.
+        if (string.isPlainScalar() && !string.text().empty())
+            return YAML_ANY_SCALAR_STYLE;
+        if (string.isPlainScalar() && !emitter_.isFlow())
+            return YAML_PLAIN_SCALAR_STYLE;
         return needsDoubleQuotes(string.text()) ? YAML_DOUBLE_QUOTED_SCALAR_STYLE : YAML_ANY_SCALAR_STYLE;
     }
 
