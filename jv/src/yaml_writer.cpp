@@ -30,6 +30,8 @@ class Emitter {
     Emitter& operator=(const Emitter&) = delete;
     ~Emitter() { yaml_emitter_delete(&emitter_); }
 
+    [[nodiscard]] bool inFlowStyle() const noexcept { return flow_; }
+
     void startDocument() {
         emit(yaml_stream_start_event_initialize(&event_, YAML_UTF8_ENCODING), "stream start");
         emit(yaml_document_start_event_initialize(&event_, nullptr, nullptr, nullptr, 1), "stream start");
@@ -159,12 +161,14 @@ class TreeEmitter {
         }
     }
 
-    [[nodiscard]] static yaml_scalar_style_t styleOf(const JV& string) {
+    [[nodiscard]] yaml_scalar_style_t styleOf(const JV& string) const {
+        const std::string_view text = string.text();
         // Where it stood plain in the source, it stays what others took it for. Left free, libyaml would
-        // quote an empty one.
-        if (string.isPlainScalar())
-            return string.text().empty() ? YAML_PLAIN_SCALAR_STYLE : YAML_ANY_SCALAR_STYLE;
-        return needsDoubleQuotes(string.text()) ? YAML_DOUBLE_QUOTED_SCALAR_STYLE : YAML_ANY_SCALAR_STYLE;
+        // quote an empty one. In flow style it quotes that in any case, and a time too.
+        const bool canBePlain = !emitter_.inFlowStyle() || (!text.empty() && text.find(':') == text.npos);
+        if (string.isPlainScalar() && canBePlain)
+            return text.empty() ? YAML_PLAIN_SCALAR_STYLE : YAML_ANY_SCALAR_STYLE;
+        return needsDoubleQuotes(text) ? YAML_DOUBLE_QUOTED_SCALAR_STYLE : YAML_ANY_SCALAR_STYLE;
     }
 
     void push(const JV& container) {
