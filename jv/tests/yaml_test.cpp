@@ -212,6 +212,9 @@ TEST(YamlWriter, LeavesPlainWhatWasPlain) {
     EXPECT_TRUE(document->lookup("/a")->isPlainScalar());
     EXPECT_FALSE(document->lookup("/f/2/h")->isPlainScalar());
     EXPECT_EQ(toYAML(*parseYAML("- !!str ~")), "- \"~\"\n") << "a tag makes it a string for all";
+    const std::string flow = "{a: \"\", b: [~, \"\"]}\n";
+    EXPECT_EQ(toYAML(*parseYAML("a:\nb:\n- ~\n-\n"), 0), flow) << "flow style has no empty plain scalars";
+    EXPECT_EQ(toYAML(*parseYAML(flow), 0), flow);
     JV* value = document->lookup("/b");
     value->setString("~");
     EXPECT_FALSE(value->isPlainScalar()) << "what is set in code was not plain";
