@@ -6,6 +6,16 @@
 
 namespace specloom::bench {
 
+namespace {
+
+[[nodiscard]] yaml_scalar_style_t styleOf(const jv::JV& string) {
+    if (string.isPlainScalar())
+        return string.text().empty() ? YAML_PLAIN_SCALAR_STYLE : YAML_ANY_SCALAR_STYLE;
+    return jv::needsDoubleQuotes(string.text()) ? YAML_DOUBLE_QUOTED_SCALAR_STYLE : YAML_ANY_SCALAR_STYLE;
+}
+
+} // namespace
+
 EventRecording::EventRecording(const jv::JVDocument& document) {
     struct Step {
         const jv::JV* value;
@@ -50,12 +60,9 @@ void EventRecording::record(const jv::JV& value) {
         events_.push_back(
             {YAML_SCALAR_EVENT, YAML_PLAIN_SCALAR_STYLE, numbers_.emplace_back(value.number().toString())});
         break;
-    case jv::Kind::String: {
-        const bool quotes = jv::needsDoubleQuotes(value.text());
-        events_.push_back({YAML_SCALAR_EVENT,
-                           quotes ? YAML_DOUBLE_QUOTED_SCALAR_STYLE : YAML_ANY_SCALAR_STYLE, value.text()});
+    case jv::Kind::String:
+        events_.push_back({YAML_SCALAR_EVENT, styleOf(value), value.text()});
         break;
-    }
     case jv::Kind::Array:
         events_.push_back({YAML_SEQUENCE_START_EVENT});
         break;

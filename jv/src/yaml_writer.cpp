@@ -30,7 +30,7 @@ class Emitter {
     Emitter& operator=(const Emitter&) = delete;
     ~Emitter() { yaml_emitter_delete(&emitter_); }
 
-    [[nodiscard]] bool isFlow() const noexcept { return flow_; }
+    [[nodiscard]] bool inFlowStyle() const noexcept { return flow_; }
 
     void startDocument() {
         emit(yaml_stream_start_event_initialize(&event_, YAML_UTF8_ENCODING), "stream start");
@@ -162,13 +162,13 @@ class TreeEmitter {
     }
 
     [[nodiscard]] yaml_scalar_style_t styleOf(const JV& string) const {
+        const std::string_view text = string.text();
         // Where it stood plain in the source, it stays what others took it for. Left free, libyaml would
-        // quote an empty one; in flow style it does so in any case, but in quotes of its own choice.
-        if (string.isPlainScalar() && !string.text().empty())
-            return YAML_ANY_SCALAR_STYLE;
-        if (string.isPlainScalar() && !emitter_.isFlow())
-            return YAML_PLAIN_SCALAR_STYLE;
-        return needsDoubleQuotes(string.text()) ? YAML_DOUBLE_QUOTED_SCALAR_STYLE : YAML_ANY_SCALAR_STYLE;
+        // quote an empty one. In flow style it quotes that in any case, and a time too.
+        const bool canBePlain = !emitter_.inFlowStyle() || (!text.empty() && text.find(':') == text.npos);
+        if (string.isPlainScalar() && canBePlain)
+            return text.empty() ? YAML_PLAIN_SCALAR_STYLE : YAML_ANY_SCALAR_STYLE;
+        return needsDoubleQuotes(text) ? YAML_DOUBLE_QUOTED_SCALAR_STYLE : YAML_ANY_SCALAR_STYLE;
     }
 
     void push(const JV& container) {

@@ -159,7 +159,10 @@ std::string lostBy(const JVDocument& document, int indent) {
         text = documentToText(document, {.format = DocumentFormat::Yaml, .indent = indent, .sorter = {}});
         const auto again = parseDocument(text, {.format = DocumentFormat::Yaml, .refLoader = {}});
         const std::string difference = test_support::firstDifference(document, *again);
-        return difference.empty() ? "" : difference + " in " + escaped(text);
+        if (!difference.empty())
+            return difference + " in " + escaped(text);
+        const SaveOptions options{.format = DocumentFormat::Yaml, .indent = indent, .sorter = {}};
+        return documentToText(*again, options) == text ? "" : "another text than " + escaped(text);
     } catch (const std::exception& error) {
         return std::string(error.what()) + " for " + escaped(text);
     }
@@ -210,6 +213,35 @@ TEST(YamlRoundTrip, KeepsRandomSequences) {
             text += pieces[random() % pieces.size()];
     }
     expectSurvival(sequences, Layouts::Three);
+}
+
+/// A string that stood plain in its source is written plain again where it can be, so other rules hold for
+/// it.
+TEST(YamlRoundTrip, KeepsPlainStringsOfASource) {
+    std::vector<std::string> texts;
+    const std::vector<std::string> pieces = allPieces();
+    for (const std::string& first : pieces)
+        for (const std::string& second : pieces)
+            for (const char* between : {"", " ", "x"})
+                texts.push_back(first + between + second);
+    int plain = 0;
+    for (const std::string& text : texts) {
+        const std::string source =
+            "value: " + text + "\nlist:\n- " + text + "\n- - " + text + "\n- key: " + text + "\n";
+        std::unique_ptr<JVDocument> document;
+        try {
+            document = parseDocument(source, {.format = DocumentFormat::Yaml, .refLoader = {}});
+        } catch (const std::runtime_error&) {
+            continue; // a plain scalar cannot hold this text
+        }
+        if (test_support::hasEmptyKey(*document->root()))
+            continue;
+        const JV* value = document->root()->get("value");
+        plain += static_cast<int>(value != nullptr && value->isPlainScalar());
+        for (const int indent : {0, 2})
+            ASSERT_EQ(lostBy(*document, indent), "") << escaped(source) << " with indent " << indent;
+    }
+    EXPECT_GT(plain, 10000);
 }
 
 /// libyaml writes a key of more than 128 bytes behind a "?", and its parser looks for the ":" of a plain key
