@@ -39,7 +39,8 @@ void JSONWriter::write(const JVDocument& document) {
     // About twice the source holds any indented form of it. What is not used costs no memory, while growing
     // step by step would hold the text twice.
     output_.reserve(document.sourceSize() * 2 + 64);
-    writeValue(*document.root());
+    const JV nothing;
+    writeValue(document.root() != nullptr ? *document.root() : nothing);
     if (indent_ > 0)
         output_ += '\n';
     state_ = State::Complete;

@@ -48,7 +48,7 @@ class JSONWriter {
         indent_ = blanks > 0 ? static_cast<std::size_t>(blanks) : 0;
     }
 
-    /// Writes the whole document; once for each writer. Throws JSONWriterError.
+    /// Writes the whole document, one without a root as null; once for each writer. Throws JSONWriterError.
     void write(const JVDocument& document);
 
     /// The text; indented text ends with a line end.

@@ -209,7 +209,8 @@ void YAMLWriter::write(const JVDocument& document) {
     output_.reserve(document.sourceSize() + document.sourceSize() / 2 + 64);
     Emitter emitter(output_, indent_);
     emitter.startDocument();
-    TreeEmitter(emitter, document, sorter_).emit(*document.root());
+    const JV nothing;
+    TreeEmitter(emitter, document, sorter_).emit(document.root() != nullptr ? *document.root() : nothing);
     emitter.endDocument();
 }
 

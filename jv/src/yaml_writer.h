@@ -19,10 +19,11 @@ class YAMLWriter {
     /// Blanks for each level, 2 at first; libyaml takes 2 to 9 and uses 2 for others. 0 selects flow style.
     void setIndent(std::int64_t blanks) noexcept { indent_ = blanks; }
 
-    /// Writes the whole document. Throws std::runtime_error with "Failed to initialize X event" or "Failed to
-    /// emit X event", where X names the event: "string scalar" when a text is not UTF-8 or names a surrogate
-    /// or a code point above U+10FFFF, "number scalar" for an infinity and for not-a-number; "Failed to
-    /// initialize emitter"; and "MaxDepthExceeded" for more nested containers than readYAML() takes back.
+    /// Writes the whole document, one without a root as null. Throws std::runtime_error with "Failed to
+    /// initialize X event" or "Failed to emit X event", where X names the event: "string scalar" when a text
+    /// is not UTF-8 or names a surrogate or a code point above U+10FFFF, "number scalar" for an infinity and
+    /// for not-a-number; "Failed to initialize emitter"; and "MaxDepthExceeded" for more nested containers
+    /// than readYAML() takes back.
     void write(const JVDocument& document);
 
     [[nodiscard]] const std::string& output() const& noexcept { return output_; }

@@ -109,6 +109,8 @@ TEST_F(Files, SaveWritesWholeOrNothing) {
     writeDocument(*document, stream, SaveOptions{DocumentFormat::Json, 0, {}});
     EXPECT_EQ(stream.str(), R"({"b":[1],"a":"x"})");
     EXPECT_EQ(documentToText(*document, DocumentFormat::Yaml), "b:\n- 1\na: x\n");
+    EXPECT_EQ(documentToText(JVDocument(), DocumentFormat::Json), "null\n");
+    EXPECT_EQ(documentToText(JVDocument(), DocumentFormat::Yaml).substr(0, 5), "null\n");
 }
 
 TEST(References, AreInlinedByTheLoader) {
