@@ -28,7 +28,7 @@ constexpr std::unique_ptr<Command> (*commandTable[])() = {
 
 } // namespace
 
-App::App() : parser("specloom", SPECLOOM_VERSION) {
+App::App() : parser_("specloom", SPECLOOM_VERSION) {
     telemetry::initTelemetry(".specloom.telemetry");
 }
 
@@ -39,15 +39,15 @@ App::~App() {
 void App::registerCommands() {
     std::ios::sync_with_stdio(false);
     for (const auto makeCommand : commandTable)
-        commands.push_back(makeCommand());
-    for (const auto& command : commands)
+        commands_.push_back(makeCommand());
+    for (const auto& command : commands_)
         command->configure(*this);
 }
 
 std::int32_t App::run(int argc, char** argv) {
-    parser.parse(std::vector<std::string>(argv, argv + argc));
-    for (const auto& command : commands) {
-        if (parser.isSubcommandUsed(command->name()))
+    parser_.parse(std::vector<std::string>(argv, argv + argc));
+    for (const auto& command : commands_) {
+        if (parser_.isSubcommandUsed(command->name()))
             return command->run();
     }
     return exit_status::noCommand;

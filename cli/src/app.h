@@ -28,7 +28,7 @@ class App {
     void registerCommands();
 
     /// Attaches a command's parser to the command line; called by Command::configure().
-    void addCommandLine(ArgumentParser& commandParser) { parser.addSubparser(commandParser); }
+    void addCommandLine(ArgumentParser& commandParser) { parser_.addSubparser(commandParser); }
 
     /// Reads the command line, runs the command that it names and returns that command's status; without a
     /// command exit_status::noCommand, silently. Help and version end the process. All else that ends a run
@@ -36,8 +36,8 @@ class App {
     [[nodiscard]] std::int32_t run(int argc, char** argv);
 
   private:
-    ArgumentParser parser;
-    std::vector<std::unique_ptr<Command>> commands;
+    ArgumentParser parser_;
+    std::vector<std::unique_ptr<Command>> commands_;
 };
 
 } // namespace specloom::cli
