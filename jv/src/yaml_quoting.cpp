@@ -1,6 +1,7 @@
 #include "jv/yaml_quoting.h"
 
 #include "jv/yaml_implicit_types.h"
+#include "number/number_literal.h"
 
 #include <algorithm> // std::max
 #include <cstdint>   // std::uint8_t
@@ -9,33 +10,10 @@ namespace specloom::jv {
 
 namespace {
 
-/// Drops the digits at the front; false when there is none.
-[[nodiscard]] bool skipDigits(std::string_view& text) noexcept {
-    const std::string_view all = text;
-    while (!text.empty() && text.front() >= '0' && text.front() <= '9')
-        text.remove_prefix(1);
-    return text.size() != all.size();
-}
-
-/// Drops an optional sign, digits, and optionally "." and digits; false when they are not there.
-[[nodiscard]] bool skipDecimal(std::string_view& text) noexcept {
-    if (text.starts_with('+') || text.starts_with('-'))
-        text.remove_prefix(1);
-    if (!skipDigits(text))
-        return false;
-    if (!text.starts_with('.'))
-        return true;
-    text.remove_prefix(1);
-    return skipDigits(text);
-}
-
+/// Digits, perhaps a fraction, and an exponent: what our reader takes for a number.
 [[nodiscard]] bool isExponentForm(std::string_view text) noexcept {
-    if (!skipDecimal(text) || !(text.starts_with('e') || text.starts_with('E')))
-        return false;
-    text.remove_prefix(1);
-    if (text.starts_with('+') || text.starts_with('-'))
-        text.remove_prefix(1);
-    return skipDigits(text) && text.empty();
+    const number::NumberLiteral literal = number::classifyNumber(text.data(), text.data() + text.size());
+    return literal.status == 0 && literal.hasExponent();
 }
 
 } // namespace
