@@ -1,0 +1,60 @@
+#include "openapi/parameter_list.h"
+
+#include "foundation/hash.h"
+
+#include <algorithm> // std::find
+
+namespace specloom::openapi {
+
+namespace {
+
+constexpr std::size_t searchedKeys = 16;
+
+[[nodiscard]] ParameterKey keyOf(const Parameter& parameter) {
+    return {parameter.location(), parameter.name()};
+}
+
+} // namespace
+
+std::size_t ParameterKeyHash::operator()(const ParameterKey& key) const noexcept {
+    return static_cast<std::size_t>(combine(fnv1a(key.name), static_cast<std::uint64_t>(key.location)));
+}
+
+bool ParameterKeys::contains(const ParameterKey& key) const {
+    if (table_.empty())
+        return std::find(keys_.begin(), keys_.end(), key) != keys_.end();
+    return table_.contains(key);
+}
+
+bool ParameterKeys::insert(const ParameterKey& key) {
+    if (contains(key))
+        return false;
+    keys_.push_back(key);
+    if (keys_.size() == searchedKeys)
+        table_.insert(keys_.begin(), keys_.end());
+    else if (keys_.size() > searchedKeys)
+        table_.insert(key);
+    return true;
+}
+
+const Parameter* ParameterList::find(std::string_view name, ParameterLocation location) const {
+    if (!keys_.contains({location, name}))
+        return nullptr;
+    for (const NodePointer& node : nodes_) {
+        const auto* parameter = resolveTo<Parameter>(node.get());
+        if (keyOf(*parameter) == ParameterKey{location, name})
+            return parameter;
+    }
+    return nullptr;
+}
+
+const Parameter* ParameterList::at(std::size_t index) const {
+    return resolveTo<Parameter>(nodes_.at(index).get());
+}
+
+Node& ParameterList::add(NodePointer node) {
+    keys_.insert(keyOf(*resolveTo<Parameter>(node.get())));
+    return *nodes_.emplace_back(std::move(node));
+}
+
+} // namespace specloom::openapi

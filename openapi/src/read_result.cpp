@@ -1,0 +1,87 @@
+#include "openapi/read_result.h"
+
+#include "jv/jv_pointer.h"
+#include "openapi/node_visitor.h"
+#include "openapi/reference.h"
+
+#include <stdexcept> // std::out_of_range
+#include <utility>   // std::move
+
+namespace specloom::openapi {
+
+namespace {
+
+/// Enters every object and every reference under the value that it was read from. A walk meets no references,
+/// but each is known to its target.
+class SourceIndexer final : public NodeVisitHandler {
+  public:
+    using NodeVisitHandler::visit;
+
+    explicit SourceIndexer(std::unordered_map<const jv::JV*, const Node*>& nodes) : nodes_(nodes) {}
+
+    void visit(const Node& node) override {
+        enter(node);
+        for (const Reference* reference = node.firstReference(); reference != nullptr;
+             reference = reference->nextReference())
+            enter(*reference);
+    }
+
+  private:
+    void enter(const Node& node) {
+        if (node.source() != nullptr)
+            nodes_.emplace(node.source(), &node);
+    }
+
+    std::unordered_map<const jv::JV*, const Node*>& nodes_;
+};
+
+} // namespace
+
+ReadResult::ReadResult(std::unique_ptr<jv::JVDocument> source)
+    : source_(std::move(source)), root_(std::make_unique<OpenAPI>()) {}
+
+ReadResult::~ReadResult() = default;
+
+std::string ReadResult::pointerOf(const Node& node) const {
+    if (node.source() == nullptr)
+        throw std::out_of_range("Node was not read from the document");
+    return node.source()->pointer();
+}
+
+std::optional<std::string> ReadResult::pointerOf(const Node& node, std::string_view key) const {
+    if (node.source() == nullptr)
+        return std::nullopt;
+    std::string pointer;
+    jv::childPointer(pointer, node.source()->pointer(), key);
+    return pointer;
+}
+
+jv::Pos ReadResult::positionOf(const Node& node) const {
+    return node.source() == nullptr ? jv::Pos{} : node.source()->pos();
+}
+
+std::vector<std::string_view> ReadResult::keyOrderOf(const Node& node) const {
+    return node.source() == nullptr ? std::vector<std::string_view>() : source_->keysOf(node.source());
+}
+
+std::vector<std::string_view> ReadResult::keyOrderOf(const Node& node, std::string_view key) const {
+    if (node.source() == nullptr || !node.source()->isObject())
+        return {};
+    const jv::JV* field = nullptr;
+    if (node.type() == NodeType::Schema && key == "definitions")
+        field = node.source()->get("$defs");
+    if (field == nullptr)
+        field = node.source()->get(key);
+    return field == nullptr ? std::vector<std::string_view>() : source_->keysOf(field);
+}
+
+const Node* ReadResult::nodeAtPointer(std::string_view pointer) const {
+    if (nodesByValue_.empty()) {
+        SourceIndexer indexer(nodesByValue_);
+        NodeVisitor(indexer).visit(*root_);
+    }
+    const auto found = nodesByValue_.find(source_->lookup(pointer));
+    return found == nodesByValue_.end() ? nullptr : found->second;
+}
+
+} // namespace specloom::openapi

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "jv/jv_document.h"
+#include "openapi/openapi.h"
+
+#include <memory>        // std::unique_ptr
+#include <optional>      // std::optional
+#include <string>        // std::string
+#include <string_view>   // std::string_view
+#include <unordered_map> // std::unordered_map
+#include <vector>        // std::vector
+
+namespace specloom::openapi {
+
+/// A document as values and as a tree. The tree refers to the values, so both live and end together here.
+class ReadResult {
+  public:
+    /// An empty tree beside `source`, which must have a root and stay as it is.
+    explicit ReadResult(std::unique_ptr<jv::JVDocument> source);
+    ReadResult(const ReadResult&) = delete;
+    ReadResult& operator=(const ReadResult&) = delete;
+    ~ReadResult();
+
+    [[nodiscard]] const jv::JVDocument& source() const noexcept { return *source_; }
+    [[nodiscard]] const OpenAPI& root() const noexcept { return *root_; }
+    [[nodiscard]] OpenAPI& root() noexcept { return *root_; }
+
+    /// The path of the input in UTF-8, where it came from a file.
+    [[nodiscard]] const std::optional<std::string>& sourcePath() const noexcept { return sourcePath_; }
+    void setSourcePath(std::string path) { sourcePath_ = std::move(path); }
+
+    /// The JSON pointer (RFC 6901) of the value that the node was read from. Throws std::out_of_range "Node
+    /// was not read from the document" for a node that was made in code.
+    [[nodiscard]] std::string pointerOf(const Node& node) const;
+    /// That of a member of the node, whether it is there or not; empty for a node that was made in code.
+    [[nodiscard]] std::optional<std::string> pointerOf(const Node& node, std::string_view key) const;
+    /// 1-based and counted in bytes for JSON, 0-based and counted in code points for YAML; unknown, with -1,
+    /// for a node that was made in code.
+    [[nodiscard]] jv::Pos positionOf(const Node& node) const;
+    /// The keys of the source object, in their order; none for a node that was made in code.
+    [[nodiscard]] std::vector<std::string_view> keyOrderOf(const Node& node) const;
+    /// The same for a member of the source object that is a map of its own, such as "properties". For the
+    /// definitions of a schema the key is "definitions" whichever of its names was used.
+    [[nodiscard]] std::vector<std::string_view> keyOrderOf(const Node& node, std::string_view key) const;
+    /// The node that was read from the value at a JSON pointer, or null. The first call makes a table of all
+    /// nodes; nodes that are added or destroyed after it are not in it.
+    [[nodiscard]] const Node* nodeAtPointer(std::string_view pointer) const;
+
+  private:
+    std::unique_ptr<jv::JVDocument> source_;
+    std::unique_ptr<OpenAPI> root_; ///< behind source_, so that it ends first
+    std::optional<std::string> sourcePath_;
+    mutable std::unordered_map<const jv::JV*, const Node*> nodesByValue_;
+};
+
+} // namespace specloom::openapi

@@ -1,0 +1,1 @@
+#include "openapi/reader.h"

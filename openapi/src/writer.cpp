@@ -1,0 +1,1 @@
+#include "openapi/writer.h"
