@@ -1,0 +1,42 @@
+#include "openapi_lint/formatter_registry.h"
+
+#include <stdexcept> // std::runtime_error
+#include <string>    // std::string
+
+#include "openapi_lint/formatters/stylish_formatter.h"
+
+namespace specloom::openapi_lint {
+namespace {
+
+struct FormatterEntry {
+    std::string_view name;
+    std::unique_ptr<Formatter> (*make)(std::ostream& stream);
+};
+
+template <typename T>
+std::unique_ptr<Formatter> make(std::ostream& stream) {
+    return std::make_unique<T>(stream);
+}
+
+/// In byte-wise order of the names.
+constexpr FormatterEntry formatterTable[] = {
+    {"stylish", make<StylishFormatter>},
+};
+
+} // namespace
+
+std::unique_ptr<Formatter> findFormatter(std::string_view name, std::ostream& stream) {
+    for (const FormatterEntry& entry : formatterTable)
+        if (entry.name == name)
+            return entry.make(stream);
+    throw std::runtime_error("Formatter not found: " + std::string(name));
+}
+
+std::vector<std::string_view> formatterNames() {
+    std::vector<std::string_view> names;
+    for (const FormatterEntry& entry : formatterTable)
+        names.push_back(entry.name);
+    return names;
+}
+
+} // namespace specloom::openapi_lint

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "openapi_lint/formatter.h"
+
+namespace specloom::openapi_lint {
+
+/// For people at a terminal: the findings of each file in aligned columns, and a summary.
+class StylishFormatter final : public Formatter {
+  public:
+    explicit StylishFormatter(std::ostream& stream) : Formatter(stream) {}
+    void format(const LintContext& context) override;
+};
+
+} // namespace specloom::openapi_lint

@@ -1,0 +1,61 @@
+#include "openapi_lint/lint_context.h"
+
+#include <algorithm> // std::stable_sort
+#include <utility>   // std::move
+
+#include "foundation/unreachable.h"
+#include "openapi/node_visitor.h"
+
+namespace specloom::openapi_lint {
+namespace {
+
+/// Unknown is the largest of all numbers and so comes last. Line 0 is the first of YAML, where columns do not
+/// count.
+bool standsBefore(const LintResult& a, const LintResult& b) {
+    if (a.line != b.line)
+        return a.line < b.line;
+    return a.line != 0 && a.column < b.column;
+}
+
+} // namespace
+
+void LintContext::walk(openapi::NodeVisitHandler& handler) const {
+    openapi::NodeVisitor(handler).visit(document->root());
+}
+
+void LintContext::report(const Rule& rule, std::string message, const openapi::Node& node) {
+    LintResult result{.ruleId = rule.id(),
+                      .severity = rule.severity(),
+                      .fixable = rule.isFixable(),
+                      .filename = filename(),
+                      .message = std::move(message)};
+    if (const jv::Pos pos = document->positionOf(node); pos.isKnown()) {
+        result.line = static_cast<std::uint64_t>(pos.line);
+        result.column = static_cast<std::uint64_t>(pos.column);
+    }
+    switch (result.severity) {
+    case Severity::Error:
+        ++errorCount;
+        fixableErrorCount += result.fixable ? 1 : 0;
+        break;
+    case Severity::Warning:
+        ++warningCount;
+        fixableWarningCount += result.fixable ? 1 : 0;
+        break;
+    default:
+        unreachable(nullptr, "openapi_lint/src/result", 51);
+    }
+    results.push_back(std::move(result));
+}
+
+ResultsByFile LintContext::groupByFile() const {
+    ResultsByFile files;
+    for (std::size_t index = 0; index < results.size(); ++index)
+        files[results[index].filename].push_back(index);
+    for (auto& [filename, indices] : files)
+        std::stable_sort(indices.begin(), indices.end(),
+                         [&](std::size_t a, std::size_t b) { return standsBefore(results[a], results[b]); });
+    return files;
+}
+
+} // namespace specloom::openapi_lint

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "openapi/read_result.h"
+#include "openapi_lint/lint_result.h"
+#include "openapi_lint/rule.h"
+
+#include <cstddef>     // std::size_t
+#include <cstdint>     // std::uint64_t
+#include <list>        // std::list
+#include <map>         // std::map
+#include <string>      // std::string
+#include <string_view> // std::string_view
+#include <vector>      // std::vector
+
+namespace specloom::openapi {
+class NodeVisitHandler;
+}
+
+namespace specloom::openapi_lint {
+
+/// Findings by file: the file's name, and the indices of its results in LintContext::results, by line and
+/// column.
+using ResultsByFile = std::map<std::string_view, std::vector<std::size_t>>;
+
+/// What rules and formatters work on: the document at hand and the findings of all files so far.
+class LintContext {
+  public:
+    LintContext() = default;
+    LintContext(const LintContext&) = delete;
+    LintContext& operator=(const LintContext&) = delete;
+
+    /// The UTF-8 name of the file at hand; empty when the document comes from no file.
+    [[nodiscard]] std::string_view filename() const noexcept {
+        return filenames_.empty() ? std::string_view() : std::string_view(filenames_.back());
+    }
+    /// The results so far keep the name that they have.
+    void setFilename(std::string filename) { filenames_.push_back(std::move(filename)); }
+    /// The names that were set, in their order: every file that was linted, also those without findings.
+    [[nodiscard]] const std::list<std::string>& filenames() const noexcept { return filenames_; }
+
+    /// The tree of the document at hand.
+    [[nodiscard]] const openapi::OpenAPI& root() const { return document->root(); }
+    /// For Rule::fix().
+    [[nodiscard]] openapi::OpenAPI& root() { return document->root(); }
+
+    /// Calls the hooks of the handler for each object of the document, each once, in the order of
+    /// openapi::NodeVisitor.
+    void walk(openapi::NodeVisitHandler& handler) const;
+
+    /// Appends a finding, with the position of the value that the node was read from; unknown for a node that
+    /// was made in code. Nothing is deduplicated. A severity outside of the enumeration is an unreachable
+    /// path.
+    void report(const Rule& rule, std::string message, const openapi::Node& node);
+
+    /// Only files that have results. Unknown positions stand last; results at one position, and those of
+    /// line 0, which are not ordered by column, stand in the order of their reports.
+    [[nodiscard]] ResultsByFile groupByFile() const;
+
+    openapi::ReadResult* document = nullptr; ///< not owned; null when none is at hand
+    std::vector<LintResult> results;         ///< in report order
+    std::uint64_t errorCount = 0;
+    std::uint64_t warningCount = 0;
+    std::uint64_t fixableErrorCount = 0;   ///< those of errorCount that are fixable
+    std::uint64_t fixableWarningCount = 0; ///< those of warningCount that are fixable
+
+  private:
+    std::list<std::string> filenames_; ///< a list, because results refer to its texts
+};
+
+} // namespace specloom::openapi_lint

@@ -1,0 +1,153 @@
+#include "openapi_lint/linter.h"
+
+#include <algorithm>  // std::stable_partition
+#include <filesystem> // std::filesystem::canonical
+#include <ostream>    // std::ostream
+#include <stdexcept>  // std::runtime_error
+#include <vector>     // std::vector
+
+#include <fmt/format.h>
+
+#include "foundation/file_system.h"
+#include "openapi/writer.h"
+#include "openapi_lint/formatter_registry.h"
+#include "openapi_lint/rule_configuration_error.h"
+#include "openapi_lint/rule_options.h"
+#include "openapi_lint/rule_registry.h"
+#include "openapi_lint/rulesets.h"
+#include "telemetry/telemetry.h"
+
+namespace specloom::openapi_lint {
+namespace {
+
+constexpr const char* rulesetFailed = "Cannot load ruleset: ";
+constexpr const char* ruleFailed = "Cannot load rule: ";
+constexpr const char* invalidRule = "Invalid rule configuration";
+constexpr const char* shortArray = "A rule's array must hold a severity and options";
+constexpr const char* noFilename = "Cannot auto-fix: filename is not set";
+
+/// What stands under a rule's id in a configuration.
+struct RuleSetting {
+    std::string_view severity = "error";
+    const jv::JV* options = nullptr;
+};
+
+RuleSetting readSetting(std::string_view id, const jv::JV& value) {
+    if (value.isString())
+        return {value.text(), nullptr};
+    if (!value.isArray())
+        throw RuleConfigurationError(id, invalidRule);
+    if (value.size() < 2)
+        throw std::runtime_error(shortArray);
+    return {textOf(*value.elements()[0], id), value.elements()[1]};
+}
+
+/// In the order in which they run: fixable ones first, each part in the order of the ids.
+std::vector<Rule*> inRunningOrder(const Linter::Rules& rules) {
+    std::vector<Rule*> order;
+    for (const auto& [id, rule] : rules)
+        order.push_back(rule.get());
+    std::stable_partition(order.begin(), order.end(), [](const Rule* rule) { return rule->isFixable(); });
+    return order;
+}
+
+} // namespace
+
+Linter::Linter(std::ostream& stream) : stream_(stream), formatter_(findFormatter("stylish", stream)) {}
+
+void Linter::configure(const jv::JV* config) {
+    if (config == nullptr)
+        return;
+    if (const jv::JV* rulesets = config->getArray("extends"); rulesets != nullptr)
+        for (const jv::JV* name : rulesets->elements())
+            addRuleset(textOf(*name, "extends"));
+    if (const jv::JV* rules = config->getObject("rules"); rules != nullptr)
+        for (const auto& [id, value] : rules->members())
+            configureRule(id, *value);
+}
+
+void Linter::configureDefaults() {
+    jv::JV config;
+    config.makeObject();
+    config.setArray("extends")->appendString("recommended");
+    configure(&config);
+}
+
+void Linter::addRuleset(std::string_view name) {
+    try {
+        const std::unique_ptr<Ruleset> ruleset = findRuleset(name);
+        for (const auto& [id, entry] : ruleset->entries()) {
+            if (!isRuleKnown(id))
+                continue; // rulesets are complete before the rules are
+            Rule& rule = putRule(id, entry.severity);
+            if (entry.options != nullptr)
+                rule.configure(entry.options.get());
+        }
+    } catch (const std::exception& error) {
+        stream_ << rulesetFailed << error.what() << '\n';
+    }
+}
+
+void Linter::configureRule(std::string_view id, const jv::JV& value) {
+    try {
+        const RuleSetting setting = readSetting(id, value);
+        if (setting.severity == "off") {
+            if (const auto rule = rules_.find(id); rule != rules_.end())
+                rules_.erase(rule);
+            return;
+        }
+        Rule& rule = putRule(id, parseSeverity(setting.severity));
+        if (setting.options != nullptr)
+            rule.configure(setting.options);
+    } catch (const RuleConfigurationError& error) {
+        stream_ << ruleFailed << error.what() << '\n';
+        throw;
+    } catch (const std::exception& error) {
+        stream_ << ruleFailed << error.what() << '\n';
+        throw RuleConfigurationError(id, invalidRule);
+    }
+}
+
+/// The rule of that id, made if it is not there, with that severity.
+Rule& Linter::putRule(std::string_view id, Severity severity) {
+    auto rule = rules_.find(id);
+    if (rule == rules_.end())
+        rule = rules_.emplace(std::string(id), findRule(id, severity)).first;
+    rule->second->setSeverity(severity);
+    return *rule->second;
+}
+
+void Linter::setFormatter(std::string_view name) {
+    formatter_ = findFormatter(name, stream_);
+}
+
+void Linter::run(openapi::ReadResult& document, std::string_view path) {
+    context_.setFilename(pathToUtf8(std::filesystem::canonical(pathFromUtf8(path))));
+    check(document);
+}
+
+void Linter::check(openapi::ReadResult& document) {
+    context_.document = &document;
+    const std::vector<Rule*> rules = inRunningOrder(rules_);
+    if (autoFix_) {
+        const telemetry::Span span("autoFix");
+        for (Rule* rule : rules)
+            if (rule->isFixable())
+                rule->fix(context_);
+    }
+    {
+        const telemetry::Span span("check");
+        for (Rule* rule : rules)
+            rule->check(context_);
+    }
+    if (autoFix_) {
+        if (context_.filename().empty())
+            throw std::runtime_error(noFilename);
+        openapi::writeFile(document, context_.filename());
+    }
+    const telemetry::Span span("format");
+    formatter_->format(context_);
+    stream_ << '\n';
+}
+
+} // namespace specloom::openapi_lint

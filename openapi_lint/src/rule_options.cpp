@@ -1,0 +1,33 @@
+#include "openapi_lint/rule_options.h"
+
+#include <string> // std::string
+
+#include <fmt/format.h>
+
+namespace specloom::openapi_lint {
+
+const jv::JV& requireOptions(const jv::JV* options, std::string_view ruleId) {
+    if (options == nullptr)
+        throw RuleConfigurationError(ruleId, "Options must not be null");
+    return *options;
+}
+
+std::string_view textOf(const jv::JV& value, std::string_view name) {
+    if (!value.isString())
+        throw jv::JVError(fmt::format("A string value is expected for '{}'.", name), &value);
+    return value.text();
+}
+
+number::Number optionsPositiveNumber(const jv::JV* options, std::string_view ruleId) {
+    const jv::JV& value = requireOptions(options, ruleId);
+    if (!value.isNumber() && !value.isString())
+        throw RuleConfigurationError(ruleId, "Options must be a string or an object");
+    if (!value.isNumber())
+        throw jv::JVError(fmt::format("A numeric value is expected for '{}'.", ruleId), &value);
+    number::Number minimum = value.number();
+    if (minimum.compare(0) <= 0)
+        throw RuleConfigurationError(ruleId, "Minimal description length must be a positive number");
+    return minimum;
+}
+
+} // namespace specloom::openapi_lint

@@ -1,0 +1,59 @@
+#include "openapi_lint/rule_registry.h"
+
+#include <algorithm> // std::find_if, std::is_sorted
+#include <iterator>  // std::begin, std::end
+#include <stdexcept> // std::runtime_error
+#include <string>    // std::string
+
+#include "openapi_lint/rules/info_defined.h"
+
+namespace specloom::openapi_lint {
+namespace {
+
+struct RuleEntry {
+    std::string_view id;
+    std::unique_ptr<Rule> (*make)(Severity severity);
+};
+
+template <typename T>
+constexpr RuleEntry entry() {
+    return {T::ruleId,
+            [](Severity severity) -> std::unique_ptr<Rule> { return std::make_unique<T>(severity); }};
+}
+
+/// Every rule, in byte-wise order of the ids.
+constexpr RuleEntry ruleTable[] = {
+    entry<InfoDefined>(),
+};
+
+static_assert(std::is_sorted(std::begin(ruleTable), std::end(ruleTable),
+                             [](const RuleEntry& a, const RuleEntry& b) { return a.id < b.id; }),
+              "the rules stand in the order of their ids");
+
+const RuleEntry* findEntry(std::string_view id) {
+    const auto* found = std::find_if(std::begin(ruleTable), std::end(ruleTable),
+                                     [&](const RuleEntry& candidate) { return candidate.id == id; });
+    return found == std::end(ruleTable) ? nullptr : found;
+}
+
+} // namespace
+
+std::unique_ptr<Rule> findRule(std::string_view id, Severity severity) {
+    const RuleEntry* found = findEntry(id);
+    if (found == nullptr)
+        throw std::runtime_error("Rule not found: " + std::string(id));
+    return found->make(severity);
+}
+
+bool isRuleKnown(std::string_view id) {
+    return findEntry(id) != nullptr;
+}
+
+std::vector<std::string_view> ruleIds() {
+    std::vector<std::string_view> ids;
+    for (const RuleEntry& known : ruleTable)
+        ids.push_back(known.id);
+    return ids;
+}
+
+} // namespace specloom::openapi_lint
