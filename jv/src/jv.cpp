@@ -122,6 +122,13 @@ std::string JV::pointer() const {
     return text;
 }
 
+const JV* JV::enclosingObject() const noexcept {
+    const JV* value = parent_;
+    while (value != nullptr && !(value->isObject() && value->pos_.isKnown()))
+        value = value->parent_;
+    return value;
+}
+
 // ---- destruction
 // ----------------------------------------------------------------------------------------------
 

@@ -70,6 +70,10 @@ class JV {
     /// for the root and for a value that never was. Composed when asked for.
     [[nodiscard]] std::string pointer() const;
 
+    /// The nearest object around this value with a known position, by the last indexing; null when there is
+    /// none.
+    [[nodiscard]] const JV* enclosingObject() const noexcept;
+
     // The content. Each throws std::bad_variant_access on a value of another kind.
     [[nodiscard]] bool boolean() const;
     [[nodiscard]] number::Number number() const;

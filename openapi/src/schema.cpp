@@ -5,7 +5,7 @@
 
 #include <fmt/format.h> // fmt::format
 
-#include <algorithm> // std::all_of, std::find, std::lower_bound
+#include <algorithm> // std::all_of, std::find, std::lower_bound, std::sort, std::unique
 
 namespace specloom::openapi {
 
@@ -161,6 +161,16 @@ void Schema::addRequired(Text property) {
     const auto place = placeOf(names, property.view());
     if (place == names.end() || place->view() != property.view())
         names.insert(place, std::move(property));
+}
+
+void Schema::setRequired(std::vector<Text> properties) {
+    std::sort(properties.begin(), properties.end(),
+              [](const Text& first, const Text& second) { return first.view() < second.view(); });
+    const auto repeated =
+        std::unique(properties.begin(), properties.end(),
+                    [](const Text& first, const Text& second) { return first.view() == second.view(); });
+    properties.erase(repeated, properties.end());
+    fields_.set(SchemaKeyword::Required, std::move(properties));
 }
 
 const NameMap<std::vector<Text>>& Schema::dependentRequired() const {

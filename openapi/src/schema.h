@@ -173,6 +173,8 @@ class Schema final : public Node {
     [[nodiscard]] bool isRequired(std::string_view property) const;
     /// Does nothing when it is there.
     void addRequired(Text property);
+    /// In any order; repeated names count once.
+    void setRequired(std::vector<Text> properties);
 
     [[nodiscard]] const NameMap<std::vector<Text>>& dependentRequired() const;
     void setDependentRequired(Text property, std::vector<Text> required);

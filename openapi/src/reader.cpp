@@ -1,1 +1,0 @@
-#include "openapi/reader.h"

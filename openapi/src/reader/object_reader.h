@@ -1,0 +1,150 @@
+#pragma once
+
+#include "openapi/reader/reader_context.h"
+
+#include <array>   // std::array
+#include <bit>     // std::countr_zero
+#include <cstdint> // std::uint64_t
+#include <utility> // std::index_sequence
+
+namespace specloom::openapi {
+
+/// A member of an object that is being read.
+struct Member {
+    const jv::JV& object;
+    std::string_view name;
+    const jv::JV& value;
+
+    // The value as a kind. Throw jv::JVError with the text of the typed getters of JV.
+    [[nodiscard]] Text text() const;
+    [[nodiscard]] bool boolean() const;
+    [[nodiscard]] number::Number number() const;
+    [[nodiscard]] const jv::JV& asObject() const;
+    [[nodiscard]] const jv::JV& asArray() const;
+};
+
+/// How one member of an object of class T is read.
+template <typename T>
+struct MemberReader {
+    std::string_view name;
+    void (*read)(ReaderContext& context, T& node, const Member& member);
+    bool required = false; ///< its absence throws jv::JVError "Required property '{}' is missing."
+};
+
+enum class Extensions : bool { Ignored, Read };
+
+/// Reads objects of one class: notes the source value, takes the extensions, and reads the known members in
+/// the order of the table, whatever their order in the source. Unknown members are passed over.
+///
+/// One pass over the members of the source finds all rows, which is faster than a search for each row: tables
+/// have up to 60, objects three or four members.
+template <typename T, std::size_t rowCount>
+class ObjectReader {
+  public:
+    // NOLINTNEXTLINE(*-explicit-*): a table is written as a list of rows
+    constexpr ObjectReader(const MemberReader<T> (&rows)[rowCount])
+        : ObjectReader(rows, std::make_index_sequence<rowCount>()) {}
+
+    void read(ReaderContext& context, T& node, const jv::JV& object,
+              Extensions extensions = Extensions::Read) const {
+        node.setSource(&object);
+        if (!context.enter(node, object))
+            return;
+        std::array<const jv::JV*, rowCount> values;
+        std::uint64_t present = scan(context, node, object, extensions, values);
+        for (present |= required_; present != 0; present &= present - 1) {
+            const auto row = static_cast<std::size_t>(std::countr_zero(present));
+            const MemberReader<T>& member = rows_[row];
+            const jv::JV* value = values[row];
+            if (member.required && value == nullptr)
+                (void)object.getRequired(member.name); // throws
+            member.read(context, node, {object, member.name, *value});
+        }
+        context.leave();
+    }
+
+  private:
+    static_assert(rowCount <= 64, "a bit for each row");
+
+    static constexpr std::size_t slotCount = std::bit_ceil(rowCount * 4);
+    static constexpr std::uint8_t freeSlot = 0xff;
+
+    template <std::size_t... index>
+    constexpr ObjectReader(const MemberReader<T> (&rows)[rowCount], std::index_sequence<index...>)
+        : rows_{rows[index]...} {
+        slots_.fill(freeSlot);
+        for (std::size_t row = 0; row < rowCount; ++row) {
+            std::size_t slot = hash(rows_[row].name);
+            while (slots_[slot] != freeSlot)
+                slot = (slot + 1) % slotCount;
+            slots_[slot] = static_cast<std::uint8_t>(row);
+            if (rows_[row].required)
+                required_ |= std::uint64_t{1} << row;
+        }
+    }
+
+    /// Cheap, and different for names that differ in length or in an outer or middle character.
+    [[nodiscard]] static constexpr std::size_t hash(std::string_view name) noexcept {
+        if (name.empty())
+            return 0;
+        const auto at = [&](std::size_t index) {
+            return static_cast<std::size_t>(static_cast<unsigned char>(name[index]));
+        };
+        return (name.size() * 31 + at(0) * 7 + at(name.size() / 2) * 3 + at(name.size() - 1)) % slotCount;
+    }
+
+    [[nodiscard]] std::size_t rowOf(std::string_view name) const noexcept {
+        for (std::size_t slot = hash(name); slots_[slot] != freeSlot; slot = (slot + 1) % slotCount) {
+            if (rows_[slots_[slot]].name == name)
+                return slots_[slot];
+        }
+        return rowCount;
+    }
+
+    /// Sets `values` for the rows whose bits it returns, and null for the required ones that are absent.
+    std::uint64_t scan(ReaderContext& context, T& node, const jv::JV& object, Extensions extensions,
+                       std::array<const jv::JV*, rowCount>& values) const {
+        for (std::uint64_t rest = required_; rest != 0; rest &= rest - 1)
+            values[static_cast<std::size_t>(std::countr_zero(rest))] = nullptr;
+        std::uint64_t present = 0;
+        context.source().forEachOrdered(&object, [&](const jv::Member& member) {
+            if (member.key.starts_with("x-")) {
+                if (extensions == Extensions::Read)
+                    node.replaceExtension(Text::borrow(member.key), Value::borrow(*member.value));
+                return;
+            }
+            const std::size_t row = rowOf(member.key);
+            if (row == rowCount)
+                return;
+            values[row] = member.value;
+            present |= std::uint64_t{1} << row;
+        });
+        return present;
+    }
+
+    std::array<MemberReader<T>, rowCount> rows_;
+    std::array<std::uint8_t, slotCount> slots_{};
+    std::uint64_t required_ = 0;
+};
+
+// Rows that only hand the value to a setter. T is the class of the table, which may derive from the setter's.
+
+template <typename T, auto set>
+void readText(ReaderContext&, T& node, const Member& member) {
+    (node.*set)(member.text());
+}
+
+template <typename T, auto set>
+void readBoolean(ReaderContext&, T& node, const Member& member) {
+    (node.*set)(member.boolean());
+}
+
+template <typename T, auto set>
+void readValue(ReaderContext&, T& node, const Member& member) {
+    (node.*set)(Value::borrow(member.value));
+}
+
+/// The texts of an array; an element of another kind is reported, with "Expected string value", and left out.
+[[nodiscard]] std::vector<Text> readTexts(ReaderContext& context, const Node& node, const jv::JV& array);
+
+} // namespace specloom::openapi

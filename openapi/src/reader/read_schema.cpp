@@ -1,0 +1,338 @@
+#include "openapi/reader/readers.h"
+#include "openapi/reference.h"
+
+#include <fmt/format.h> // fmt::format
+
+#include <algorithm> // std::find
+
+namespace specloom::openapi {
+
+namespace {
+
+using enum SchemaKeyword;
+
+// ---- kinds of rows ---------------------------------------------------------------------------------------
+
+template <SchemaKeyword keyword>
+void text(ReaderContext&, Schema& schema, const Member& member) {
+    schema.setText(keyword, member.text());
+}
+
+template <SchemaKeyword keyword>
+void boolean(ReaderContext&, Schema& schema, const Member& member) {
+    schema.setBoolean(keyword, member.boolean());
+}
+
+template <SchemaKeyword keyword>
+void number(ReaderContext&, Schema& schema, const Member& member) {
+    schema.setNumber(keyword, member.number());
+}
+
+/// An integer of 0 to 2^64-1, which JSON may also write with a fraction of zeros.
+[[nodiscard]] std::optional<std::uint64_t> countOf(const number::Number& value) {
+    switch (value.kind()) {
+    case number::NumberKind::Unsigned:
+        return value.unsignedValue();
+    case number::NumberKind::Signed:
+        if (value.signedValue() >= 0)
+            return static_cast<std::uint64_t>(value.signedValue());
+        return std::nullopt;
+    case number::NumberKind::Float:
+        if (value.floatValue() >= 0 && value.floatValue() < 0x1p64)
+            return static_cast<std::uint64_t>(value.floatValue());
+        return std::nullopt;
+    case number::NumberKind::Big:
+        return std::nullopt;
+    }
+    return std::nullopt;
+}
+
+template <SchemaKeyword keyword>
+void count(ReaderContext& context, Schema& schema, const Member& member) {
+    (void)member.object.getInteger(member.name); // throws for other kinds
+    if (const auto value = countOf(member.value.number()); value)
+        schema.setCount(keyword, *value);
+    else
+        context.report(schema, &member.value, "Expected unsigned integer value");
+}
+
+/// A flag in 3.0, a limit of its own elsewhere.
+template <SchemaKeyword keyword>
+void exclusive(ReaderContext& context, Schema& schema, const Member& member) {
+    if (context.isOpenAPI30) {
+        if (member.value.isBoolean())
+            schema.setBoolean(keyword, member.value.boolean());
+        else
+            context.report(schema, &member.value, "Expected boolean value");
+    } else if (member.value.isNumber()) {
+        schema.setNumber(keyword, member.value.number());
+    } else {
+        context.report(schema, &member.value, "Expected numeric value");
+    }
+}
+
+template <SchemaKeyword keyword>
+void subschema(ReaderContext& context, Schema& schema, const Member& member) {
+    readSchemaPlace(
+        context, member.value, [&] { return schema.createSchema(keyword); },
+        [&](Node& target) { return schema.setReference(keyword, target); });
+}
+
+template <SchemaKeyword keyword>
+void schemaList(ReaderContext& context, Schema& schema, const Member& member) {
+    const jv::JV& elements = member.asArray();
+    schema.reserveList(keyword, elements.size());
+    for (const jv::JV* element : elements.elements()) {
+        readSchemaPlace(
+            context, *element, [&] { return schema.addSchema(keyword); },
+            [&](Node& target) { return schema.addReference(keyword, target); });
+    }
+}
+
+template <SchemaKeyword keyword>
+void schemaMap(ReaderContext& context, Schema& schema, const Member& member) {
+    const jv::JV& entries = member.asObject();
+    schema.reserveMap(keyword, entries.size());
+    for (const jv::Member& entry : entries.members()) {
+        readSchemaPlace(
+            context, *entry.value, [&] { return schema.addSchema(keyword, Text::borrow(entry.key)); },
+            [&](Node& target) { return schema.addReference(keyword, Text::borrow(entry.key), target); });
+    }
+}
+
+// ---- single rows -----------------------------------------------------------------------------------------
+
+void dialect(ReaderContext& context, Schema& schema, const Member& member) {
+    const Text uri = member.text();
+    const auto& dialects = schemaDialects();
+    if (std::find(dialects.begin(), dialects.end(), uri.view()) == dialects.end())
+        context.report(schema, &member.value, fmt::format("Unknown schema dialect: {}", uri.view()));
+    else
+        schema.setDialect(uri.view());
+}
+
+void type(ReaderContext& context, Schema& schema, const Member& member) {
+    schema.clearTypes();
+    if (member.value.isString()) {
+        schema.addType(member.value.text());
+    } else if (member.value.isArray()) {
+        for (const jv::JV* element : member.value.elements()) {
+            if (element->isString())
+                schema.addType(element->text());
+            else
+                context.report(schema, element, "Expected string value for schema type");
+        }
+    } else {
+        context.report(schema, &member.value, "Expected string or array value for schema type");
+    }
+}
+
+void constant(ReaderContext& context, Schema& schema, const Member& member) {
+    if (context.isOpenAPI30) {
+        context.report(schema, &member.value, "const keyword is only supported in OpenAPI 3.1");
+        return;
+    }
+    std::vector<Value> values;
+    values.push_back(Value::borrow(member.value));
+    schema.setEnumeration(std::move(values));
+}
+
+void enumeration(ReaderContext& context, Schema& schema, const Member& member) {
+    if (!context.isOpenAPI30 && member.object.has("const")) {
+        context.report(schema, &member.value, "const and enum keywords are mutually exclusive");
+        return;
+    }
+    if (!member.value.isArray())
+        return;
+    std::vector<Value> values;
+    values.reserve(member.value.size());
+    for (const jv::JV* element : member.value.elements())
+        values.push_back(Value::borrow(*element));
+    schema.setEnumeration(std::move(values));
+}
+
+void defaultValue(ReaderContext&, Schema& schema, const Member& member) {
+    schema.setDefaultValue(Value::borrow(member.value));
+}
+
+/// Unlike other places, an entry here is read as a schema even when it has a `$ref`.
+void definitions(ReaderContext& context, Schema& schema, const Member& member) {
+    const jv::JV& entries = member.asObject();
+    schema.reserveMap(Definitions, entries.size());
+    for (const jv::Member& entry : entries.members())
+        readSchema(context, *schema.addSchema(Definitions, Text::borrow(entry.key)), *entry.value);
+}
+
+void oldDefinitions(ReaderContext& context, Schema& schema, const Member& member) {
+    if (member.object.has("$defs"))
+        context.report(schema, &member.value, "definitions and $defs are mutually exclusive");
+    else
+        definitions(context, schema, member);
+}
+
+void nullable(ReaderContext& context, Schema& schema, const Member& member) {
+    if (!context.isOpenAPI30 && !context.allowNullable)
+        context.report(schema, &member.value, "Nullable is only supported in OpenAPI 3.0");
+    else if (member.boolean())
+        schema.addType(SchemaType::Null);
+}
+
+void format(ReaderContext& context, Schema& schema, const Member& member) {
+    const Text name = member.text();
+    if (const SchemaFormat* known = context.formats().find(name.view()); known != nullptr)
+        schema.setFormat(known);
+    else
+        context.report(schema, &member.value, fmt::format("Unknown format: {}", name.view()));
+}
+
+void contentEncoding(ReaderContext&, Schema& schema, const Member& member) {
+    schema.setContentEncoding(member.text());
+}
+
+void contentMediaType(ReaderContext&, Schema& schema, const Member& member) {
+    schema.setContentMediaType(member.text());
+}
+
+void required(ReaderContext&, Schema& schema, const Member& member) {
+    std::vector<Text> names;
+    for (const jv::JV* element : member.asArray().elements()) {
+        if (element->isString())
+            names.push_back(Text::borrow(element->text()));
+    }
+    schema.setRequired(std::move(names));
+}
+
+void dependentRequired(ReaderContext& context, Schema& schema, const Member& member) {
+    for (const jv::Member& entry : member.asObject().members()) {
+        if (entry.value->isArray())
+            schema.setDependentRequired(Text::borrow(entry.key), readTexts(context, schema, *entry.value));
+        else
+            context.report(schema, entry.value, "Expected array value");
+    }
+}
+
+/// OpenAPI 3.1 has an array here, as JSON Schema has; documents of both families also have a map by name.
+void examples(ReaderContext&, Schema& schema, const Member& member) {
+    if (member.value.isArray()) {
+        std::vector<Value> values;
+        for (const jv::JV* element : member.value.elements())
+            values.push_back(Value::borrow(*element));
+        schema.setExamples(std::move(values));
+        return;
+    }
+    std::vector<NamedValue> values;
+    for (const jv::Member& entry : member.asObject().members())
+        values.push_back({Text::borrow(entry.key), Value::borrow(*entry.value)});
+    schema.setExamples(std::move(values));
+}
+
+void readMapping(ReaderContext&, openapi::Discriminator& discriminator, const Member& member) {
+    const jv::JV& mapping = member.asObject();
+    for (const jv::Member& entry : mapping.members())
+        discriminator.setMapping(Text::borrow(entry.key), Member{mapping, entry.key, *entry.value}.text());
+}
+
+constexpr ObjectReader<openapi::Discriminator, 1> discriminatorReader({
+    {"mapping", readMapping},
+});
+
+void discriminator(ReaderContext& context, Schema& schema, const Member& member) {
+    const jv::JV& value = member.asObject();
+    Text name = Text::borrow(value.getRequiredString("propertyName")->text());
+    discriminatorReader.read(context, *schema.createDiscriminator(std::move(name)), value);
+}
+
+constexpr ObjectReader<openapi::XML, 5> xmlReader({
+    {"name", readText<openapi::XML, &openapi::XML::setName>},
+    {"namespace", readText<openapi::XML, &openapi::XML::setNamespaceUri>},
+    {"prefix", readText<openapi::XML, &openapi::XML::setPrefix>},
+    {"attribute", readBoolean<openapi::XML, &openapi::XML::setAttribute>},
+    {"wrapped", readBoolean<openapi::XML, &openapi::XML::setWrapped>},
+});
+
+void xml(ReaderContext& context, Schema& schema, const Member& member) {
+    xmlReader.read(context, *schema.createXML(), member.asObject());
+}
+
+// In reading order: `nullable` adds to what `type` has set.
+constexpr ObjectReader<Schema, 62> schemaReader({
+    {"$id", text<Id>},
+    {"$schema", dialect},
+    {"type", type},
+    {"const", constant},
+    {"enum", enumeration},
+    {"title", text<Title>},
+    {"description", text<Description>},
+    {"$comment", text<Comment>},
+    {"$anchor", text<Anchor>},
+    {"$dynamicAnchor", text<DynamicAnchor>},
+    {"$dynamicRef", text<DynamicRef>},
+    {"$vocabulary", text<Vocabulary>},
+    {"default", defaultValue},
+    {"deprecated", boolean<Deprecated>},
+    {"readOnly", boolean<ReadOnly>},
+    {"writeOnly", boolean<WriteOnly>},
+    {"$defs", definitions},
+    {"definitions", oldDefinitions},
+    {"nullable", nullable},
+    {"format", format},
+    {"multipleOf", number<MultipleOf>},
+    {"maximum", number<Maximum>},
+    {"exclusiveMaximum", exclusive<ExclusiveMaximum>},
+    {"minimum", number<Minimum>},
+    {"exclusiveMinimum", exclusive<ExclusiveMinimum>},
+    {"maxLength", count<MaxLength>},
+    {"minLength", count<MinLength>},
+    {"pattern", text<Pattern>},
+    {"contentEncoding", contentEncoding},
+    {"contentMediaType", contentMediaType},
+    {"contentSchema", subschema<ContentSchema>},
+    {"maxItems", count<MaxItems>},
+    {"minItems", count<MinItems>},
+    {"uniqueItems", boolean<UniqueItems>},
+    {"prefixItems", schemaList<PrefixItems>},
+    {"items", subschema<Items>},
+    {"additionalItems", subschema<AdditionalItems>},
+    {"contains", subschema<Contains>},
+    {"maxContains", count<MaxContains>},
+    {"minContains", count<MinContains>},
+    {"unevaluatedItems", subschema<UnevaluatedItems>},
+    {"maxProperties", count<MaxProperties>},
+    {"minProperties", count<MinProperties>},
+    {"required", required},
+    {"properties", schemaMap<Properties>},
+    {"patternProperties", schemaMap<PatternProperties>},
+    {"additionalProperties", subschema<AdditionalProperties>},
+    {"propertyNames", subschema<PropertyNames>},
+    {"dependentRequired", dependentRequired},
+    {"dependentSchemas", schemaMap<DependentSchemas>},
+    {"unevaluatedProperties", subschema<UnevaluatedProperties>},
+    {"allOf", schemaList<AllOf>},
+    {"oneOf", schemaList<OneOf>},
+    {"anyOf", schemaList<AnyOf>},
+    {"not", subschema<Not>},
+    {"if", subschema<If>},
+    {"then", subschema<Then>},
+    {"else", subschema<Else>},
+    {"examples", examples},
+    {"discriminator", discriminator},
+    {"xml", xml},
+    {"externalDocs", readExternalDocs<Schema>},
+});
+
+} // namespace
+
+void readSchema(ReaderContext& context, Schema& schema, const jv::JV& value) {
+    if (value.isObject()) {
+        schema.reserve(value.size());
+        schemaReader.read(context, schema, value);
+    } else if (value.isBoolean()) {
+        schema.setSource(&value);
+        if (!value.boolean())
+            schema.createNot();
+    } else {
+        context.report(schema, &value, "Schema must be an object or boolean");
+    }
+}
+
+} // namespace specloom::openapi

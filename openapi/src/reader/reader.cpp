@@ -1,0 +1,29 @@
+#include "openapi/reader.h"
+
+#include "jv/deser.h"
+#include "openapi/reader/readers.h"
+
+#include <stdexcept> // std::invalid_argument
+#include <utility>   // std::move
+
+namespace specloom::openapi {
+
+std::unique_ptr<ReadResult> read(std::unique_ptr<jv::JVDocument> document,
+                                 const SchemaFormatRegistry* formats) {
+    if (formats == nullptr)
+        throw std::invalid_argument("Schema format registry must be provided");
+    auto result = std::make_unique<ReadResult>(std::move(document));
+    ReaderContext context(*result, *formats);
+    readOpenAPI(context, result->root(), *result->source().root());
+    context.resolvePending();
+    context.throwErrors();
+    return result;
+}
+
+std::unique_ptr<ReadResult> readFile(std::string_view path, const SchemaFormatRegistry* formats) {
+    auto result = read(jv::loadDocument(path).document, formats);
+    result->setSourcePath(std::string(path));
+    return result;
+}
+
+} // namespace specloom::openapi

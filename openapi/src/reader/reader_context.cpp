@@ -1,0 +1,80 @@
+#include "openapi/reader/reader_context.h"
+
+#include "openapi/reader.h"
+#include "openapi/reference.h"
+
+#include <fmt/format.h> // fmt::format, fmt::format_to
+
+#include <algorithm> // std::any_of
+#include <iterator>  // std::back_inserter
+#include <stdexcept> // std::runtime_error
+#include <utility>   // std::move
+
+namespace specloom::openapi {
+
+namespace {
+
+constexpr std::string_view unknownFormat = "Unknown format: ";
+constexpr const char* customFormatsHint =
+    "\nWARNING: Looks like this schema uses custom schema formats. Define them in \n"
+    "the configuration file and pass the configuration file using the --config \n"
+    "option. You can find more information about custom formats in the docs: \n"
+    "docs/configuration.md#custom-formats\n";
+
+} // namespace
+
+ReaderContext::ReaderContext(ReadResult& result, const SchemaFormatRegistry& formats)
+    : result_(result), formats_(formats), placeholder_(&result.root()) {}
+
+void ReaderContext::report(const Node& node, const jv::JV* value, std::string message) {
+    errors_.push_back({&node, value, std::move(message)});
+}
+
+bool ReaderContext::requireObject(const Node& node, const jv::JV& value, const char* message) {
+    if (!value.isObject())
+        report(node, &value, message);
+    return value.isObject();
+}
+
+bool ReaderContext::enter(const Node& node, const jv::JV& value) {
+    if (depth_ == maxNodeDepth) {
+        report(node, &value, fmt::format("Objects are nested more than {} levels deep", maxNodeDepth));
+        return false;
+    }
+    ++depth_;
+    return true;
+}
+
+// ---- errors ----------------------------------------------------------------------------------------------
+
+jv::Pos ReaderContext::positionOf(const ReadError& error) const {
+    if (error.value != nullptr && error.value->pos().isKnown())
+        return error.value->pos();
+    if (error.value != nullptr) {
+        if (const jv::JV* around = error.value->enclosingObject(); around != nullptr)
+            return around->pos();
+    }
+    for (const Node* node = error.node; node != nullptr; node = node->parent()) {
+        if (node->source() != nullptr && node->source()->pos().isKnown())
+            return node->source()->pos();
+    }
+    return {};
+}
+
+void ReaderContext::throwErrors() const {
+    if (errors_.empty())
+        return;
+    std::string text;
+    for (const ReadError& error : errors_) {
+        const jv::Pos pos = positionOf(error);
+        fmt::format_to(std::back_inserter(text), "{} at ({}, {})\n", error.message, pos.line, pos.column);
+    }
+    const bool custom = std::any_of(errors_.begin(), errors_.end(), [](const ReadError& error) {
+        return error.message.find(unknownFormat) != std::string::npos;
+    });
+    if (custom)
+        text += customFormatsHint;
+    throw std::runtime_error(text);
+}
+
+} // namespace specloom::openapi
