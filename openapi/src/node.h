@@ -91,20 +91,21 @@ class Node {
 
   protected:
     Node(Node* parent, NodeType type) noexcept
-        : parent_(parent), root_(parent == nullptr ? this : parent->root_), type_(type) {
+        : type_(type), parent_(parent), root_(parent == nullptr ? this : parent->root_) {
         index_ = root_->created_++;
     }
 
   private:
     friend class Reference;
 
+    // What a walk asks of every node comes first, into one line of the cache.
+    NodeType type_;
+    std::uint32_t index_ = 0;
     Node* parent_;
     Node* root_;
     const jv::JV* source_ = nullptr;
     std::unique_ptr<ExtensionMap> extensions_; ///< few nodes have any
     Reference* firstReference_ = nullptr;
-    NodeType type_;
-    std::uint32_t index_ = 0;
     std::uint32_t created_ = 0; ///< in the root: nodes made so far
 };
 

@@ -70,11 +70,6 @@ class NodeVisitHandler {
     virtual void visit(const OpenAPI&) {}
     /// Every node, right after the hook of its class.
     virtual void visit(const Node&) {}
-
-  protected:
-    NodeVisitHandler() = default;
-    NodeVisitHandler(const NodeVisitHandler&) = default;
-    NodeVisitHandler& operator=(const NodeVisitHandler&) = default;
 };
 
 } // namespace specloom::openapi

@@ -3,6 +3,7 @@
 #include "openapi/node_dispatch.h"
 
 #include <algorithm> // std::reverse
+#include <cstdint>   // std::uint8_t
 
 namespace specloom::openapi {
 
@@ -15,10 +16,11 @@ class ChildCollector {
     explicit ChildCollector(std::vector<const Node*>& out) : out_(out) {}
 
     void add(const Node* node) {
-        if (node == nullptr)
-            return;
-        if (const Node* object = node->resolve(); object != nullptr)
-            out_.push_back(object);
+        // A type is at hand where a virtual call is not, and few children are references.
+        if (node != nullptr && node->type() == NodeType::Reference)
+            node = node->resolve();
+        if (node != nullptr)
+            out_.push_back(node);
     }
     void add(const NodePointer& node) { add(node.get()); }
     template <typename T>
@@ -109,27 +111,64 @@ class ChildCollector {
     std::vector<const Node*>& out_;
 };
 
+enum class Shape : std::uint8_t { Single, List, Map };
+
+struct ChildKeyword {
+    SchemaKeyword keyword;
+    Shape shape;
+};
+
+constexpr ChildKeyword childKeywords[] = {
+    {SchemaKeyword::ContentSchema, Shape::Single},
+    {SchemaKeyword::PrefixItems, Shape::List},
+    {SchemaKeyword::Items, Shape::Single},
+    {SchemaKeyword::AdditionalItems, Shape::Single},
+    {SchemaKeyword::Contains, Shape::Single},
+    {SchemaKeyword::UnevaluatedItems, Shape::Single},
+    {SchemaKeyword::Properties, Shape::Map},
+    {SchemaKeyword::PatternProperties, Shape::Map},
+    {SchemaKeyword::AdditionalProperties, Shape::Single},
+    {SchemaKeyword::PropertyNames, Shape::Single},
+    {SchemaKeyword::DependentSchemas, Shape::Map},
+    {SchemaKeyword::UnevaluatedProperties, Shape::Single},
+    {SchemaKeyword::AllOf, Shape::List},
+    {SchemaKeyword::OneOf, Shape::List},
+    {SchemaKeyword::AnyOf, Shape::List},
+    {SchemaKeyword::Not, Shape::Single},
+    {SchemaKeyword::If, Shape::Single},
+    {SchemaKeyword::Then, Shape::Single},
+    {SchemaKeyword::Else, Shape::Single},
+    {SchemaKeyword::Definitions, Shape::Map},
+    {SchemaKeyword::XML, Shape::Single},
+    {SchemaKeyword::Discriminator, Shape::Single},
+    {SchemaKeyword::ExternalDocs, Shape::Single},
+};
+
+constexpr SchemaKeywords childKeywordSet = [] {
+    SchemaKeywords set;
+    for (const ChildKeyword& child : childKeywords)
+        set.add(child.keyword);
+    return set;
+}();
+
 void ChildCollector::of(const Schema& node) {
-    using enum SchemaKeyword;
-    add(node.node(ContentSchema));
-    addAll(node.prefixItems());
-    for (const SchemaKeyword field : {Items, AdditionalItems, Contains, UnevaluatedItems})
-        add(node.node(field));
-    addMap(node.properties());
-    addMap(node.patternProperties());
-    add(node.node(AdditionalProperties));
-    add(node.node(PropertyNames));
-    addMap(node.dependentSchemas());
-    add(node.node(UnevaluatedProperties));
-    addAll(node.allOf());
-    addAll(node.oneOf());
-    addAll(node.anyOf());
-    for (const SchemaKeyword field : {Not, If, Then, Else})
-        add(node.node(field));
-    addMap(node.definitions());
-    add(node.xml());
-    add(node.discriminator());
-    add(node.externalDocs());
+    if (!node.keywords().meets(childKeywordSet)) // most schemas are leaves
+        return;
+    for (const auto& [keyword, shape] : childKeywords) {
+        if (!node.has(keyword))
+            continue;
+        switch (shape) {
+        case Shape::Single:
+            add(node.node(keyword));
+            break;
+        case Shape::List:
+            addAll(node.list(keyword));
+            break;
+        case Shape::Map:
+            addMap(node.map(keyword));
+            break;
+        }
+    }
 }
 
 } // namespace

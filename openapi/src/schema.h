@@ -32,6 +32,7 @@ class Schema final : public Node {
 
     /// Whether the schema has this keyword. Empty texts, lists and maps count once they were set.
     [[nodiscard]] bool has(SchemaKeyword keyword) const noexcept { return fields_.has(keyword); }
+    [[nodiscard]] SchemaKeywords keywords() const noexcept { return fields_.keywords(); }
     [[nodiscard]] std::size_t keywordCount() const noexcept { return fields_.size(); }
     /// Room for so many keywords.
     void reserve(std::size_t keywords) { fields_.reserve(keywords); }

@@ -6,7 +6,7 @@ SchemaField& SchemaFields::set(SchemaKeyword keyword, SchemaField field) {
     const std::size_t slot = slotOf(keyword);
     if (has(keyword))
         return fields_[slot] = std::move(field);
-    present_ |= bitOf(keyword);
+    present_.add(keyword);
     return *fields_.insert(fields_.begin() + static_cast<std::ptrdiff_t>(slot), std::move(field));
 }
 
@@ -14,7 +14,7 @@ void SchemaFields::remove(SchemaKeyword keyword) {
     if (!has(keyword))
         return;
     fields_.erase(fields_.begin() + static_cast<std::ptrdiff_t>(slotOf(keyword)));
-    present_ &= ~bitOf(keyword);
+    present_.remove(keyword);
 }
 
 } // namespace specloom::openapi

@@ -5,7 +5,6 @@
 #include "openapi/schema_format.h"
 #include "openapi/schema_keyword.h"
 
-#include <bit>     // std::popcount
 #include <cstdint> // std::uint64_t
 #include <utility> // std::move
 #include <variant> // std::variant
@@ -32,7 +31,8 @@ using SchemaField = std::variant<bool, std::uint64_t, number::Number, Text, Valu
 /// three keywords.
 class SchemaFields {
   public:
-    [[nodiscard]] bool has(SchemaKeyword keyword) const noexcept { return (present_ & bitOf(keyword)) != 0; }
+    [[nodiscard]] bool has(SchemaKeyword keyword) const noexcept { return present_.has(keyword); }
+    [[nodiscard]] SchemaKeywords keywords() const noexcept { return present_; }
     [[nodiscard]] std::size_t size() const noexcept { return fields_.size(); }
     void reserve(std::size_t count) { fields_.reserve(count); }
 
@@ -58,16 +58,11 @@ class SchemaFields {
     void remove(SchemaKeyword keyword);
 
   private:
-    static_assert(schemaKeywordCount <= 64, "a bit for each keyword");
-
-    [[nodiscard]] static constexpr std::uint64_t bitOf(SchemaKeyword keyword) noexcept {
-        return std::uint64_t{1} << static_cast<unsigned>(keyword);
-    }
     [[nodiscard]] std::size_t slotOf(SchemaKeyword keyword) const noexcept {
-        return static_cast<std::size_t>(std::popcount(present_ & (bitOf(keyword) - 1)));
+        return present_.rankOf(keyword);
     }
 
-    std::uint64_t present_ = 0;
+    SchemaKeywords present_;
     std::vector<SchemaField> fields_;
 };
 

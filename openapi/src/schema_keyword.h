@@ -1,8 +1,8 @@
 #pragma once
 
-#include <cstddef>     // std::size_t
-#include <cstdint>     // std::uint8_t
-#include <string_view> // std::string_view
+#include <bit>     // std::popcount
+#include <cstddef> // std::size_t
+#include <cstdint> // std::uint8_t, std::uint64_t
 
 namespace specloom::openapi {
 
@@ -69,5 +69,31 @@ enum class SchemaKeyword : std::uint8_t {
 };
 
 inline constexpr std::size_t schemaKeywordCount = static_cast<std::size_t>(SchemaKeyword::ExternalDocs) + 1;
+
+/// A set of keywords.
+class SchemaKeywords {
+  public:
+    [[nodiscard]] constexpr bool has(SchemaKeyword keyword) const noexcept {
+        return (bits_ & bitOf(keyword)) != 0;
+    }
+    [[nodiscard]] constexpr bool meets(SchemaKeywords other) const noexcept {
+        return (bits_ & other.bits_) != 0;
+    }
+    constexpr void add(SchemaKeyword keyword) noexcept { bits_ |= bitOf(keyword); }
+    constexpr void remove(SchemaKeyword keyword) noexcept { bits_ &= ~bitOf(keyword); }
+    /// How many of the set come before `keyword`.
+    [[nodiscard]] constexpr std::size_t rankOf(SchemaKeyword keyword) const noexcept {
+        return static_cast<std::size_t>(std::popcount(bits_ & (bitOf(keyword) - 1)));
+    }
+
+  private:
+    static_assert(schemaKeywordCount <= 64, "a bit for each keyword");
+
+    [[nodiscard]] static constexpr std::uint64_t bitOf(SchemaKeyword keyword) noexcept {
+        return std::uint64_t{1} << static_cast<unsigned>(keyword);
+    }
+
+    std::uint64_t bits_ = 0;
+};
 
 } // namespace specloom::openapi

@@ -129,8 +129,16 @@ class ObjectReader {
 
 // Rows that only hand the value to a setter. T is the class of the table, which may derive from the setter's.
 
+/// A null counts as an absent text: programs that write documents put it where they have none. A text that
+/// must be there may not be null; its row is a required one.
 template <typename T, auto set>
 void readText(ReaderContext&, T& node, const Member& member) {
+    if (!member.value.isNull())
+        (node.*set)(member.text());
+}
+
+template <typename T, auto set>
+void readRequiredText(ReaderContext&, T& node, const Member& member) {
     (node.*set)(member.text());
 }
 

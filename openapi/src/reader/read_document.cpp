@@ -37,13 +37,13 @@ void readLicense(ReaderContext& context, Info& info, const Member& member) {
 }
 
 constexpr ObjectReader<Info, 7> infoReader({
-    {"title", readText<Info, &Info::setTitle>, true},
+    {"title", readRequiredText<Info, &Info::setTitle>, true},
     {"summary", readText<Info, &Info::setSummary>},
     {"description", readText<Info, &Info::setDescription>},
     {"termsOfService", readText<Info, &Info::setTermsOfService>},
     {"contact", readContact},
     {"license", readLicense},
-    {"version", readText<Info, &Info::setVersion>, true},
+    {"version", readRequiredText<Info, &Info::setVersion>, true},
 });
 
 // ---- servers ---------------------------------------------------------------------------------------------

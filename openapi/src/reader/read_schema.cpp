@@ -13,9 +13,11 @@ using enum SchemaKeyword;
 
 // ---- kinds of rows ---------------------------------------------------------------------------------------
 
+/// A null counts as an absent text, as with readText().
 template <SchemaKeyword keyword>
 void text(ReaderContext&, Schema& schema, const Member& member) {
-    schema.setText(keyword, member.text());
+    if (!member.value.isNull())
+        schema.setText(keyword, member.text());
 }
 
 template <SchemaKeyword keyword>
@@ -193,9 +195,13 @@ void contentMediaType(ReaderContext&, Schema& schema, const Member& member) {
     schema.setContentMediaType(member.text());
 }
 
+/// Neither an element of another kind than text nor another kind than array is worth a refusal: many
+/// documents have the flag of older drafts here, which says nothing in a schema.
 void required(ReaderContext&, Schema& schema, const Member& member) {
+    if (!member.value.isArray())
+        return;
     std::vector<Text> names;
-    for (const jv::JV* element : member.asArray().elements()) {
+    for (const jv::JV* element : member.value.elements()) {
         if (element->isString())
             names.push_back(Text::borrow(element->text()));
     }
