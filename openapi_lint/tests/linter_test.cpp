@@ -201,14 +201,13 @@ TEST(Rulesets, areWhatTheManualSays) {
     EXPECT_EQ(manual.substr(begin, end - begin), rulesetTable()) << page;
 }
 
-TEST(Rulesets, holdEveryRule) {
+TEST(Rulesets, leaveOutNoRule) {
     std::set<std::string, std::less<>> held;
     for (const std::string_view name : rulesetNames()) {
         const std::unique_ptr<Ruleset> ruleset = findRuleset(name);
         for (const auto& [id, entry] : ruleset->entries())
             held.insert(id);
     }
-    EXPECT_EQ(held.size(), 53u);
     for (const std::string_view id : ruleIds())
         EXPECT_TRUE(held.contains(id)) << id;
 }
