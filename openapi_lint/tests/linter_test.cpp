@@ -341,6 +341,22 @@ TEST(Linter, gathersFindingsFromFileToFile) {
     fs::remove_all(folder);
 }
 
+TEST(Linter, writesFixedDocumentsBack) {
+    const fs::path file = fs::path(testing::TempDir()) / "linter_test.yaml";
+    std::ofstream(file) << "paths: {}\ninfo: {version: 1.0.0, title: Tides}\nunknown: 1\nopenapi: 3.1.0\n";
+    Session session;
+    ASSERT_EQ(session.configure("{rules: {info-defined: err}}"), "");
+    session.linter.setAutoFix(true);
+    const openapi::SchemaFormatRegistry formats;
+    const std::string expected = "paths: {}\ninfo:\n  version: 1.0.0\n  title: Tides\nopenapi: 3.1.0\n";
+    for (int times = 0; times < 2; ++times) { // errors do not keep it from writing
+        session.linter.run(*openapi::readFile(file.string(), &formats), file.string());
+        EXPECT_EQ(test_support::fileBytes(file), expected);
+    }
+    EXPECT_EQ(session.linter.context().errorCount, 4u);
+    fs::remove(file);
+}
+
 TEST(Linter, needsAFileToFix) {
     Session run;
     run.linter.configureDefaults();

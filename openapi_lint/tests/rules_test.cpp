@@ -84,7 +84,9 @@ class Bench {
 
     [[nodiscard]] std::string findings() {
         context_.results.clear();
+        context_.freeze(); // as a run does it
         rule_->check(context_);
+        context_.release();
         std::string text;
         for (const LintResult& result : context_.results)
             text += fmt::format("{}:{} {}\n", result.printedLine(), result.printedColumn(), result.message);
