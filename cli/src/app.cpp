@@ -6,6 +6,7 @@
 #include "cli/commands/credits_command.h"
 #include "cli/commands/format_command.h"
 #include "cli/commands/license_command.h"
+#include "cli/commands/lint_command.h"
 #include "cli/commands/server_command.h"
 #include "cli/exit_status.h"
 #include "telemetry/telemetry.h"
@@ -20,10 +21,7 @@ std::unique_ptr<Command> make() {
 
 /// Every command, in the order in which the command line is asked for them.
 constexpr std::unique_ptr<Command> (*commandTable[])() = {
-    make<CreditsCommand>,
-    make<FormatCommand>,
-    make<LicenseCommand>,
-    make<ServerCommand>,
+    make<CreditsCommand>, make<FormatCommand>, make<LicenseCommand>, make<LintCommand>, make<ServerCommand>,
 };
 
 } // namespace

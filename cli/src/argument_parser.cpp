@@ -32,6 +32,11 @@ void ArgumentParser::addOption(std::string_view name, const ArgumentHelp& help) 
     parser_->add(name, help).nargs(1);
 }
 
+void ArgumentParser::addOption(std::string_view name, const ArgumentHelp& help,
+                               std::string_view defaultValue) {
+    parser_->add(name, help).nargs(1).default_value(std::string(defaultValue));
+}
+
 void ArgumentParser::addPositionals(std::string_view name, const ArgumentHelp& help) {
     parser_->add(name, help).nargs(argparse::nargs_pattern::at_least_one);
 }
@@ -54,6 +59,10 @@ bool ArgumentParser::flag(std::string_view name) const {
 
 std::optional<std::string> ArgumentParser::option(std::string_view name) const {
     return parser_->present<std::string>(name);
+}
+
+std::string ArgumentParser::optionOrDefault(std::string_view name) const {
+    return parser_->get<std::string>(name);
 }
 
 std::vector<std::string> ArgumentParser::positionals(std::string_view name) const {

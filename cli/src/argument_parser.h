@@ -35,6 +35,9 @@ class ArgumentParser {
     /// An argument with one value that may be left out altogether, such as "--config".
     void addOption(std::string_view name, const ArgumentHelp& help);
 
+    /// The same with the value that it has when it is left out.
+    void addOption(std::string_view name, const ArgumentHelp& help, std::string_view defaultValue);
+
     /// Values without a name before them, one or more of them. `name` has no dashes.
     void addPositionals(std::string_view name, const ArgumentHelp& help);
 
@@ -51,6 +54,8 @@ class ArgumentParser {
     [[nodiscard]] bool isSubcommandUsed(std::string_view name) const;
     [[nodiscard]] bool flag(std::string_view name) const;
     [[nodiscard]] std::optional<std::string> option(std::string_view name) const;
+    /// Of an option with a default value.
+    [[nodiscard]] std::string optionOrDefault(std::string_view name) const;
     [[nodiscard]] std::vector<std::string> positionals(std::string_view name) const;
 
   private:

@@ -26,6 +26,7 @@ void TreeCloner::copyShallow(const JV& source, JV& copy) {
         break;
     case Kind::String:
         copy.setString(source.text());
+        copy.raise(source.flags_ & JV::plainScalar);
         break;
     case Kind::Array:
         copy.makeArray();
@@ -44,7 +45,7 @@ void TreeCloner::copyShallow(const JV& source, JV& copy) {
 }
 
 void TreeCloner::moveContent(JV& source, JV& target) noexcept {
-    constexpr unsigned contentFlags = JV::ownsBlock | JV::inlineText;
+    constexpr unsigned contentFlags = JV::ownsBlock | JV::inlineText | JV::plainScalar;
     target.become(source.kind_);
     target.detail_ = source.detail_;
     target.payload_ = source.payload_;

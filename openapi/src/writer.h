@@ -21,23 +21,27 @@ class Writer {
 
     /// The canonical order.
     Writer() = default;
-    /// The keys of every object stand as in the source; keys that it did not have stand behind them.
+    /// The keys of every object stand as in the source, and so do the names in `required`; keys that it did
+    /// not have stand behind them. The result must outlive the writer.
     explicit Writer(const ReadResult& result);
 
-    /// The order of the keys of a node's object, and of one of its members that is a map. Keys that the list
-    /// does not name stay behind those that it does.
+    /// The order of the keys of a node's object, and of one of its members that is a map; of "required" in a
+    /// schema that of the names. What the list does not name stays behind what it does.
     void setKeyOrders(NodeKeyOrder ofNode, FieldKeyOrder ofField);
-    /// Write an `enum` of one value as `const`. Off at first.
+    /// Write an `enum` of one value as `const`, except in a document of the 3.0 family. Off at first.
     void setConstFromEnum(bool value) { constFromEnum_ = value; }
-    /// Write schemas that accept everything, or nothing, as booleans. Off at first.
+    /// Write schemas that accept everything, or nothing, as booleans; in a document of the 3.0 family only
+    /// `additionalProperties`. Off at first.
     void setBooleanSchemas(bool value) { booleanSchemas_ = value; }
 
-    /// A document whose root is the object of `root`.
+    /// A document whose root is the object of `root`. References to what is no component are left out, since
+    /// nothing could name them.
     [[nodiscard]] std::unique_ptr<jv::JVDocument> write(const OpenAPI& root) const;
 
   private:
     NodeKeyOrder keyOrderOfNode_;
     FieldKeyOrder keyOrderOfField_;
+    const jv::JVDocument* valueSource_ = nullptr; ///< knows the key orders inside kept values
     bool constFromEnum_ = false;
     bool booleanSchemas_ = false;
 };

@@ -42,6 +42,15 @@ RuleSetting readSetting(std::string_view id, const jv::JV& value) {
     return {textOf(*value.elements()[0], id), value.elements()[1]};
 }
 
+/// The elements of an array of strings; none for null.
+std::vector<std::string_view> namesIn(const jv::JV* array) {
+    std::vector<std::string_view> names;
+    if (array != nullptr)
+        for (const jv::JV* element : array->elements())
+            names.push_back(textOf(*element, "extends"));
+    return names;
+}
+
 /// In the order in which they run: fixable ones first, each part in the order of the ids.
 std::vector<Rule*> inRunningOrder(const Linter::Rules& rules) {
     std::vector<Rule*> order;
@@ -58,9 +67,8 @@ Linter::Linter(std::ostream& stream) : stream_(stream), formatter_(findFormatter
 void Linter::configure(const jv::JV* config) {
     if (config == nullptr)
         return;
-    if (const jv::JV* rulesets = config->getArray("extends"); rulesets != nullptr)
-        for (const jv::JV* name : rulesets->elements())
-            addRuleset(textOf(*name, "extends"));
+    for (const std::string_view name : namesIn(config->getArray("extends")))
+        addRuleset(name);
     if (const jv::JV* rules = config->getObject("rules"); rules != nullptr)
         for (const auto& [id, value] : rules->members())
             configureRule(id, *value);
@@ -128,6 +136,7 @@ void Linter::run(openapi::ReadResult& document, std::string_view path) {
 
 void Linter::check(openapi::ReadResult& document) {
     context_.document = &document;
+    context_.release(); // of a document whose check ended in an exception
     const std::vector<Rule*> rules = inRunningOrder(rules_);
     if (autoFix_) {
         const telemetry::Span span("autoFix");
@@ -137,8 +146,10 @@ void Linter::check(openapi::ReadResult& document) {
     }
     {
         const telemetry::Span span("check");
+        context_.freeze();
         for (Rule* rule : rules)
             rule->check(context_);
+        context_.release();
     }
     if (autoFix_) {
         if (context_.filename().empty())
@@ -148,6 +159,7 @@ void Linter::check(openapi::ReadResult& document) {
     const telemetry::Span span("format");
     formatter_->format(context_);
     stream_ << '\n';
+    context_.document = nullptr; // it ends before the next one comes
 }
 
 } // namespace specloom::openapi_lint

@@ -29,8 +29,9 @@ class Rule {
 
     /// Whether the findings of this rule are counted as fixable.
     [[nodiscard]] virtual bool isFixable() const { return false; }
-    /// Takes the options of a configuration. Null when there are none to take; options that are written as
-    /// `null` are a value of that kind. Throws RuleConfigurationError for options that it does not know.
+    /// Takes the options of a configuration, which live no longer than the call. Null when there are none to
+    /// take; options that are written as `null` are a value of that kind. Throws RuleConfigurationError for
+    /// options that it does not know.
     virtual void configure(const jv::JV* options);
     /// Reports what is wrong with the context's document.
     virtual void check(LintContext& context);

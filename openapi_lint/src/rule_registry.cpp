@@ -6,7 +6,10 @@
 #include <string>    // std::string
 
 #include "openapi_lint/rules/info_defined.h"
+#include "openapi_lint/rules/json_api_resource_type_unique.h"
+#include "openapi_lint/rules/json_api_schema_validation.h"
 #include "openapi_lint/rules/no_content_response_defined.h"
+#include "openapi_lint/rules/openapi_json_schema_validation.h"
 #include "openapi_lint/rules/operation_description_defined.h"
 #include "openapi_lint/rules/operation_document_not_primitive.h"
 #include "openapi_lint/rules/operation_id_defined.h"
@@ -46,7 +49,10 @@ constexpr RuleEntry entry() {
 /// Every rule, in byte-wise order of the ids.
 constexpr RuleEntry ruleTable[] = {
     entry<InfoDefined>(),
+    entry<ResourceTypeUnique>(),
+    entry<JSONAPISchemaValidation>(),
     entry<NoContentResponseDefined>(),
+    entry<OpenAPIJSONSchemaValidation>(),
     entry<OperationDescriptionDefined>(),
     entry<OperationDocumentNotPrimitive>(),
     entry<OperationIdDefined>(),

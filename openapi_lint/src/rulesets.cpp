@@ -28,6 +28,9 @@ constexpr Row rows[] = {
     {"contact-defined", error, none, error, none},
     {"id-defined", error, none, error, none},
     {"info-defined", error, error, error, none},
+    {"json-api/content-type", none, none, none, error},
+    {"json-api/resource-type-unique", none, none, none, error},
+    {"json-api/schema-validation", none, none, none, error},
     {"json-schema-validation", error, none, error, none},
     {"license-defined", error, none, error, none},
     {"no-content-response-defined", error, error, error, none},
@@ -74,9 +77,6 @@ constexpr Row rows[] = {
     {"unambiguous-response-codes", error, error, error, none},
     {"unused-request-body", error, warn, error, none},
     {"unused-shared-component", error, warn, error, none},
-    {"json-api/content-type", none, none, none, error},
-    {"json-api/schema-validation", none, none, none, error},
-    {"json-api/resource-type-unique", none, none, none, error},
 };
 // clang-format on
 

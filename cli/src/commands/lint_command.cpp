@@ -1,0 +1,64 @@
+#include "cli/commands/lint_command.h"
+
+#include <iostream> // std::cout
+#include <memory>   // std::unique_ptr
+#include <optional> // std::optional
+#include <string>   // std::string
+
+#include "cli/app.h"
+#include "cli/config_file.h"
+#include "cli/exit_status.h"
+#include "openapi/reader.h"
+#include "openapi_lint/linter.h"
+#include "telemetry/telemetry.h"
+
+namespace specloom::cli {
+namespace {
+
+void configureLinter(openapi_lint::Linter& linter, openapi::SchemaFormatRegistry& formats,
+                     const std::optional<std::string>& path) {
+    if (!path) {
+        linter.configureDefaults();
+        return;
+    }
+    ConfigFile file;
+    readConfigFile(file, *path, [&] {
+        if (const jv::JV* customFormats = file.customFormats(); customFormats != nullptr)
+            formats.addFromJV(*customFormats);
+        linter.configure(file.commandSection("lint"));
+    });
+}
+
+std::unique_ptr<openapi::ReadResult> read(const std::string& path,
+                                          const openapi::SchemaFormatRegistry& formats) {
+    const telemetry::Span span("read");
+    return openapi::readFile(path, &formats);
+}
+
+} // namespace
+
+void LintCommand::configure(App& app) {
+    parser.addDescription("Lint one or more OpenAPI files.");
+    parser.addOption("--config", {.help = "Path to the configuration file.", .metavar = "CONFIG"});
+    parser.addFlag("--fix", {.help = "Automatically fixes problems where possible."});
+    parser.addOption("--formatter", {.help = "Specifies the formatter"}, "stylish");
+    parser.addPositionals("files", {.help = "Path to OpenAPI files to lint.", .metavar = "FILES"});
+    app.addCommandLine(parser);
+}
+
+std::int32_t LintCommand::run() {
+    const telemetry::Span span("cli_command_lint");
+    openapi::SchemaFormatRegistry formats;
+    openapi_lint::Linter linter(std::cout);
+    configureLinter(linter, formats, parser.option("--config"));
+    linter.setAutoFix(parser.flag("--fix"));
+    linter.setFormatter(parser.optionOrDefault("--formatter"));
+    for (const std::string& file : parser.positionals("files")) {
+        const std::unique_ptr<openapi::ReadResult> document = read(file, formats);
+        const telemetry::Span process("process");
+        linter.run(*document, file);
+    }
+    return exit_status::success;
+}
+
+} // namespace specloom::cli

@@ -1,1 +1,0 @@
-#include "openapi/writer.h"

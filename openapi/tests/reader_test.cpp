@@ -1,0 +1,263 @@
+#include "openapi/reader.h"
+
+#include "jv/deser.h"
+#include "openapi/reference.h"
+
+#include <memory>      // std::unique_ptr
+#include <string>      // std::string
+#include <string_view> // std::string_view
+#include <vector>      // std::vector
+
+#include <gtest/gtest.h>
+
+namespace specloom::openapi {
+namespace {
+
+std::unique_ptr<ReadResult> readText(std::string_view text,
+                                     jv::DocumentFormat format = jv::DocumentFormat::Json) {
+    static const SchemaFormatRegistry formats;
+    return read(jv::parseDocument(text, {.format = format, .refLoader = {}}), &formats);
+}
+
+/// The text of the refusal.
+std::string refusalOf(std::string_view text, jv::DocumentFormat format = jv::DocumentFormat::Json) {
+    try {
+        (void)readText(text, format);
+    } catch (const std::exception& error) {
+        return error.what();
+    }
+    return "none";
+}
+
+/// A document whose other members begin in column 56 of line 1.
+std::string with(std::string_view members, std::string_view version = "3.1.0") {
+    return R"({"openapi":")" + std::string(version) + R"(","info":{"title":"t","version":"1"},"paths":{},)" +
+           std::string(members) + "}";
+}
+
+/// A document whose one schema begins in column 85.
+std::string withSchema(std::string_view schema, std::string_view version = "3.1.0") {
+    return with(R"("components":{"schemas":{"S":)" + std::string(schema) + "}}", version);
+}
+
+const Schema& schemaOf(const ReadResult& result) {
+    return *result.root().components().schema("S");
+}
+
+TEST(Reader, reportsFaultsWithTheirPlaces) {
+    struct Case {
+        std::string document;
+        const char* refusal;
+    };
+    const std::vector<Case> cases{
+        {"[]", "OpenAPI object must be an object at (1, 1)\n"},
+        {R"({"openapi":"3.1.0","info":5,"paths":{}})", "Info object must be an object at (1, 27)\n"},
+        {with(R"("components":[])"), "Expected an object at (1, 79)\n"},
+        {with(R"("servers":[1],"tags":[2])"), "Expected object at (1, 77)\nExpected object at (1, 88)\n"},
+        {withSchema("5"), "Schema must be an object or boolean at (1, 95)\n"},
+        {withSchema(R"({"type":[1,"string",{}]})"),
+         "Expected string value for schema type at (1, 104)\nExpected string value for schema type at (1, "
+         "115)\n"},
+        {withSchema(R"({"type":{}})"), "Expected string or array value for schema type at (1, 103)\n"},
+        {withSchema(R"({"const":1})", "3.0.3"),
+         "const keyword is only supported in OpenAPI 3.1 at (1, 104)\n"},
+        {withSchema(R"({"const":1,"enum":[2]})"),
+         "const and enum keywords are mutually exclusive at (1, 113)\n"},
+        {withSchema(R"({"exclusiveMaximum":true})"), "Expected numeric value at (1, 115)\n"},
+        {withSchema(R"({"exclusiveMinimum":1})", "3.0.3"), "Expected boolean value at (1, 115)\n"},
+        {withSchema(R"({"definitions":{},"$defs":{}})"),
+         "definitions and $defs are mutually exclusive at (1, 110)\n"},
+        {withSchema(R"({"dependentRequired":{"a":1,"b":[2]}})"),
+         "Expected array value at (1, 121)\nExpected string value at (1, 128)\n"},
+        {withSchema(R"({"$schema":"urn:x"})"), "Unknown schema dialect: urn:x at (1, 106)\n"},
+        {withSchema(R"({"minLength":-1})"), "Expected unsigned integer value at (1, 108)\n"},
+        {R"({"openapi":"3.1.0","info":{"title":"t","version":"1","license":{"name":"n","identifier":"i","url":"u"}}})",
+         "License object must have either identifier or url, not both at (1, 64)\n"},
+        {with(
+             R"("components":{"parameters":{"p":{"in":"path","name":"n","required":false,"style":"form"}}})"),
+         "Path parameters must be required at (1, 133)\nInvalid parameter style: form at (1, 147)\n"},
+    };
+    for (const auto& [document, refusal] : cases)
+        EXPECT_EQ(refusalOf(document), refusal) << document;
+}
+
+TEST(Reader, endsAtOnceWhereTheModelRefuses) {
+    struct Case {
+        std::string document;
+        const char* refusal;
+    };
+    const std::vector<Case> cases{
+        {"{}", "Required property 'openapi' is missing."},
+        {R"({"openapi":"3.1.0"})", "Required property 'info' is missing."},
+        {R"({"openapi":"3.1.0","info":{"title":null,"version":"1"}})",
+         "A string value is expected for 'title'."},
+        {with(R"("servers":{})"), "An array value is expected for 'servers'."},
+        {with(R"("servers":[{"url":"a","variables":{"b":{}}}])"), "Invalid server variable: b"},
+        {with(R"("servers":[{"url":"{a}{a}"}])"), "Duplicate server variable name: a"},
+        {with(R"("components":{"parameters":{"p":{"in":"body","name":"n"}}})"),
+         "Invalid parameter location: body"},
+        {with(R"("components":{"parameters":{"p":{"in":"query"}}})"), "Required property 'name' is missing."},
+        {with(R"("components":{"securitySchemes":{"s":{"type":"basic"}}})"),
+         "Invalid security scheme type: basic"},
+        {with(
+             R"("webhooks":{"w":{"get":{"parameters":[{"in":"query","name":"a"},{"in":"query","name":"a"}]}}})"),
+         "Parameter already exists"},
+        {withSchema(R"({"type":"text"})"), "Invalid schema type: text"},
+        {withSchema(R"({"maxLength":1.5})"), "An integer value is expected for 'maxLength'."},
+    };
+    for (const auto& [document, refusal] : cases)
+        EXPECT_EQ(refusalOf(document), refusal) << document;
+    EXPECT_THROW(
+        (void)read(jv::parseDocument("{}", {.format = jv::DocumentFormat::Json, .refLoader = {}}), nullptr),
+        std::invalid_argument);
+}
+
+TEST(Reader, warnsOnceOfCustomFormats) {
+    const std::string refusal = refusalOf(withSchema(R"({"format":"a","items":{"format":"b"}})"));
+    EXPECT_TRUE(refusal.starts_with(
+        "Unknown format: a at (1, 105)\nUnknown format: b at (1, 127)\n\nWARNING: Looks like "
+        "this schema uses custom schema formats. Define them in \nthe configuration file and "
+        "pass the configuration file using the --config \noption. You can find more "
+        "information about custom formats in the docs: \n"))
+        << refusal;
+    EXPECT_EQ(refusal.find("WARNING"), refusal.rfind("WARNING"));
+}
+
+TEST(Reader, reportsEveryReferenceThatLeadsNowhere) {
+    constexpr std::string_view document = R"(openapi: 3.0.3
+info: {title: t, version: "1"}
+paths:
+  /a:
+    get:
+      parameters:
+      - $ref: "#/components/parameters/none"
+      responses:
+        "200":
+          $ref: 5
+  /b:
+    $ref: "#/x"
+components:
+  schemas:
+    A: {$ref: "#/components/schemas/B"}
+    B: {$ref: "#/components/schemas/A"}
+    C: {$ref: "#/components/schemas/C"}
+    D:
+      items: {$ref: "#/components/schemas/none"}
+      not: {$ref: "short"}
+      properties:
+        p: {$ref: "#/components/schemas/A"}
+  parameters:
+    P: {$ref: "#/components/parameters/Q"}
+    Q: {in: query, name: q}
+  securitySchemes:
+    S: {$ref: "#/components/securitySchemes/T"}
+)";
+    EXPECT_EQ(refusalOf(document, jv::DocumentFormat::Yaml), R"(Unresolved references found at (0, 0)
+Unresolved reference: #/components/parameters/Q at (23, 7)
+Unresolved reference: #/components/parameters/none at (6, 8)
+Unresolved reference: #/components/schemas/A at (15, 7)
+Unresolved reference: #/components/schemas/A at (21, 11)
+Unresolved reference: #/components/schemas/B at (14, 7)
+Unresolved reference: #/components/schemas/C at (16, 7)
+Unresolved reference: #/components/schemas/none at (18, 13)
+Unresolved reference: #/components/securitySchemes/T at (26, 7)
+Unresolved reference: #/x at (11, 4)
+Unresolved reference: (number) at (9, 10)
+Unresolved reference: short at (19, 11)
+)");
+}
+
+TEST(Reader, givesForwardReferencesAndChainsTheirSchemas) {
+    const auto result = readText(with(R"("components":{
+        "schemas":{"A":{"$ref":"#/components/schemas/B"},"B":{"$ref":"#/components/schemas/Z"},
+                   "C":{"$ref":"#/components/schemas/Z"},
+                   "U":{"properties":{"a":{"$ref":"#/components/schemas/A"},"s":{"$ref":"#/components/schemas/U"},
+                        "odd":{"$ref":"#/definitions-elsewh/Z"}}},
+                   "Z":{"type":"string"}},
+        "parameters":{"P":{"in":"query","name":"p"},"Q":{"$ref":"#/components/parameters/P"}}})"));
+    const Components& components = result->root().components();
+    const Schema* end = components.schema("Z");
+    for (const char* name : {"A", "B", "C"})
+        EXPECT_EQ(components.schema(name), end) << name;
+    const Schema* user = components.schema("U");
+    EXPECT_EQ(resolveTo<Schema>(user->properties().find("a")), end);
+    EXPECT_EQ(resolveTo<Schema>(user->properties().find("s")), user);
+    EXPECT_EQ(resolveTo<Schema>(user->properties().find("odd")), end)
+        << "the head of a reference is not compared";
+    EXPECT_EQ(components.parameter("Q"), components.parameter("P"));
+}
+
+TEST(Reader, keepsWhatTheVersionsDiffer) {
+    const auto result =
+        readText(withSchema(R"({"type":"string","nullable":true,"const":1,"exclusiveMaximum":2,
+        "definitions":{"D":{"$ref":"ignored here"}},"examples":[1,2],"required":["b",5,"a"],"additionalProperties":false,
+        "title":null,"x-b":1,"x-a":{"k":2}})"));
+    const Schema& schema = schemaOf(*result);
+    EXPECT_TRUE(schema.types().has(SchemaType::Null));
+    EXPECT_EQ(schema.types().size(), 2u);
+    EXPECT_EQ(schema.enumeration().size(), 1u);
+    EXPECT_EQ(std::get<number::Number>(schema.exclusiveMaximum()).compare(number::Number(2)), 0);
+    EXPECT_EQ(schema.definitions().begin()->name(), "D");
+    EXPECT_TRUE(schema.examples().isArray);
+    EXPECT_EQ(schema.examples().entries->size(), 2u);
+    EXPECT_EQ(schema.required().size(), 2u);
+    EXPECT_TRUE(schema.additionalProperties()->isAlwaysFalse());
+    EXPECT_EQ(schema.title(), std::nullopt);
+    EXPECT_EQ(result->keyOrderOf(schema, "definitions"), std::vector<std::string_view>{"D"});
+    EXPECT_EQ(schema.extensions().begin()->name(), "x-a");
+
+    const auto old =
+        readText(withSchema(R"({"exclusiveMinimum":true,"required":true,"examples":{"a":1}})", "3.0.0"));
+    EXPECT_TRUE(std::get<bool>(schemaOf(*old).exclusiveMinimum()));
+    EXPECT_TRUE(schemaOf(*old).required().empty());
+    EXPECT_EQ(schemaOf(*old).examples().entries->front().name(), "a");
+}
+
+TEST(Reader, remembersWhereNodesCameFrom) {
+    const auto result = readText(R"({"paths":{"/a~b":{"get":{"responses":{}}}},"openapi":"3.0.0",
+ "info":{"version":"1","title":"t"}})");
+    const OpenAPI& root = result->root();
+    const Operation* get = root.paths().find("/a~b")->operation(OperationType::Get);
+    EXPECT_EQ(result->pointerOf(*get), "/paths/~1a~0b/get");
+    EXPECT_EQ(result->pointerOf(*get, "x/y"), "/paths/~1a~0b/get/x~1y");
+    EXPECT_EQ(result->positionOf(root.info()), (jv::Pos{2, 9}));
+    EXPECT_EQ(result->keyOrderOf(root), (std::vector<std::string_view>{"paths", "openapi", "info"}));
+    EXPECT_EQ(result->keyOrderOf(root.info()), (std::vector<std::string_view>{"version", "title"}));
+    EXPECT_EQ(result->nodeAtPointer("/paths/~1a~0b/get"), get);
+    EXPECT_EQ(result->nodeAtPointer("/paths/~1a~0b/put"), nullptr);
+
+    Schema made(&result->root());
+    EXPECT_FALSE(result->positionOf(made).isKnown());
+    EXPECT_TRUE(result->keyOrderOf(made).empty());
+    EXPECT_EQ(result->pointerOf(made, "a"), std::nullopt);
+    EXPECT_THROW((void)result->pointerOf(made), std::out_of_range);
+}
+
+TEST(Reader, keepsReferencesAndRequirementsAsTheyStand) {
+    const auto result = readText(R"({"openapi":"3.1.0","info":{"title":"t","version":"1"},
+"tags":[{"name":"known"}],"security":[{"z":["b","a"],"a":[]},{}],
+"paths":{"/a":{"get":{"tags":["known","unknown"],"security":[],"responses":{
+  "200":{"description":"d","headers":{"H":{"$ref":"#/components/headers/H","summary":"s","x-n":1}}},"x-r":1}},
+  "GET":{}},"x-p":2},
+"components":{"headers":{"H":{"schema":true}},"schemas":{"x-name":{}}}})");
+    const OpenAPI& root = result->root();
+    const auto& schemes = root.security()[0]->schemes();
+    EXPECT_EQ(schemes[0].name(), "z");
+    EXPECT_EQ(schemes[0].scopes[0].view(), "b");
+    EXPECT_TRUE(root.security()[1]->schemes().empty());
+    EXPECT_EQ(root.paths().size(), 1u);
+    EXPECT_NE(root.paths().findExtension("x-p"), nullptr);
+    const Operation* get = root.paths().find("/a")->operation(OperationType::Get);
+    EXPECT_EQ(get->tags().size(), 1u);
+    EXPECT_FALSE(get->inheritsSecurity());
+    EXPECT_NE(get->responses().findExtension("x-r"), nullptr);
+    const Node* header = get->responses().find("200")->headers().find("H")->get();
+    ASSERT_EQ(header->type(), NodeType::Reference);
+    EXPECT_EQ(static_cast<const Reference*>(header)->summary(), "s");
+    EXPECT_NE(header->findExtension("x-n"), nullptr);
+    EXPECT_EQ(result->nodeAtPointer("/paths/~1a/get/responses/200/headers/H"), header);
+    EXPECT_NE(root.components().schema("x-name"), nullptr) << "a name, not an extension";
+}
+
+} // namespace
+} // namespace specloom::openapi

@@ -1,0 +1,376 @@
+#include "openapi_lint/linter.h"
+
+#include <cstdlib>    // std::getenv
+#include <filesystem> // std::filesystem
+#include <fstream>    // std::ofstream
+#include <map>        // std::map
+#include <memory>     // std::unique_ptr
+#include <optional>   // std::optional
+#include <set>        // std::set
+#include <sstream>    // std::ostringstream
+#include <stdexcept>  // std::runtime_error
+#include <string>     // std::string
+#include <vector>     // std::vector
+
+#include <fmt/format.h>
+#include <gtest/gtest.h>
+
+#include "jv/deser.h"
+#include "openapi/reader.h"
+#include "openapi_lint/disabling.h"
+#include "openapi_lint/formatter_registry.h"
+#include "openapi_lint/rule_configuration_error.h"
+#include "openapi_lint/rule_registry.h"
+#include "openapi_lint/rulesets.h"
+#include "test_support/corpora.h"
+
+namespace specloom::openapi_lint {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* wordless = "{openapi: 3.1.0, info: {title: Tides, version: 1.0.0}, paths: {}}";
+
+std::unique_ptr<jv::JVDocument> parse(std::string_view yaml) {
+    return jv::parseDocument(yaml, {.format = jv::DocumentFormat::Yaml, .refLoader = {}});
+}
+
+std::unique_ptr<openapi::ReadResult> readTree(std::string_view yaml) {
+    static const openapi::SchemaFormatRegistry formats;
+    return openapi::read(parse(yaml), &formats);
+}
+
+/// A linter with everything that it printed.
+struct Session {
+    std::ostringstream out;
+    Linter linter{out};
+
+    /// The text of the exception with which it ended, with the rule that it names.
+    std::string configure(std::string_view yaml) {
+        const std::unique_ptr<jv::JVDocument> config = parse(yaml);
+        try {
+            linter.configure(config->root());
+        } catch (const RuleConfigurationError& error) {
+            return fmt::format("{}: {}", error.ruleId(), error.what());
+        } catch (const jv::JVError& error) {
+            return fmt::format("JVError: {}", error.what());
+        }
+        return "";
+    }
+    [[nodiscard]] std::map<std::string, Severity> severities() const {
+        std::map<std::string, Severity> result;
+        for (const auto& [id, rule] : linter.rules())
+            result.emplace(id, rule->severity());
+        return result;
+    }
+};
+
+/// Reports once about the root.
+class StubRule final : public Rule {
+  public:
+    StubRule(std::string_view id, Severity severity) : Rule(id, severity) {}
+    void check(LintContext& context) override { report(context, "found", context.root()); }
+};
+
+TEST(Configuration, takesRulesFromRulesetsAndOneByOne) {
+    constexpr Severity warning = Severity::Warning;
+    constexpr Severity error = Severity::Error;
+    struct Row {
+        std::string config;
+        std::string id;
+        std::optional<Severity> severity; // none when the rule is off
+    };
+    const std::vector<Row> rows = {
+        {"{}", "info-defined", std::nullopt},
+        {"{extends: []}", "info-defined", std::nullopt},
+        {"{extends: [recommended]}", "info-defined", error},
+        {"{extends: [recommended], rules: {info-defined: warn}}", "info-defined", warning},
+        {"{extends: [recommended], rules: {info-defined: warning}}", "info-defined", warning},
+        {"{extends: [recommended], rules: {info-defined: err}}", "info-defined", error},
+        {"{extends: [recommended], rules: {info-defined: [warn, null]}}", "info-defined", warning},
+        {"{extends: [recommended], rules: {info-defined: [warn, {}, more]}}", "info-defined", warning},
+        {"{extends: [recommended], rules: {info-defined: 'off'}}", "info-defined", std::nullopt},
+        {"{extends: [recommended], rules: {info-defined: ['off', {}]}}", "info-defined", std::nullopt},
+        {"{extends: [json-api]}", "info-defined", std::nullopt},
+        {"{extends: [json-api, strict]}", "info-defined", error},
+        {"{rules: {info-defined: warn}}", "info-defined", warning},
+        {"{rules: {no-such-rule: 'off'}}", "no-such-rule", std::nullopt},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.config);
+        Session run;
+        EXPECT_EQ(run.configure(row.config), "");
+        EXPECT_EQ(run.out.str(), "");
+        const auto severities = run.severities();
+        const auto found = severities.find(row.id);
+        EXPECT_EQ(found == severities.end() ? std::nullopt : std::optional(found->second), row.severity);
+    }
+}
+
+TEST(Configuration, tellsWhatItCannotUse) {
+    struct Row {
+        std::string config;
+        std::string out;
+        std::string failure;
+    };
+    const std::vector<Row> rows = {
+        {"{extends: [none, recommended]}", "Cannot load ruleset: Ruleset not found: none\n", ""},
+        {"{extends: recommended}", "", "JVError: An array value is expected for 'extends'."},
+        {"{extends: [none, 1]}", "", "JVError: A string value is expected for 'extends'."},
+        {"{rules: [info-defined]}", "", "JVError: An object value is expected for 'rules'."},
+        {"{rules: {no-such-rule: error}}", "Cannot load rule: Rule not found: no-such-rule\n",
+         "no-such-rule: Invalid rule configuration"},
+        {"{rules: {info-defined: Error}}", "Cannot load rule: Invalid severity\n",
+         "info-defined: Invalid rule configuration"},
+        {"{rules: {info-defined: 'OFF'}}", "Cannot load rule: Invalid severity\n",
+         "info-defined: Invalid rule configuration"},
+        {"{rules: {info-defined: 1}}", "Cannot load rule: Invalid rule configuration\n",
+         "info-defined: Invalid rule configuration"},
+        {"{rules: {info-defined: {severity: error}}}", "Cannot load rule: Invalid rule configuration\n",
+         "info-defined: Invalid rule configuration"},
+        {"{rules: {info-defined: [error]}}",
+         "Cannot load rule: A rule's array must hold a severity and options\n",
+         "info-defined: Invalid rule configuration"},
+        {"{rules: {info-defined: [1, {}]}}",
+         "Cannot load rule: A string value is expected for 'info-defined'.\n",
+         "info-defined: Invalid rule configuration"},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.config);
+        Session run;
+        EXPECT_EQ(run.configure(row.config), row.failure);
+        EXPECT_EQ(run.out.str(), row.out);
+    }
+}
+
+TEST(Configuration, isEmptyFromNullAndRecommendedByDefault) {
+    Session run;
+    run.linter.configure(nullptr);
+    EXPECT_TRUE(run.linter.rules().empty());
+    run.linter.configureDefaults();
+    Session recommended;
+    EXPECT_EQ(recommended.configure("{extends: [recommended]}"), "");
+    EXPECT_EQ(run.severities(), recommended.severities());
+    EXPECT_FALSE(run.linter.rules().empty());
+}
+
+TEST(Registries, refuseUnknownNames) {
+    const auto failure = [](auto find) -> std::string {
+        try {
+            find();
+        } catch (const std::runtime_error& error) {
+            return error.what();
+        }
+        return "";
+    };
+    std::ostringstream out;
+    EXPECT_EQ(failure([&] { (void)findFormatter("xml", out); }), "Formatter not found: xml");
+    EXPECT_EQ(failure([] { (void)findRule("InfoDefined", Severity::Error); }), "Rule not found: InfoDefined");
+    EXPECT_EQ(failure([] { (void)findRuleset("Strict"); }), "Ruleset not found: Strict");
+}
+
+/// The table of the manual, with a link for each rule that there is.
+std::string rulesetTable() {
+    std::map<std::string, std::map<std::string, std::string>> severities;
+    for (const std::string_view name : rulesetNames()) {
+        const std::unique_ptr<Ruleset> ruleset = findRuleset(name);
+        for (const auto& [id, entry] : ruleset->entries())
+            severities[id][std::string(name)] = severityName(entry.severity);
+    }
+    std::string table = "| Rule | `all` | `recommended` | `strict` | `json-api` |\n|---|---|---|---|---|\n";
+    for (auto& [id, inRuleset] : severities) {
+        table +=
+            isRuleKnown(id) ? fmt::format("| [`{}`](rules/{}.md) |", id, id) : fmt::format("| `{}` |", id);
+        for (const char* ruleset : {"all", "recommended", "strict", "json-api"})
+            table += fmt::format(" {} |", inRuleset[ruleset].empty() ? "-" : inRuleset[ruleset]);
+        table += '\n';
+    }
+    return table;
+}
+
+/// With SPECLOOM_UPDATE_GOLDEN set the table is written anew.
+TEST(Rulesets, areWhatTheManualSays) {
+    const fs::path page = fs::path(SPECLOOM_SOURCE_DIR) / "docs/linting.md";
+    const std::string manual = test_support::fileBytes(page);
+    const std::size_t begin = manual.find("| Rule | `all` |");
+    ASSERT_NE(begin, std::string::npos);
+    const std::size_t end = manual.find("\n\n", begin) + 1;
+    if (std::getenv("SPECLOOM_UPDATE_GOLDEN") != nullptr)
+        std::ofstream(page, std::ios::binary)
+            << manual.substr(0, begin) << rulesetTable() << manual.substr(end);
+    EXPECT_EQ(manual.substr(begin, end - begin), rulesetTable()) << page;
+}
+
+TEST(Rulesets, leaveOutNoRule) {
+    std::set<std::string, std::less<>> held;
+    for (const std::string_view name : rulesetNames()) {
+        const std::unique_ptr<Ruleset> ruleset = findRuleset(name);
+        for (const auto& [id, entry] : ruleset->entries())
+            held.insert(id);
+    }
+    for (const std::string_view id : ruleIds())
+        EXPECT_TRUE(held.contains(id)) << id;
+}
+
+TEST(Rulesets, giveOptionsToSchemaConstraintsAlone) {
+    for (const std::string_view name : rulesetNames()) {
+        const std::unique_ptr<Ruleset> ruleset = findRuleset(name);
+        for (const auto& [id, entry] : ruleset->entries())
+            EXPECT_EQ(entry.options != nullptr, name == "recommended" && id == "schema-constraints")
+                << name << ": " << id;
+    }
+    const auto expected = parse("{integer: false, number: true, string: true, array: false, object: false}");
+    const std::unique_ptr<Ruleset> recommended = findRuleset("recommended");
+    EXPECT_TRUE(recommended->entries().at("schema-constraints").options->equals(*expected->root()));
+}
+
+TEST(Severities, haveTwoSpellingsToReadAndTwoToWrite) {
+    EXPECT_EQ(severityName(parseSeverity("err")), "error");
+    EXPECT_EQ(capitalizedSeverityName(parseSeverity("warn")), "Warning");
+    EXPECT_DEATH((void)severityName(static_cast<Severity>(2)),
+                 "Unreachable code at openapi_lint/src/types:26");
+}
+
+TEST(Context, countsAndPlacesFindings) {
+    const auto document = readTree(wordless);
+    LintContext context;
+    context.document = document.get();
+    context.setFilename("a.yaml");
+    const auto fixable = findRule("info-defined", Severity::Error);
+    StubRule warning("warning", Severity::Warning);
+    warning.check(context);
+    warning.check(context);
+    fixable->check(context);
+    openapi::Server* made = document->root().createServer("https://example.com");
+    warning.report(context, "made in code", *made);
+
+    ASSERT_EQ(context.results.size(), 5u);
+    EXPECT_EQ(context.warningCount, 3u);
+    EXPECT_EQ(context.errorCount, 2u);
+    EXPECT_EQ(context.fixableErrorCount + context.fixableWarningCount, 0u);
+    const LintResult& info = context.results[2];
+    EXPECT_EQ(info.ruleId, "info-defined");
+    EXPECT_EQ(info.filename, "a.yaml");
+    EXPECT_EQ(info.line, 0u);
+    EXPECT_EQ(info.column, 23u);
+    EXPECT_FALSE(context.results[4].hasPosition());
+    EXPECT_EQ(context.results[4].printedLine(), 0u);
+
+    const StubRule broken("broken", static_cast<Severity>(2));
+    EXPECT_DEATH(broken.report(context, "", document->root()),
+                 "Unreachable code at openapi_lint/src/result:51");
+}
+
+TEST(Context, groupsByFileAndOrdersByPlace) {
+    LintContext context;
+    const auto add = [&](std::string_view file, std::uint64_t line, std::uint64_t column) {
+        LintResult result;
+        result.filename = file;
+        result.line = line;
+        result.column = column;
+        context.results.push_back(result);
+    };
+    add("b", 7, 9);
+    add("a", LintResult::unknown, LintResult::unknown);
+    add("b", 7, 2);
+    add("a", 0, 9);
+    add("b", 7, 9);
+    add("a", 0, 2); // columns do not count in line 0
+    add("b", 3, 50);
+    const ResultsByFile expected = {{"a", {3, 5, 1}}, {"b", {6, 2, 0, 4}}};
+    EXPECT_EQ(context.groupByFile(), expected);
+}
+
+TEST(Disabling, looksUpwards) {
+    struct Row {
+        std::string info;
+        std::string root;
+        bool disabled;
+    };
+    const std::vector<Row> rows = {
+        {"", "", false},
+        {"x-lint-disable: [other, stub]", "", true},
+        {"x-specloom-lint-disable: [stub]", "", true},
+        {"", "x-lint-disable: [stub]", true},
+        {"x-lint-disable: [other]", "x-lint-disable: [stub]", true},
+        {"x-lint-disable: []", "", false},
+        {"x-lint-disable: stub", "", false},
+        {"x-lint-disable: {stub: true}", "", false},
+        {"x-lint-disable: ['*', 1, null, stu]", "", false},
+        {"x-lint-disable: [[stub]]", "", false},
+        {"x-lint-disable: [1, stub]", "", true},
+        {"x-specloom-lint-disable: [other], x-lint-disable: [stub]", "", false},
+        {"x-specloom-lint-disable: null, x-lint-disable: [stub]", "", false},
+        {"x-specloom-lint-disable: [other], x-lint-disable: [stub]", "x-lint-disable: [stub]", true},
+    };
+    const StubRule rule("stub", Severity::Error);
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.info + " / " + row.root);
+        const auto document = readTree(fmt::format("{{openapi: 3.1.0, info: {{title: T, version: '1', "
+                                                   "contact: {{}}, {}}}, paths: {{}}, {}}}",
+                                                   row.info, row.root));
+        const openapi::OpenAPI& root = document->root();
+        EXPECT_EQ(isDisabled(rule, &root.info()), row.disabled);
+        EXPECT_EQ(isDisabled(rule, root.info().contact()), row.disabled);
+        EXPECT_EQ(isDisabled(rule, nullptr, &root.paths(), &root.info()), row.disabled);
+        EXPECT_EQ(isDisabled(rule, &root.paths()), !row.root.empty());
+    }
+    EXPECT_FALSE(isDisabled(rule, nullptr, nullptr));
+}
+
+TEST(Linter, gathersFindingsFromFileToFile) {
+    const fs::path folder = fs::path(testing::TempDir()) / "linter_test";
+    fs::create_directories(folder);
+    for (const char* name : {"a.yaml", "b.yaml"})
+        std::ofstream(folder / name) << wordless;
+    Session run;
+    ASSERT_EQ(run.configure("{rules: {info-defined: warn}}"), "");
+    const openapi::SchemaFormatRegistry formats;
+    for (const char* name : {"a.yaml", "b.yaml"}) {
+        const auto document = openapi::readFile((folder / name).string(), &formats);
+        run.linter.run(*document, (folder / "." / name).string());
+    }
+    const LintContext& context = run.linter.context();
+    EXPECT_EQ(context.warningCount, 4u);
+    EXPECT_EQ(context.results[1].filename, fs::canonical(folder / "a.yaml").string());
+    EXPECT_EQ(context.filename(), fs::canonical(folder / "b.yaml").string());
+    // The second report tells about both files.
+    const std::string first = fs::canonical(folder / "a.yaml").string();
+    EXPECT_NE(run.out.str().find(first), run.out.str().rfind(first));
+    EXPECT_TRUE(run.out.str().ends_with("\n\n"));
+    fs::remove_all(folder);
+}
+
+TEST(Linter, writesFixedDocumentsBack) {
+    const fs::path file = fs::path(testing::TempDir()) / "linter_test.yaml";
+    std::ofstream(file) << "paths: {}\ninfo: {version: 1.0.0, title: Tides}\nunknown: 1\nopenapi: 3.1.0\n";
+    Session session;
+    ASSERT_EQ(session.configure("{rules: {info-defined: err}}"), "");
+    session.linter.setAutoFix(true);
+    const openapi::SchemaFormatRegistry formats;
+    const std::string expected = "paths: {}\ninfo:\n  version: 1.0.0\n  title: Tides\nopenapi: 3.1.0\n";
+    for (int times = 0; times < 2; ++times) { // errors do not keep it from writing
+        session.linter.run(*openapi::readFile(file.string(), &formats), file.string());
+        EXPECT_EQ(test_support::fileBytes(file), expected);
+    }
+    EXPECT_EQ(session.linter.context().errorCount, 4u);
+    fs::remove(file);
+}
+
+TEST(Linter, needsAFileToFix) {
+    Session run;
+    run.linter.configureDefaults();
+    run.linter.setAutoFix(true);
+    const auto document = readTree(wordless);
+    try {
+        run.linter.check(*document);
+        ADD_FAILURE() << "wrote to nowhere";
+    } catch (const std::runtime_error& error) {
+        EXPECT_STREQ(error.what(), "Cannot auto-fix: filename is not set");
+    }
+    EXPECT_FALSE(run.linter.context().results.empty());
+    EXPECT_EQ(run.out.str(), "");
+}
+
+} // namespace
+} // namespace specloom::openapi_lint
