@@ -1,6 +1,7 @@
 #pragma once
 
 #include "openapi/name_map.h"
+#include "openapi/node_pool.h"
 #include "openapi/node_type.h"
 #include "openapi/text.h"
 #include "openapi/value.h"
@@ -44,6 +45,10 @@ class Node {
     Node(const Node&) = delete;
     Node& operator=(const Node&) = delete;
     virtual ~Node();
+    [[nodiscard]] static void* operator new(std::size_t bytes) { return NodePool::allocate(bytes); }
+    static void operator delete(void* memory, std::size_t bytes) noexcept {
+        NodePool::release(memory, bytes);
+    }
 
     /// A new reference to this node that stands in `parent`. A reference to a reference refers to the object
     /// behind it.
