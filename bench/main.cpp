@@ -40,6 +40,8 @@ bool run(const std::vector<fs::path>& paths, int rounds) {
             bench::benchYaml(input, rounds, table);
     }
     for (const bench::Input& input : inputs)
+        bench::benchTree(input, rounds, table);
+    for (const bench::Input& input : inputs)
         bench::benchMemory(input, table);
     for (const bench::Input& input : inputs)
         bench::benchFormat(input, rounds, table);

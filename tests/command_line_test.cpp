@@ -29,6 +29,8 @@ TEST(CommandLine, EndsInAStatusAndALine) {
         {{"format", "a.yaml", "--output", "b.yaml", "--output", "c.yaml"},
          1,
          "Duplicate argument --output\n"},
+        {{"lint"}, 1, "files: 1 or more argument(s) expected. 0 provided.\n"},
+        {{"lint", "--version"}, 0, "1.0\n"},
         {{"server", "a.yaml"}, 1, "Zero positional arguments expected\n"},
         {{"license", "--library"}, 1, "Too few arguments for '--library'.\n"},
     };
@@ -49,7 +51,7 @@ TEST(CommandLine, HelpShowsWhatThereIs) {
     };
     const std::vector<Row> rows = {
         {{"--help"},
-         {"{credits,format,license,server}", "Show credits to 3rd party libraries used in this project.",
+         {"{credits,format,license,lint,server}", "Show credits to 3rd party libraries used in this project.",
           "Format one or more OpenAPI files.", "Show licenses of 3rd party libraries used in this project.",
           "Starts mock server."}},
         {{"-h"}, {"-v, --version", "prints version information and exits"}},
@@ -58,6 +60,10 @@ TEST(CommandLine, HelpShowsWhatThereIs) {
          {"Usage: specloom format", "Format one or more OpenAPI files.", "FILES",
           "Path to OpenAPI files to format.", "--config CONFIG", "Path to the configuration file.",
           "--output OUTPUT", "Path to the output file or directory."}},
+        {{"lint", "--help"},
+         {"Usage: specloom lint", "Lint one or more OpenAPI files.", "--config CONFIG",
+          "Path to the configuration file.", "--fix", "Automatically fixes problems where possible.",
+          "--formatter", "Specifies the formatter", "stylish", "FILES", "Path to OpenAPI files to lint."}},
         {{"license", "--help"},
          {"--list", "List all 3rd party libraries used in this project.", "--library",
           "Name of the library to show license for."}},

@@ -37,6 +37,10 @@ TEST(TelemetryFile, HoldsTheLastRun) {
         {{"server"}, {"cli_command_server"}}, // not twice
         {{"credits"}, {}},
         {{"format", "api.yaml"}, {"cli_command_format"}},
+        {{"lint", "tides.yaml"}, {"read", "check", "format", "process", "cli_command_lint"}},
+        {{"lint", "--fix", "tides.yaml"},
+         {"read", "autoFix", "check", "format", "process", "cli_command_lint"}},
+        {{"lint", "missing.yaml"}, {"read", "cli_command_lint"}},
         {{"license", "--list"}, {}},
         {{"format", "missing.yaml"}, {"cli_command_format"}}, // an exception ends the span
         {{"--help"}, {}},
@@ -45,6 +49,7 @@ TEST(TelemetryFile, HoldsTheLastRun) {
     };
     const Workspace workspace;
     workspace.write("api.yaml", "openapi: 3.1.0\n");
+    workspace.write("tides.yaml", "{openapi: 3.1.0, info: {title: Tides, version: 1.0.0}, paths: {}}");
     for (const Row& row : rows) {
         SCOPED_TRACE(testing::PrintToString(row.arguments));
         static_cast<void>(workspace.run(row.arguments));

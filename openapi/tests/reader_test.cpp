@@ -57,7 +57,7 @@ TEST(Reader, reportsFaultsWithTheirPlaces) {
         {withSchema("5"), "Schema must be an object or boolean at (1, 95)\n"},
         {withSchema(R"({"type":[1,"string",{}]})"),
          "Expected string value for schema type at (1, 104)\nExpected string value for schema type at (1, "
-         "114)\n"},
+         "115)\n"},
         {withSchema(R"({"type":{}})"), "Expected string or array value for schema type at (1, 103)\n"},
         {withSchema(R"({"const":1})", "3.0.3"),
          "const keyword is only supported in OpenAPI 3.1 at (1, 104)\n"},

@@ -3,6 +3,7 @@
 #include "jv/deser.h"
 #include "openapi/node_visitor.h"
 #include "openapi/reader.h"
+#include "openapi/writer.h"
 
 #include <fmt/format.h> // fmt::format
 
@@ -75,6 +76,7 @@ TEST(Size, nestingIsRefusedBeyondItsLimitAndServedUpToIt) {
 
     const auto deep = readJson(document("", R"("S":)" + nested(990, R"({"items":)", "}")));
     EXPECT_EQ(objectsIn(*deep), 4 + 991u);
+    EXPECT_TRUE(Writer(*deep).write(deep->root())->root()->equals(*deep->source().root()));
 }
 
 TEST(Size, breadthIsServed) {

@@ -12,20 +12,18 @@ bool lists(const jv::JV& value, std::string_view ruleId) {
     return false;
 }
 
-bool isDisabledAt(const Rule& rule, const openapi::Node& node) {
-    if (node.extensions().empty())
-        return false;
-    const jv::JV* value = node.findExtension("x-specloom-lint-disable");
-    if (value == nullptr)
-        value = node.findExtension("x-lint-disable");
-    return value != nullptr && lists(*value, rule.id());
-}
-
 } // namespace
+
+const jv::JV* disablingOf(const openapi::Node& node) {
+    if (node.extensions().empty())
+        return nullptr;
+    const jv::JV* value = node.findExtension("x-specloom-lint-disable");
+    return value != nullptr ? value : node.findExtension("x-lint-disable");
+}
 
 bool isDisabled(const Rule& rule, const openapi::Node* node) {
     for (; node != nullptr; node = node->parent())
-        if (isDisabledAt(rule, *node))
+        if (const jv::JV* value = disablingOf(*node); value != nullptr && lists(*value, rule.id()))
             return true;
     return false;
 }

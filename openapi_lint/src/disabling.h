@@ -16,4 +16,7 @@ namespace specloom::openapi_lint {
 [[nodiscard]] bool isDisabled(const Rule& rule, const openapi::Node* first, const openapi::Node* second,
                               const openapi::Node* third);
 
+/// The value of the extension that counts at this node itself; null without one.
+[[nodiscard]] const jv::JV* disablingOf(const openapi::Node& node);
+
 } // namespace specloom::openapi_lint

@@ -5,6 +5,7 @@
 
 #include "foundation/unreachable.h"
 #include "openapi/node_visitor.h"
+#include "openapi_lint/disabling.h"
 
 namespace specloom::openapi_lint {
 namespace {
@@ -20,7 +21,14 @@ bool standsBefore(const LintResult& a, const LintResult& b) {
 } // namespace
 
 void LintContext::walk(openapi::NodeVisitHandler& handler) const {
-    openapi::NodeVisitor(handler).visit(document->root());
+    if (order_)
+        order_->walk(handler);
+    else
+        openapi::NodeVisitor(handler).visit(document->root());
+}
+
+bool LintContext::isDisabled(const Rule& rule, const openapi::Node& node) const {
+    return (!order_ || order_->mayDisable()) && openapi_lint::isDisabled(rule, &node);
 }
 
 void LintContext::report(const Rule& rule, std::string message, const openapi::Node& node) {

@@ -3,18 +3,16 @@
 #include "openapi/read_result.h"
 #include "openapi_lint/lint_result.h"
 #include "openapi_lint/rule.h"
+#include "openapi_lint/walk_order.h"
 
 #include <cstddef>     // std::size_t
 #include <cstdint>     // std::uint64_t
 #include <list>        // std::list
 #include <map>         // std::map
+#include <optional>    // std::optional
 #include <string>      // std::string
 #include <string_view> // std::string_view
 #include <vector>      // std::vector
-
-namespace specloom::openapi {
-class NodeVisitHandler;
-}
 
 namespace specloom::openapi_lint {
 
@@ -46,6 +44,11 @@ class LintContext {
     /// Calls the hooks of the handler for each object of the document, each once, in the order of
     /// openapi::NodeVisitor.
     void walk(openapi::NodeVisitHandler& handler) const;
+    /// Makes the following walks cheap, until release(). Meanwhile the tree must stay as it is.
+    void freeze() { order_.emplace(document->root()); }
+    void release() { order_.reset(); }
+    /// isDisabled(), which is cheap in a frozen document that disables nothing.
+    [[nodiscard]] bool isDisabled(const Rule& rule, const openapi::Node& node) const;
 
     /// Appends a finding, with the position of the value that the node was read from; unknown for a node that
     /// was made in code. Nothing is deduplicated. A severity outside of the enumeration is an unreachable
@@ -64,6 +67,7 @@ class LintContext {
     std::uint64_t fixableWarningCount = 0; ///< those of warningCount that are fixable
 
   private:
+    std::optional<WalkOrder> order_;   ///< while the tree is frozen
     std::list<std::string> filenames_; ///< a list, because results refer to its texts
 };
 

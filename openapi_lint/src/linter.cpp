@@ -136,6 +136,7 @@ void Linter::run(openapi::ReadResult& document, std::string_view path) {
 
 void Linter::check(openapi::ReadResult& document) {
     context_.document = &document;
+    context_.release(); // of a document whose check ended in an exception
     const std::vector<Rule*> rules = inRunningOrder(rules_);
     if (autoFix_) {
         const telemetry::Span span("autoFix");
@@ -145,8 +146,10 @@ void Linter::check(openapi::ReadResult& document) {
     }
     {
         const telemetry::Span span("check");
+        context_.freeze();
         for (Rule* rule : rules)
             rule->check(context_);
+        context_.release();
     }
     if (autoFix_) {
         if (context_.filename().empty())

@@ -37,7 +37,7 @@ class RuleHandler : public openapi::NodeVisitHandler {
   protected:
     [[nodiscard]] LintContext& context() const noexcept { return context_; }
     [[nodiscard]] bool isDisabled(const openapi::Node& node) const {
-        return openapi_lint::isDisabled(rule_, &node);
+        return context_.isDisabled(rule_, node);
     }
     void report(std::string message, const openapi::Node& node) const {
         context_.report(rule_, std::move(message), node);

@@ -6,6 +6,9 @@
 #include <string>    // std::string
 
 #include "openapi_lint/rules/info_defined.h"
+#include "openapi_lint/rules/json_api_resource_type_unique.h"
+#include "openapi_lint/rules/json_api_schema_validation.h"
+#include "openapi_lint/rules/openapi_json_schema_validation.h"
 
 namespace specloom::openapi_lint {
 namespace {
@@ -24,6 +27,9 @@ constexpr RuleEntry entry() {
 /// Every rule, in byte-wise order of the ids.
 constexpr RuleEntry ruleTable[] = {
     entry<InfoDefined>(),
+    entry<ResourceTypeUnique>(),
+    entry<JSONAPISchemaValidation>(),
+    entry<OpenAPIJSONSchemaValidation>(),
 };
 
 static_assert(std::is_sorted(std::begin(ruleTable), std::end(ruleTable),

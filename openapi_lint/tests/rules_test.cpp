@@ -24,6 +24,7 @@
 
 #include "jv/deser.h"
 #include "openapi/reader.h"
+#include "openapi/writer.h"
 #include "openapi_lint/lint_context.h"
 #include "openapi_lint/rule_registry.h"
 #include "test_support/corpora.h"
@@ -83,7 +84,9 @@ class Bench {
 
     [[nodiscard]] std::string findings() {
         context_.results.clear();
+        context_.freeze(); // as a run does it
         rule_->check(context_);
+        context_.release();
         std::string text;
         for (const LintResult& result : context_.results)
             text += fmt::format("{}:{} {}\n", result.printedLine(), result.printedColumn(), result.message);
@@ -93,6 +96,10 @@ class Bench {
         const std::unique_ptr<jv::JV> ids = jv::JV::newArray();
         ids->appendString(rule_->id());
         document_->root().replaceExtension("x-lint-disable", openapi::Value(*ids));
+    }
+    [[nodiscard]] std::string fixed(jv::DocumentFormat format) {
+        rule_->fix(context_);
+        return jv::documentToText(*openapi::Writer(*document_).write(document_->root()), format);
     }
     [[nodiscard]] const Rule& rule() const { return *rule_; }
 
@@ -142,6 +149,15 @@ TEST_P(EveryRule, findsNothingInPassingDocuments) {
 }
 
 TEST_P(EveryRule, fixesWhatItSays) {
+    for (const fs::path& document : documentsOf(GetParam(), "")) {
+        const fs::path fixed = beside(document, ".fixed" + document.extension().string());
+        if (!fs::exists(fixed))
+            continue;
+        SCOPED_TRACE(document);
+        const jv::DocumentFormat format = *jv::formatFromPath(document.string());
+        expectFile(Bench(GetParam(), document).fixed(format), fixed);
+        EXPECT_EQ(Bench(GetParam(), fixed).fixed(format), fileBytes(fixed)) << "fixed a second time";
+    }
     const auto rule = findRule(GetParam(), Severity::Error);
     EXPECT_EQ(rule->isFixable(), fixableRules.contains(GetParam()));
     EXPECT_EQ(rule->id(), GetParam());

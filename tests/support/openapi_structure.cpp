@@ -73,10 +73,9 @@ using Table = std::map<K, std::vector<MemberInfo>>;
           "exclusiveMinimum", "maxLength", "minLength", "pattern", "maxItems", "minItems", "uniqueItems",
           "maxProperties", "minProperties"})
         members.push_back(value(key));
-    for (const std::string_view key :
-         {"$id", "$comment", "$anchor", "$dynamicAnchor", "$dynamicRef", "$vocabulary", "default",
-          "deprecated", "readOnly", "writeOnly", "contentEncoding", "contentMediaType", "maxContains",
-          "minContains"})
+    for (const std::string_view key : {"$id", "$comment", "$anchor", "$dynamicAnchor", "$dynamicRef",
+                                       "$vocabulary", "default", "deprecated", "readOnly", "writeOnly",
+                                       "contentEncoding", "contentMediaType", "maxContains", "minContains"})
         members.push_back(value(key, only31));
     for (const std::string_view key : {"items", "additionalProperties", "propertyNames", "not"})
         members.push_back(one(key, K::Schema));
@@ -145,8 +144,7 @@ using Table = std::map<K, std::vector<MemberInfo>>;
         {K::Tag, {value("name"), value("description"), one("externalDocs", K::ExternalDocumentation)}},
         {K::Schema, schema()},
         {K::Discriminator, {value("propertyName"), valueMap("mapping")}},
-        {K::XML,
-         {value("name"), value("namespace"), value("prefix"), value("attribute"), value("wrapped")}},
+        {K::XML, {value("name"), value("namespace"), value("prefix"), value("attribute"), value("wrapped")}},
         {K::ApiKeyScheme, {value("type"), value("description"), value("name"), value("in")}},
         {K::HttpScheme, {value("type"), value("description"), value("scheme"), value("bearerFormat")}},
         {K::MutualTLSScheme, {value("type"), value("description")}},

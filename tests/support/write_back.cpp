@@ -230,8 +230,7 @@ class Comparison {
                                                                              : W::Defect,
                    *before, after);
         const auto keeps = [&](std::string_view key) {
-            return kind != K::Schema &&
-                   (key == "summary" || key == "description" || key.starts_with("x-"));
+            return kind != K::Schema && (key == "summary" || key == "description" || key.starts_with("x-"));
         };
         for (const jv::Member sibling : source.members()) {
             const JV* other = written.get(sibling.key);
@@ -247,8 +246,8 @@ class Comparison {
         order(source, written);
     }
 
-    /// What the writer makes of a reference: the tail of the text names the component, and a component that is
-    /// a reference itself stands for its target.
+    /// What the writer makes of a reference: the tail of the text names the component, and a component that
+    /// is a reference itself stands for its target.
     [[nodiscard]] std::string canonicalReference(K kind, std::string_view text) const {
         const std::string prefix = "#/components/" + std::string(sectionOf(kind)) + "/";
         const JV* components = memberOf(*source_.root(), "components");
@@ -400,7 +399,9 @@ class Comparison {
         for (const std::string_view name : inOrder)
             if (types.contains(name))
                 list->appendString(name);
-        const JV* expected = list->size() == 0 ? nullptr : list->size() == 1 ? list->elements()[0] : list.get();
+        const JV* expected = list->size() == 0   ? nullptr
+                             : list->size() == 1 ? list->elements()[0]
+                                                 : list.get();
         const JV* actual = written.get("type");
         done.insert({"type", "nullable"});
         const bool asExpected =
@@ -420,8 +421,9 @@ class Comparison {
     void constant(const JV& source, const JV& written, Keys& done) {
         if (const JV* constant = source.get("const"); constant != nullptr) {
             const JV* list = written.get("enum");
-            report(list != nullptr && sameElements({constant}, *list) && !written.has("const") ? W::ConstAsEnum
-                                                                                               : W::Defect,
+            report(list != nullptr && sameElements({constant}, *list) && !written.has("const")
+                       ? W::ConstAsEnum
+                       : W::Defect,
                    *constant, list);
             if (list != nullptr && list->isArray() && list->size() == 1)
                 sameOrder(*constant, *list->elements()[0]);

@@ -48,8 +48,8 @@ struct WriteBackDifference {
 /// One line without its end.
 std::ostream& operator<<(std::ostream& out, const WriteBackDifference& difference);
 
-/// All differences between a document and what was written of it with its key orders. The order of keys counts
-/// as well, everywhere: keys of the source stand in their order, others behind them.
+/// All differences between a document and what was written of it with its key orders. The order of keys
+/// counts as well, everywhere: keys of the source stand in their order, others behind them.
 [[nodiscard]] std::vector<WriteBackDifference> compareWriteBack(const jv::JVDocument& source,
                                                                 const jv::JVDocument& written);
 

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "jv/jv_document.h"
+
+#include <memory> // std::unique_ptr
+
+namespace specloom::fuzz {
+
+/// Reads a document as an OpenAPI document. Ends the process when it is refused without a text, when a
+/// reference of its tree leads nowhere, or when what is written of it is refused or is written differently
+/// once more.
+void checkTree(std::unique_ptr<jv::JVDocument> document);
+
+} // namespace specloom::fuzz

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "openapi/reader.h"
+
+#include <filesystem>  // std::filesystem::path
+#include <memory>      // std::unique_ptr
+#include <string>      // std::string
+#include <string_view> // std::string_view
+
+namespace specloom::test_support {
+
+/// The formats that a refusal names as unknown, added to a registry as formats of strings; how many there
+/// were.
+std::size_t addUnknownFormats(std::string_view refusal, openapi::SchemaFormatRegistry& formats);
+
+/// A document as a tree, or why it was refused.
+struct ReadTree {
+    std::unique_ptr<openapi::SchemaFormatRegistry> formats;
+    std::unique_ptr<openapi::ReadResult> result; ///< null when refused
+    std::string refusal;
+};
+
+/// Reads a document. When it is refused for unknown formats, these are taken from the refusal and it is read
+/// once more: a second refusal for a format would show that the first named not all of them.
+[[nodiscard]] ReadTree readTree(const std::filesystem::path& path);
+
+} // namespace specloom::test_support
