@@ -74,6 +74,12 @@ std::string attributeText(const MD_ATTRIBUTE& attribute) {
     return text;
 }
 
+MarkdownLink toLink(const MD_ATTRIBUTE& destination, const MD_ATTRIBUTE& title) {
+    return {.destination = attributeText(destination),
+            .writtenDestination = {destination.text, destination.size},
+            .title = attributeText(title)};
+}
+
 /// The parser is written in C: exceptions must not pass through it.
 class Callbacks {
   public:
@@ -116,10 +122,10 @@ class Callbacks {
     static void enterSpan(MD_SPANTYPE type, const void* detail, MarkdownHandler& handler) {
         if (type == MD_SPAN_A) {
             const auto& link = *static_cast<const MD_SPAN_A_DETAIL*>(detail);
-            handler.link(attributeText(link.href), attributeText(link.title));
+            handler.link(toLink(link.href, link.title));
         } else if (type == MD_SPAN_IMG) {
             const auto& image = *static_cast<const MD_SPAN_IMG_DETAIL*>(detail);
-            handler.link(attributeText(image.src), attributeText(image.title));
+            handler.link(toLink(image.src, image.title));
         } else if (type == MD_SPAN_CODE) {
             handler.code();
         }

@@ -5,6 +5,13 @@
 
 namespace specloom::openapi_lint {
 
+/// A link or an image.
+struct MarkdownLink {
+    std::string destination;             ///< with known character references resolved
+    std::string_view writtenDestination; ///< with all of them as they are; good until the hook ends
+    std::string title;                   ///< empty when there is none
+};
+
 /// What parseMarkdown() tells about a text. All hooks do nothing here.
 class MarkdownHandler {
   public:
@@ -19,8 +26,8 @@ class MarkdownHandler {
     virtual void code() {}
     /// A piece of raw HTML: a block or an inline tag.
     virtual void html() {}
-    /// A link or an image, before its text. Known character references are resolved.
-    virtual void link(const std::string& /*destination*/, const std::string& /*title*/) {}
+    /// Before the text of the link.
+    virtual void link(const MarkdownLink& /*link*/) {}
 
   protected:
     MarkdownHandler() = default;

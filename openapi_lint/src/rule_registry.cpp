@@ -5,10 +5,21 @@
 #include <stdexcept> // std::runtime_error
 #include <string>    // std::string
 
+#include "openapi_lint/rules/audience_defined.h"
+#include "openapi_lint/rules/contact_defined.h"
+#include "openapi_lint/rules/id_defined.h"
 #include "openapi_lint/rules/info_defined.h"
 #include "openapi_lint/rules/json_api_resource_type_unique.h"
 #include "openapi_lint/rules/json_api_schema_validation.h"
+#include "openapi_lint/rules/license_defined.h"
 #include "openapi_lint/rules/openapi_json_schema_validation.h"
+#include "openapi_lint/rules/safe_markdown.h"
+#include "openapi_lint/rules/server_urls.h"
+#include "openapi_lint/rules/servers_defined.h"
+#include "openapi_lint/rules/spell_check.h"
+#include "openapi_lint/rules/tag_description_defined.h"
+#include "openapi_lint/rules/tags_sorted.h"
+#include "openapi_lint/rules/tags_unique.h"
 
 namespace specloom::openapi_lint {
 namespace {
@@ -26,10 +37,21 @@ constexpr RuleEntry entry() {
 
 /// Every rule, in byte-wise order of the ids.
 constexpr RuleEntry ruleTable[] = {
+    entry<AudienceDefined>(),
+    entry<ContactDefined>(),
+    entry<IDDefined>(),
     entry<InfoDefined>(),
     entry<ResourceTypeUnique>(),
     entry<JSONAPISchemaValidation>(),
+    entry<LicenseDefined>(),
     entry<OpenAPIJSONSchemaValidation>(),
+    entry<SafeMarkdown>(),
+    entry<ServerURLs>(),
+    entry<ServersDefined>(),
+    entry<SpellCheck>(),
+    entry<TagDescriptionDefined>(),
+    entry<TagsSorted>(),
+    entry<TagsUnique>(),
 };
 
 static_assert(std::is_sorted(std::begin(ruleTable), std::end(ruleTable),
