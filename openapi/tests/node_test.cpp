@@ -199,6 +199,16 @@ TEST(Paths, renamesWithoutMovingThePathItem) {
     EXPECT_EQ(paths.find("/e"), item);
     EXPECT_EQ(paths.urlOf(paths.items().find("/e")), "/e");
     EXPECT_EQ(paths.urlOf(&root), std::nullopt);
+
+    const Node* reference = paths.items().find("/e");
+    paths.renameAll([](std::string_view url, const Node& entry) {
+        return url == "/c" ? std::string("/d") : entry.type() == NodeType::Reference ? "/a" : std::string();
+    });
+    EXPECT_EQ(paths.size(), 3u);
+    EXPECT_EQ(paths.urlOf(item), "/d") << "its new name is empty";
+    EXPECT_NE(paths.find("/c"), nullptr) << "its new name is taken";
+    EXPECT_EQ(paths.urlOf(reference), "/a");
+    EXPECT_EQ(paths.begin()->value.get(), reference);
 }
 
 TEST(Operation, takesDeclaredTagsAndItsPathItemsParameters) {

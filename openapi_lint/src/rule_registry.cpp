@@ -5,9 +5,13 @@
 #include <stdexcept> // std::runtime_error
 #include <string>    // std::string
 
+#include "openapi_lint/rules/audience_defined.h"
+#include "openapi_lint/rules/contact_defined.h"
+#include "openapi_lint/rules/id_defined.h"
 #include "openapi_lint/rules/info_defined.h"
 #include "openapi_lint/rules/json_api_resource_type_unique.h"
 #include "openapi_lint/rules/json_api_schema_validation.h"
+#include "openapi_lint/rules/license_defined.h"
 #include "openapi_lint/rules/no_content_response_defined.h"
 #include "openapi_lint/rules/openapi_json_schema_validation.h"
 #include "openapi_lint/rules/operation_description_defined.h"
@@ -28,7 +32,14 @@
 #include "openapi_lint/rules/paths_sorted.h"
 #include "openapi_lint/rules/paths_unique.h"
 #include "openapi_lint/rules/paths_well_formed.h"
+#include "openapi_lint/rules/safe_markdown.h"
+#include "openapi_lint/rules/server_urls.h"
+#include "openapi_lint/rules/servers_defined.h"
+#include "openapi_lint/rules/spell_check.h"
 #include "openapi_lint/rules/standard_response_codes.h"
+#include "openapi_lint/rules/tag_description_defined.h"
+#include "openapi_lint/rules/tags_sorted.h"
+#include "openapi_lint/rules/tags_unique.h"
 #include "openapi_lint/rules/unambiguous_response_codes.h"
 #include "openapi_lint/rules/unused_request_body.h"
 
@@ -48,9 +59,13 @@ constexpr RuleEntry entry() {
 
 /// Every rule, in byte-wise order of the ids.
 constexpr RuleEntry ruleTable[] = {
+    entry<AudienceDefined>(),
+    entry<ContactDefined>(),
+    entry<IDDefined>(),
     entry<InfoDefined>(),
     entry<ResourceTypeUnique>(),
     entry<JSONAPISchemaValidation>(),
+    entry<LicenseDefined>(),
     entry<NoContentResponseDefined>(),
     entry<OpenAPIJSONSchemaValidation>(),
     entry<OperationDescriptionDefined>(),
@@ -71,7 +86,14 @@ constexpr RuleEntry ruleTable[] = {
     entry<PathsSorted>(),
     entry<PathsUnique>(),
     entry<PathsWellFormed>(),
+    entry<SafeMarkdown>(),
+    entry<ServerURLs>(),
+    entry<ServersDefined>(),
+    entry<SpellCheck>(),
     entry<StandardResponseCodes>(),
+    entry<TagDescriptionDefined>(),
+    entry<TagsSorted>(),
+    entry<TagsUnique>(),
     entry<UnambiguousResponseCodes>(),
     entry<UnusedRequestBody>(),
 };

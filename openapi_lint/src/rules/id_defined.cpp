@@ -1,0 +1,83 @@
+#include "openapi_lint/rules/id_defined.h"
+
+#include <stdexcept> // std::runtime_error
+#include <utility>   // std::move
+
+#include <fmt/format.h>
+
+#include "openapi_lint/disabling.h"
+#include "openapi_lint/lint_context.h"
+#include "openapi_lint/rule_options.h"
+#include "openapi_lint/uuid.h"
+
+namespace specloom::openapi_lint {
+namespace {
+
+constexpr const char* identifierMissing = "API identifier ({}) is missing";
+constexpr const char* identifierInvalid = "API identifier ({}) has invalid format";
+
+constexpr const char* optionsNoObject = "Options must be an object";
+constexpr const char* attributeEmpty = "Attribute name must not be empty";
+constexpr const char* attributeNoExtension = "Attribute name must start with 'x-'";
+constexpr const char* patternEmpty = "Pattern must not be empty";
+
+constexpr std::string_view uuidPattern = "uuid";
+
+std::string option(const jv::JV& options, std::string_view name, std::string_view byDefault) {
+    const jv::JV* value = options.get(name);
+    return std::string(value == nullptr ? byDefault : textOf(*value, name));
+}
+
+} // namespace
+
+IDDefined::~IDDefined() = default;
+
+void IDDefined::configure(const jv::JV* options) {
+    const jv::JV& given = requireOptions(options, ruleId);
+    if (!given.isObject())
+        throw RuleConfigurationError(ruleId, optionsNoObject);
+    std::string attribute = option(given, "attribute", "x-id");
+    if (attribute.empty())
+        throw RuleConfigurationError(ruleId, attributeEmpty);
+    if (!attribute.starts_with("x-"))
+        throw RuleConfigurationError(ruleId, attributeNoExtension);
+    const std::string pattern = option(given, "pattern", uuidPattern);
+    if (pattern.empty())
+        throw RuleConfigurationError(ruleId, patternEmpty);
+    try {
+        pattern_ = pattern == uuidPattern ? nullptr : std::make_unique<TextPattern>(pattern);
+    } catch (const std::runtime_error& error) {
+        throw RuleConfigurationError(ruleId, error.what());
+    }
+    attribute_ = std::move(attribute);
+}
+
+bool IDDefined::isValid(const jv::JV& identifier) const {
+    if (!identifier.isString())
+        return false;
+    return pattern_ == nullptr ? isUuid(identifier.text()) : pattern_->matchesWhole(identifier.text());
+}
+
+void IDDefined::check(LintContext& context) {
+    const openapi::OpenAPI& root = context.root();
+    const openapi::Info& info = root.info();
+    if (isDisabled(*this, &info, &root))
+        return;
+    const jv::JV* identifier = info.findExtension(attribute_);
+    if (identifier == nullptr)
+        report(context, fmt::format(identifierMissing, attribute_), info);
+    else if (!isValid(*identifier))
+        report(context, fmt::format(identifierInvalid, attribute_), info);
+}
+
+void IDDefined::fix(LintContext& context) {
+    openapi::OpenAPI& root = context.root();
+    openapi::Info& info = root.info();
+    if (pattern_ != nullptr || isDisabled(*this, &info, &root))
+        return;
+    const jv::JV* identifier = info.findExtension(attribute_);
+    if (identifier == nullptr || !isValid(*identifier))
+        info.replaceExtension(attribute_, openapi::Value(std::make_unique<jv::JV>(newUuid())));
+}
+
+} // namespace specloom::openapi_lint

@@ -1,0 +1,33 @@
+#include "openapi_lint/rules/tags_sorted.h"
+
+#include <fmt/format.h>
+
+#include "openapi_lint/disabling.h"
+#include "openapi_lint/lint_context.h"
+
+namespace specloom::openapi_lint {
+namespace {
+
+constexpr const char* outOfOrder = "Tags are not sorted: {}";
+
+} // namespace
+
+void TagsSorted::check(LintContext& context) {
+    const openapi::OpenAPI& root = context.root();
+    if (isDisabled(*this, &root))
+        return;
+    std::string_view previous;
+    for (const auto& tag : root.tags()) {
+        if (tag->name() < previous)
+            report(context, fmt::format(outOfOrder, tag->name()), *tag);
+        previous = tag->name();
+    }
+}
+
+void TagsSorted::fix(LintContext& context) {
+    openapi::OpenAPI& root = context.root();
+    if (!isDisabled(*this, &root))
+        root.sortTags([](const openapi::Tag& a, const openapi::Tag& b) { return a.name() < b.name(); });
+}
+
+} // namespace specloom::openapi_lint

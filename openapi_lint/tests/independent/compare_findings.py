@@ -1,0 +1,345 @@
+#!/usr/bin/env python3
+"""Finds in the documents of the corpora what lint rules must find, and compares it with what they do find.
+
+    compare_findings.py LIST-FINDINGS CORPORA
+
+Reads the raw documents with parsers that are not the program's and knows nothing of its code: each rule is written
+anew here, from what its page says. LIST-FINDINGS is the program beside this script. The corpora are those of
+SPECLOOM_CORPORA where it is set. Ends with 77 when they or PyYAML are not there, unless SPECLOOM_REQUIRE_CORPORA is.
+"""
+
+import json
+import os
+import re
+import subprocess
+import sys
+from collections import Counter
+from pathlib import Path
+
+METHODS = ["get", "put", "post", "delete", "options", "head", "patch", "trace"]
+BODILESS = ["get", "trace", "head"]
+
+
+def leave_out(reason):
+    print(reason)
+    sys.exit(1 if "SPECLOOM_REQUIRE_CORPORA" in os.environ else 77)
+
+
+try:
+    import yaml
+except ImportError:
+    leave_out("PyYAML is not installed (python3-yaml)")
+
+
+def load(path):
+    """The raw document. All scalars of YAML stay texts, so that a response code is one in either format."""
+    with open(path, "rb") as file:
+        if path.suffix == ".json":
+            return json.load(file)
+        return yaml.load(file, Loader=getattr(yaml, "CBaseLoader", yaml.BaseLoader))
+
+
+def entries(value):
+    """The members of an object that are no extensions, in byte-wise order of their names."""
+    if not isinstance(value, dict):
+        return []
+    members = [(key, member) for key, member in value.items() if not key.startswith("x-")]
+    return sorted(members, key=lambda member: member[0].encode())
+
+
+def step(pointer, key):
+    return f"{pointer}/{str(key).replace('~', '~0').replace('/', '~1')}"
+
+
+class Document:
+    """The objects that rules look at, each once: (pointer, object), in the order in which rules come by them."""
+
+    def __init__(self, root):
+        self.root = root
+        self.path_items, self.operations = [], []
+        self.urls = {}  # of the path items that stand in the paths themselves, by pointer
+        self.seen = set()
+        for url, item in entries(root.get("paths")):
+            pointer = step("/paths", url)
+            if "$ref" not in item:
+                self.urls[pointer] = url
+            self.add_path_item(pointer, item)
+        for name, item in entries(root.get("webhooks")):
+            self.add_path_item(step("/webhooks", name), item)
+        components = root.get("components") or {}
+        for name, callback in entries(components.get("callbacks")):
+            self.add_callback(step("/components/callbacks", name), callback)
+        for name, item in entries(components.get("pathItems")):
+            self.add_path_item(step("/components/pathItems", name), item)
+
+    def resolve(self, pointer, value):
+        """The object, and where it stands, behind any number of references."""
+        while isinstance(value, dict) and isinstance(value.get("$ref"), str):
+            pointer, value = value["$ref"][1:], self.root
+            for token in pointer.split("/")[1:]:
+                value = value[token.replace("~1", "/").replace("~0", "~")]
+        return pointer, value
+
+    def meet(self, pointer, value):
+        pointer, value = self.resolve(pointer, value)
+        if not isinstance(value, dict) or pointer in self.seen:
+            return pointer, None
+        self.seen.add(pointer)
+        return pointer, value
+
+    def add_path_item(self, pointer, value):
+        pointer, item = self.meet(pointer, value)
+        if item is None:
+            return
+        self.path_items.append((pointer, item))
+        for method in METHODS:
+            if isinstance(item.get(method), dict):
+                self.add_operation(step(pointer, method), item[method])
+
+    def add_operation(self, pointer, operation):
+        self.operations.append((pointer, operation))
+        for name, callback in entries(operation.get("callbacks")):
+            self.add_callback(step(step(pointer, "callbacks"), name), callback)
+
+    def add_callback(self, pointer, value):
+        pointer, callback = self.meet(pointer, value)
+        for expression, item in entries(callback):
+            self.add_path_item(step(pointer, expression), item)
+
+    def parameters(self, pointer, owner):
+        """The resolved parameters of the owner's list, as (pointer, parameter)."""
+        return [self.resolve(f"{pointer}/parameters/{index}", value)
+                for index, value in enumerate(owner.get("parameters") or [])]
+
+    def responses(self, pointer, operation):
+        """(code, pointer, response), resolved, in order of the codes."""
+        return [(code, *self.resolve(step(f"{pointer}/responses", code), value))
+                for code, value in entries(operation.get("responses"))]
+
+    def missing_path_parameters(self, url, owners):
+        """The names in a URL for which none of the owners, (pointer, object), has a path parameter."""
+        missing = {name[1:-1] for name in re.findall(r"\{[^}]*\}", url)}
+        for owner in owners:
+            missing -= {p["name"] for _, p in self.parameters(*owner) if p["in"] == "path"}
+        return missing
+
+
+# Each rule takes a Document and yields what it finds: (pointer, message).
+
+
+def no_content_response_defined(document):
+    for pointer, operation in document.operations:
+        for code, response_pointer, response in document.responses(pointer, operation):
+            if code == "204" and response.get("content"):
+                yield response_pointer, "204 response may not have a body defined"
+
+
+def operation_id_defined(document):
+    for pointer, operation in document.operations:
+        if not operation.get("operationId"):
+            yield pointer, "Operation ID is not defined"
+
+
+def operation_id_unique(document):
+    seen = set()
+    for pointer, operation in document.operations:
+        name = operation.get("operationId")
+        if name and name in seen:
+            yield pointer, f"Operation ID is not unique {name}"
+        seen.add(name)
+
+
+def operation_document_not_primitive(document):
+    def primitives(pointer, body):
+        for name, media in entries(body.get("content")):
+            _, schema = document.resolve("", media.get("schema"))
+            types = schema.get("type", []) if isinstance(schema, dict) else []
+            if not {"object", "array"} & set([types] if isinstance(types, str) else types):
+                yield (step(step(pointer, "content"), name),
+                       "Operation request or response body is not an object or array")
+
+    for pointer, operation in document.operations:
+        if "requestBody" in operation:
+            yield from primitives(*document.resolve(f"{pointer}/requestBody", operation["requestBody"]))
+        for _, response_pointer, response in document.responses(pointer, operation):
+            yield from primitives(response_pointer, response)
+
+
+def operation_rate_limiting_defined(document):
+    for pointer, operation in document.operations:
+        for code, response_pointer, response in document.responses(pointer, operation):
+            headers = response.get("headers") or {}
+            if code in ("429", "503") and "Retry-After" not in headers:
+                yield response_pointer, "Missing Retry-After header"
+            limits = {"RateLimit-Limit", "X-RateLimit-Limit", "X-Rate-Limit-Limit"}
+            if code[0] in "24" and not limits & set(headers):
+                yield response_pointer, "Missing rate limiting header"
+
+
+def operation_security_defined(document):
+    for pointer, operation in document.operations:
+        if not document.root.get("security") and not operation.get("security"):
+            yield pointer, "Security requirement is not defined"
+
+
+def operation_success_response(document):
+    for pointer, operation in document.operations:
+        if not any(re.match("[23]|default$", code) for code, *_ in document.responses(pointer, operation)):
+            yield pointer, "Operation must have at least one success response"
+
+
+def operation_tags_defined(document):
+    declared = {tag["name"] for tag in document.root.get("tags") or []}
+    for pointer, operation in document.operations:
+        if not declared & set(operation.get("tags") or []):
+            yield pointer, "Operation has no tags defined"
+
+
+def parameters_unique(document):
+    for pointer, owner in document.path_items + document.operations:
+        seen = set()
+        for parameter_pointer, parameter in document.parameters(pointer, owner):
+            key = (parameter["name"], parameter["in"])
+            if key in seen:
+                yield parameter_pointer, f"Duplicate parameter name '{key[0]}' in location '{key[1]}'"
+            seen.add(key)
+
+
+def path_parameters_defined(document):
+    items = dict(document.path_items)
+    for pointer, operation in document.operations:
+        item_pointer = pointer.rpartition("/")[0]
+        if item_pointer not in document.urls:
+            continue
+        owners = [(pointer, operation), (item_pointer, items[item_pointer])]
+        if document.missing_path_parameters(document.urls[item_pointer], owners):
+            yield pointer, "One or more path parameters are missing"
+
+
+def path_parameters_on_items(document):
+    for pointer, item in document.path_items:
+        if pointer in document.urls and document.missing_path_parameters(document.urls[pointer], [(pointer, item)]):
+            yield pointer, "One or more path parameters are missing or not defined in path item"
+
+
+def paths_max_count(document):
+    count = len(entries(document.root.get("paths")))
+    if count > 8:
+        yield "/paths", f"Too many paths found ({count}), maximum number is 8"
+
+
+def paths_max_depth(document):
+    for url, _ in entries(document.root.get("paths")):
+        if len(url.split("/")) > 4:
+            yield step("/paths", url), f"Path URL is too much nested ({url})"
+
+
+def paths_sorted(document):
+    previous = b""
+    for url in document.root.get("paths") or {}:
+        if url.startswith("x-"):
+            continue
+        if previous and previous >= url.encode():
+            yield step("/paths", url), f"Paths are not sorted: {url}"
+        previous = url.encode()
+
+
+def paths_unique(document):
+    forms = set()
+    for url, _ in entries(document.root.get("paths")):
+        form = re.sub("/$", "", re.sub("/+", "/", re.sub(r"\{[^}]*\}", "{}", url)))
+        if form in forms:
+            yield step("/paths", url), "Duplicate path found"
+        forms.add(form)
+
+
+def paths_well_formed(document):
+    for url, _ in entries(document.root.get("paths")):
+        nameless = re.sub(r"\{[^}]*\}", "", url)
+        if url[:1] != "/" or url[-1:] == "/" or "//" in url or re.search("[A-Z]", nameless):
+            yield step("/paths", url), f"Path is not well-formed {url}"
+
+
+def standard_response_codes(document):
+    for pointer, operation in document.operations:
+        for code, _ in entries(operation.get("responses")):
+            if code != "default" and not re.fullmatch("[1-5]([0-9]{2}|XX)", code):
+                yield f"{pointer}/responses", f"Operation uses non-standard response code ({code})"
+
+
+def tags_sorted(document):
+    previous = b""
+    for index, tag in enumerate(document.root.get("tags") or []):
+        if tag["name"].encode() < previous:
+            yield f"/tags/{index}", f"Tags are not sorted: {tag['name']}"
+        previous = tag["name"].encode()
+
+
+def unambiguous_response_codes(document):
+    for pointer, operation in document.operations:
+        codes = {code for code, _ in entries(operation.get("responses"))}
+        if any(f"{code[0]}XX" in codes for code in codes if re.fullmatch("[1-5][0-9][0-9]", code)):
+            yield f"{pointer}/responses", "Operation response codes are ambiguous"
+
+
+def unused_request_body(document):
+    for pointer, operation in document.operations:
+        if pointer.rpartition("/")[2] in BODILESS and "requestBody" in operation:
+            yield pointer, "Unused request body"
+
+
+RULES = [
+    no_content_response_defined, operation_document_not_primitive, operation_id_defined, operation_id_unique,
+    operation_rate_limiting_defined, operation_security_defined, operation_success_response, operation_tags_defined,
+    parameters_unique, path_parameters_defined, path_parameters_on_items, paths_max_count, paths_max_depth,
+    paths_sorted, paths_unique, paths_well_formed, standard_response_codes, tags_sorted, unambiguous_response_codes,
+    unused_request_body,
+]
+
+
+def rule_id(rule):
+    return rule.__name__.replace("_", "-")
+
+
+def differences(path, found):
+    """Prints what one side has and the other has not; how often that is the case, and how much both have."""
+    document = Document(load(path))
+    wrong, findings = 0, Counter()
+    for rule in RULES:
+        expected = Counter(rule(document))
+        actual = Counter(tuple(finding) for finding in found[rule_id(rule)])
+        findings[rule_id(rule)] += sum((expected & actual).values())
+        for text, side in (("not found", expected - actual), ("should not be found", actual - expected)):
+            for pointer, message in list(side)[:5]:
+                print(f"{path.name}: {rule_id(rule)}: {text}: {pointer}: {message}")
+            wrong += sum(side.values())
+    return wrong, findings
+
+
+def main():
+    list_findings, corpora = sys.argv[1], Path(os.environ.get("SPECLOOM_CORPORA", sys.argv[2]))
+    if not corpora.is_dir():
+        leave_out("No corpora: set SPECLOOM_CORPORA to their folder")
+    documents, wrong, findings = 0, 0, Counter()
+    for path in sorted(p for folder in ("openapi", "pairs") for p in (corpora / folder).rglob("*")
+                       if p.suffix in (".json", ".yaml")):
+        if b"lint-disable" in path.read_bytes():
+            sys.exit(f"{path}: rules are disabled in it, which is not looked at here")
+        run = subprocess.run([list_findings, str(path), *map(rule_id, RULES)], capture_output=True, check=False)
+        if run.returncode != 0:
+            sys.exit(f"{path}: {run.stderr.decode()}")
+        found = json.loads(run.stdout)
+        if found is None:
+            print(f"{path.name}: refused")
+            continue
+        documents += 1
+        more_wrong, more_findings = differences(path, found)
+        wrong += more_wrong
+        findings += more_findings
+    for rule in RULES:
+        print(f"{findings[rule_id(rule)]:7} {rule_id(rule)}")
+    print(f"{documents} documents, {sum(findings.values())} findings, {wrong} differences")
+    sys.exit(wrong > 0 or documents < 20)
+
+
+main()
