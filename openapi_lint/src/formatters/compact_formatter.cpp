@@ -17,8 +17,10 @@ void CompactFormatter::format(const LintContext& context) {
         const std::string name = singleLine(filename);
         for (const std::size_t index : indices) {
             const LintResult& result = context.results[index];
-            fmt::format_to(std::back_inserter(text), "{}: line {}, col {}, {} - {}. ({})\n", name, result.printedLine(),
-                           result.printedColumn(), capitalizedSeverityName(result.severity), singleLine(result.message), result.ruleId);
+            fmt::format_to(std::back_inserter(text), "{}: line {}, col {}, {} - {}. ({})\n", name,
+                           result.printedLine(), result.printedColumn(),
+                           capitalizedSeverityName(result.severity), singleLine(result.message),
+                           result.ruleId);
         }
     }
     fmt::format_to(std::back_inserter(text), "\n{} problems\n", context.results.size());

@@ -33,13 +33,12 @@ nlohmann::json describeIssue(const LintResult& result) {
 } // namespace
 
 void HTMLFormatter::format(const LintContext& context) {
-    stream() << renderReport("html.jinja",
-                             {{"title", "Linter report"},
-                              {"counts",
-                               {{"total", context.results.size()},
-                                {"errors", context.errorCount},
-                                {"warnings", context.warningCount}}},
-                              {"files", describeFiles(context, describeFile, describeIssue)}});
+    stream() << renderReport("html.jinja", {{"title", "Linter report"},
+                                            {"counts",
+                                             {{"total", context.results.size()},
+                                              {"errors", context.errorCount},
+                                              {"warnings", context.warningCount}}},
+                                            {"files", describeFiles(context, describeFile, describeIssue)}});
 }
 
 } // namespace specloom::openapi_lint

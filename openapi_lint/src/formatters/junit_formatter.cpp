@@ -22,16 +22,15 @@ nlohmann::json describeIssue(const LintResult& result) {
     return {{"name", fmt::format("specloom.{}", result.ruleId)},
             {"ruleId", result.ruleId},
             {"message", message},
-            {"description", fmt::format("line {}, col {}, {} - {}. ({})", result.printedLine(),
-                                        result.printedColumn(), capitalizedSeverityName(result.severity),
-                                        message, result.ruleId)}};
+            {"description",
+             fmt::format("line {}, col {}, {} - {}. ({})", result.printedLine(), result.printedColumn(),
+                         capitalizedSeverityName(result.severity), message, result.ruleId)}};
 }
 
 } // namespace
 
 void JUnitFormatter::format(const LintContext& context) {
-    stream() << renderReport("junit.jinja",
-                             {{"files", describeFiles(context, describeFile, describeIssue)}});
+    stream() << renderReport("junit.jinja", {{"files", describeFiles(context, describeFile, describeIssue)}});
 }
 
 } // namespace specloom::openapi_lint

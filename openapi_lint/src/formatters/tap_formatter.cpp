@@ -30,9 +30,8 @@ bool isError(const LintResult& result) {
 
 /// The YAML block of a file with results.
 std::string diagnosticsOf(const LintContext& context, const std::vector<std::size_t>& indices) {
-    const auto errors = std::count_if(indices.begin(), indices.end(), [&](std::size_t index) {
-        return isError(context.results[index]);
-    });
+    const auto errors = std::count_if(indices.begin(), indices.end(),
+                                      [&](std::size_t index) { return isError(context.results[index]); });
     jv::JVDocument diagnostics;
     jv::JV* root = diagnostics.makeRoot(jv::Kind::Object);
     root->setInteger("errorCount", errors);

@@ -18,7 +18,8 @@ void UnixFormatter::format(const LintContext& context) {
         for (const std::size_t index : indices) {
             const LintResult& result = context.results[index];
             fmt::format_to(std::back_inserter(text), "{}:{}:{}: {}. [{}/{}]\n", name, result.printedLine(),
-                           result.printedColumn(), singleLine(result.message), capitalizedSeverityName(result.severity), result.ruleId);
+                           result.printedColumn(), singleLine(result.message),
+                           capitalizedSeverityName(result.severity), result.ruleId);
         }
     }
     fmt::format_to(std::back_inserter(text), "\n{} problems\n", context.results.size());

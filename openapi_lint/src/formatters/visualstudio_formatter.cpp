@@ -18,7 +18,8 @@ void VisualStudioFormatter::format(const LintContext& context) {
         for (const std::size_t index : indices) {
             const LintResult& result = context.results[index];
             fmt::format_to(std::back_inserter(text), "{}({},{}): {} {} : {}.\n", name, result.printedLine(),
-                           result.printedColumn(), severityName(result.severity), result.ruleId, singleLine(result.message));
+                           result.printedColumn(), severityName(result.severity), result.ruleId,
+                           singleLine(result.message));
         }
     }
     stream() << text;
