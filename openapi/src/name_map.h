@@ -5,7 +5,7 @@
 #include <algorithm>   // std::lower_bound
 #include <cstddef>     // std::size_t, std::ptrdiff_t
 #include <string_view> // std::string_view
-#include <utility>     // std::move
+#include <utility>     // std::move, std::exchange
 #include <vector>      // std::vector
 
 namespace specloom::openapi {
@@ -50,6 +50,9 @@ class NameMap {
         entries_.erase(entry);
         return value;
     }
+
+    /// Takes out all entries, in their order.
+    [[nodiscard]] std::vector<Entry> extractAll() noexcept { return std::exchange(entries_, {}); }
 
   private:
     [[nodiscard]] std::size_t position(std::string_view name) const noexcept {

@@ -1,6 +1,9 @@
 #include "openapi/named_nodes.h"
 
-#include <utility> // std::move
+#include <algorithm>     // std::sort
+#include <string>        // std::string
+#include <unordered_set> // std::unordered_set
+#include <utility>       // std::move
 
 namespace specloom::openapi {
 
@@ -32,6 +35,25 @@ void NamedNodes::rename(std::string_view oldName, Text newName) {
     NodePointer node = items_.extract(oldName);
     names_.erase(node.get());
     add(std::move(newName), std::move(node));
+}
+
+void NamedNodes::renameAll(const Renaming& renaming) {
+    std::vector<std::string> newNames; // empty for an entry that keeps its name
+    std::unordered_set<std::string> taken;
+    for (const auto& entry : items_) {
+        std::string name = renaming(entry.name(), *entry.value);
+        const bool free = find(name) == nullptr && taken.insert(name).second;
+        newNames.push_back(free ? std::move(name) : std::string());
+    }
+    std::vector<NodeMap::Entry> entries = items_.extractAll();
+    for (std::size_t index = 0; index < entries.size(); ++index)
+        if (!newNames[index].empty())
+            entries[index].key = Text(newNames[index]);
+    std::sort(entries.begin(), entries.end(),
+              [](const auto& a, const auto& b) { return a.name() < b.name(); });
+    names_.clear();
+    for (NodeMap::Entry& entry : entries)
+        add(std::move(entry.key), std::move(entry.value));
 }
 
 } // namespace specloom::openapi

@@ -3,6 +3,7 @@
 #include "foundation/hash.h"
 #include "openapi/node.h"
 
+#include <functional>    // std::function
 #include <unordered_map> // std::unordered_map
 
 namespace specloom::openapi {
@@ -36,6 +37,11 @@ class NamedNodes {
     /// Gives a name that is there to nothing, and its node to a name that is not there yet. The node stays
     /// where it is.
     void rename(std::string_view oldName, Text newName);
+    /// A new name for an entry that has the name `oldName`.
+    using Renaming = std::function<std::string(std::string_view oldName, const Node& entry)>;
+    /// Gives every entry its new name, all at once. An entry keeps its name when the new one is empty, is
+    /// what any entry was called before, or went to an entry before it. The nodes stay where they are.
+    void renameAll(const Renaming& renaming);
 
   private:
     NodeMap items_;

@@ -35,6 +35,9 @@ class Paths final : public Node {
     /// "New path URL cannot be empty" and "Path already exists {}", tested in this order. References to the
     /// path item stay valid.
     void rename(std::string_view oldUrl, std::string_view newUrl);
+    /// Gives every path item a new URL, all at once. One keeps its URL when the new one is empty, is a URL
+    /// that any had before, or went to one before it, so that none is lost. References to them stay valid.
+    void renameAll(const NamedNodes::Renaming& renaming) { items_.renameAll(renaming); }
 
   private:
     NamedNodes items_;

@@ -35,6 +35,20 @@ class SourceIndexer final : public NodeVisitHandler {
     std::unordered_map<const jv::JV*, const Node*>& nodes_;
 };
 
+/// Puts the new URL of each path item that was renamed in the place of the one that it was read under.
+void followRenamedPaths(const Paths& paths, std::vector<std::string_view>& keys) {
+    std::unordered_map<const jv::JV*, std::string_view> renamed;
+    for (const auto& entry : paths)
+        if (const jv::JV* source = entry.value->source();
+            source != nullptr && source != paths.source()->get(entry.name()))
+            renamed.emplace(source, entry.name());
+    if (renamed.empty())
+        return;
+    for (std::string_view& key : keys)
+        if (const auto found = renamed.find(paths.source()->get(key)); found != renamed.end())
+            key = found->second;
+}
+
 } // namespace
 
 ReadResult::ReadResult(std::unique_ptr<jv::JVDocument> source)
@@ -61,7 +75,12 @@ jv::Pos ReadResult::positionOf(const Node& node) const {
 }
 
 std::vector<std::string_view> ReadResult::keyOrderOf(const Node& node) const {
-    return node.source() == nullptr ? std::vector<std::string_view>() : source_->keysOf(node.source());
+    if (node.source() == nullptr)
+        return {};
+    std::vector<std::string_view> keys = source_->keysOf(node.source());
+    if (node.type() == NodeType::Paths)
+        followRenamedPaths(static_cast<const Paths&>(node), keys);
+    return keys;
 }
 
 std::vector<std::string_view> ReadResult::keyOrderOf(const Node& node, std::string_view key) const {

@@ -37,7 +37,8 @@ class ReadResult {
     /// 1-based and counted in bytes for JSON, 0-based and counted in code points for YAML; unknown, with -1,
     /// for a node that was made in code.
     [[nodiscard]] jv::Pos positionOf(const Node& node) const;
-    /// The keys of the source object, in their order; none for a node that was made in code.
+    /// The keys of the source object, in their order; none for a node that was made in code. A path item that
+    /// was renamed since has its new URL there.
     [[nodiscard]] std::vector<std::string_view> keyOrderOf(const Node& node) const;
     /// The same for a member of the source object that is a map of its own, such as "properties". For the
     /// definitions of a schema the key is "definitions" whichever of its names was used.

@@ -30,4 +30,14 @@ number::Number optionsPositiveNumber(const jv::JV* options, std::string_view rul
     return minimum;
 }
 
+number::Number optionsMaximumForPaths(const jv::JV* options, std::string_view ruleId) {
+    const jv::JV& value = requireOptions(options, ruleId);
+    if (!value.isNumber())
+        throw RuleConfigurationError(ruleId, "Options must be a number");
+    number::Number maximum = value.number();
+    if (maximum.compare(0) <= 0)
+        throw RuleConfigurationError(ruleId, "Max path count must be a positive number");
+    return maximum;
+}
+
 } // namespace specloom::openapi_lint

@@ -25,4 +25,10 @@ namespace specloom::openapi_lint {
 /// names other kinds than those that are accepted.)
 [[nodiscard]] number::Number optionsPositiveNumber(const jv::JV* options, std::string_view ruleId);
 
+/// The most that a rule about paths allows: a number above 0. Throws RuleConfigurationError with
+///   "Options must not be null"     for a null pointer,
+///   "Options must be a number"     for a value of another kind,
+///   "Max path count must be a positive number".
+[[nodiscard]] number::Number optionsMaximumForPaths(const jv::JV* options, std::string_view ruleId);
+
 } // namespace specloom::openapi_lint

@@ -8,7 +8,29 @@
 #include "openapi_lint/rules/info_defined.h"
 #include "openapi_lint/rules/json_api_resource_type_unique.h"
 #include "openapi_lint/rules/json_api_schema_validation.h"
+#include "openapi_lint/rules/no_content_response_defined.h"
 #include "openapi_lint/rules/openapi_json_schema_validation.h"
+#include "openapi_lint/rules/operation_description_defined.h"
+#include "openapi_lint/rules/operation_document_not_primitive.h"
+#include "openapi_lint/rules/operation_id_defined.h"
+#include "openapi_lint/rules/operation_id_unique.h"
+#include "openapi_lint/rules/operation_rate_limiting_defined.h"
+#include "openapi_lint/rules/operation_security_defined.h"
+#include "openapi_lint/rules/operation_success_response.h"
+#include "openapi_lint/rules/operation_tags_defined.h"
+#include "openapi_lint/rules/parameter_description_defined.h"
+#include "openapi_lint/rules/parameter_naming.h"
+#include "openapi_lint/rules/parameters_unique.h"
+#include "openapi_lint/rules/path_parameters_defined.h"
+#include "openapi_lint/rules/path_parameters_on_items.h"
+#include "openapi_lint/rules/paths_max_count.h"
+#include "openapi_lint/rules/paths_max_depth.h"
+#include "openapi_lint/rules/paths_sorted.h"
+#include "openapi_lint/rules/paths_unique.h"
+#include "openapi_lint/rules/paths_well_formed.h"
+#include "openapi_lint/rules/standard_response_codes.h"
+#include "openapi_lint/rules/unambiguous_response_codes.h"
+#include "openapi_lint/rules/unused_request_body.h"
 
 namespace specloom::openapi_lint {
 namespace {
@@ -29,7 +51,29 @@ constexpr RuleEntry ruleTable[] = {
     entry<InfoDefined>(),
     entry<ResourceTypeUnique>(),
     entry<JSONAPISchemaValidation>(),
+    entry<NoContentResponseDefined>(),
     entry<OpenAPIJSONSchemaValidation>(),
+    entry<OperationDescriptionDefined>(),
+    entry<OperationDocumentNotPrimitive>(),
+    entry<OperationIdDefined>(),
+    entry<OperationIdUnique>(),
+    entry<OperationRateLimitingDefined>(),
+    entry<OperationSecurityDefined>(),
+    entry<OperationSuccessResponse>(),
+    entry<OperationTagsDefined>(),
+    entry<ParameterDescriptionDefined>(),
+    entry<ParameterNaming>(),
+    entry<ParametersUnique>(),
+    entry<PathParametersDefined>(),
+    entry<PathParametersOnItems>(),
+    entry<PathsMaxCount>(),
+    entry<PathsMaxDepth>(),
+    entry<PathsSorted>(),
+    entry<PathsUnique>(),
+    entry<PathsWellFormed>(),
+    entry<StandardResponseCodes>(),
+    entry<UnambiguousResponseCodes>(),
+    entry<UnusedRequestBody>(),
 };
 
 static_assert(std::is_sorted(std::begin(ruleTable), std::end(ruleTable),

@@ -3,7 +3,8 @@
 //   failing*.yaml      with its findings in failing*.expected, a line "line:column message" for each, in the
 //                      order of the reports; inert rules have none
 //   passing*.yaml      without findings
-//   STEM.options.yaml  options for the document STEM.yaml; options.yaml for all that have none of their own
+//   STEM.options.yaml  options for the document STEM.yaml; options.yaml for all that have none of their own;
+//                      .json for options that are neither object nor array, which YAML documents must be
 //   STEM.fixed.yaml    what the rule's fix makes of STEM.yaml
 //
 // Documents may be .json too. And the registry, the folders and the pages of docs/rules against each other.
@@ -73,7 +74,8 @@ class Bench {
     Bench(std::string_view id, const fs::path& path)
         : rule_(findRule(id, Severity::Error)), document_(openapi::readFile(path.string(), &formats_)) {
         context_.document = document_.get();
-        for (const fs::path& options : {beside(path, ".options.yaml"), path.parent_path() / "options.yaml"}) {
+        for (const fs::path& options : {beside(path, ".options.yaml"), beside(path, ".options.json"),
+                                        path.parent_path() / "options.yaml"}) {
             if (!fs::exists(options))
                 continue;
             options_ = jv::loadDocument(options.string()).document;

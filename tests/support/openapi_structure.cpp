@@ -13,6 +13,9 @@ using K = ObjectKind;
 constexpr MemberInfo value(std::string_view key, Family family = Family::Both) {
     return {key, K::Any, Shape::One, WhenEmpty::Kept, family};
 }
+constexpr MemberInfo text(std::string_view key, Family family = Family::Both) {
+    return {key, K::Text, Shape::One, WhenEmpty::Kept, family};
+}
 /// A list of values.
 constexpr MemberInfo values(std::string_view key, Family family = Family::Both) {
     return {key, K::Any, Shape::List, WhenEmpty::LeftOut, family};
@@ -45,7 +48,7 @@ using Table = std::map<K, std::vector<MemberInfo>>;
 
 [[nodiscard]] std::vector<MemberInfo> parameter(std::vector<MemberInfo> own) {
     for (const MemberInfo& shared :
-         {value("name"), value("in"), value("description"), value("required"), value("deprecated"),
+         {text("name"), value("in"), text("description"), value("required"), value("deprecated"),
           value("style"), value("explode"), value("example"), map("examples", K::Example),
           one("schema", K::Schema), map("content", K::MediaType)})
         own.push_back(shared);
@@ -68,14 +71,17 @@ using Table = std::map<K, std::vector<MemberInfo>>;
         one("xml", K::XML),
         one("externalDocs", K::ExternalDocumentation),
     };
+    for (const std::string_view key : {"title", "description", "pattern"})
+        members.push_back(text(key));
     for (const std::string_view key :
-         {"$schema", "title", "description", "format", "multipleOf", "maximum", "exclusiveMaximum", "minimum",
-          "exclusiveMinimum", "maxLength", "minLength", "pattern", "maxItems", "minItems", "uniqueItems",
-          "maxProperties", "minProperties"})
+         {"$id", "$comment", "$anchor", "$dynamicAnchor", "$dynamicRef", "$vocabulary"})
+        members.push_back(text(key, only31));
+    for (const std::string_view key :
+         {"$schema", "format", "multipleOf", "maximum", "exclusiveMaximum", "minimum", "exclusiveMinimum",
+          "maxLength", "minLength", "maxItems", "minItems", "uniqueItems", "maxProperties", "minProperties"})
         members.push_back(value(key));
-    for (const std::string_view key : {"$id", "$comment", "$anchor", "$dynamicAnchor", "$dynamicRef",
-                                       "$vocabulary", "default", "deprecated", "readOnly", "writeOnly",
-                                       "contentEncoding", "contentMediaType", "maxContains", "minContains"})
+    for (const std::string_view key : {"default", "deprecated", "readOnly", "writeOnly", "contentEncoding",
+                                       "contentMediaType", "maxContains", "minContains"})
         members.push_back(value(key, only31));
     for (const std::string_view key : {"items", "additionalProperties", "propertyNames", "not"})
         members.push_back(one(key, K::Schema));
@@ -90,17 +96,17 @@ using Table = std::map<K, std::vector<MemberInfo>>;
 [[nodiscard]] Table makeTable() {
     Table table{
         {K::OpenAPI,
-         {value("openapi"), one("info", K::Info), value("jsonSchemaDialect"), list("servers", K::Server),
+         {value("openapi"), one("info", K::Info), text("jsonSchemaDialect"), list("servers", K::Server),
           leftOut(one("components", K::Components)), one("paths", K::Paths), map("webhooks", K::PathItem),
           list("security", K::SecurityRequirement), list("tags", K::Tag),
           one("externalDocs", K::ExternalDocumentation)}},
         {K::Info,
-         {value("title"), value("summary"), value("description"), value("termsOfService"),
+         {text("title"), text("summary"), text("description"), text("termsOfService"),
           one("contact", K::Contact), one("license", K::License), value("version")}},
-        {K::Contact, {value("name"), value("url"), value("email")}},
-        {K::License, {value("name"), value("identifier"), value("url")}},
-        {K::Server, {value("url"), value("description"), map("variables", K::ServerVariable)}},
-        {K::ServerVariable, {values("enum"), value("default"), value("description")}},
+        {K::Contact, {text("name"), text("url"), text("email")}},
+        {K::License, {text("name"), text("identifier"), text("url")}},
+        {K::Server, {text("url"), text("description"), map("variables", K::ServerVariable)}},
+        {K::ServerVariable, {values("enum"), text("default"), text("description")}},
         {K::Components,
          {map("schemas", K::Schema), map("responses", K::Response), map("parameters", K::Parameter),
           map("examples", K::Example), map("requestBodies", K::RequestBody), map("headers", K::Header),
@@ -108,53 +114,52 @@ using Table = std::map<K, std::vector<MemberInfo>>;
           map("pathItems", K::PathItem)}},
         {K::Paths, {one("*", K::PathItem)}},
         {K::PathItem,
-         {value("summary"), value("description"), list("parameters", K::Parameter),
+         {text("summary"), text("description"), list("parameters", K::Parameter),
           list("servers", K::Server)}},
         {K::Operation,
-         {values("tags"), value("summary"), value("description"),
-          one("externalDocs", K::ExternalDocumentation), value("operationId"),
-          list("parameters", K::Parameter), one("requestBody", K::RequestBody),
+         {values("tags"), text("summary"), text("description"), one("externalDocs", K::ExternalDocumentation),
+          text("operationId"), list("parameters", K::Parameter), one("requestBody", K::RequestBody),
           one("responses", K::Responses), map("callbacks", K::Callback), value("deprecated"),
           kept(list("security", K::SecurityRequirement)), list("servers", K::Server)}},
-        {K::ExternalDocumentation, {value("url"), value("description")}},
+        {K::ExternalDocumentation, {text("url"), text("description")}},
         {K::PathParameter, parameter({})},
         {K::QueryParameter, parameter({value("allowEmptyValue"), value("allowReserved")})},
         {K::HeaderParameter, parameter({})},
         {K::CookieParameter, parameter({})},
-        {K::RequestBody, {value("description"), kept(map("content", K::MediaType)), value("required")}},
+        {K::RequestBody, {text("description"), kept(map("content", K::MediaType)), value("required")}},
         {K::MediaType,
          {one("schema", K::Schema), value("example"), map("examples", K::Example),
           map("encoding", K::Encoding)}},
         {K::Encoding,
-         {value("contentType"), map("headers", K::Header), value("style"), value("explode"),
+         {text("contentType"), map("headers", K::Header), value("style"), value("explode"),
           value("allowReserved")}},
         {K::Responses, {one("*", K::Response)}},
         {K::Response,
-         {value("description"), map("headers", K::Header), map("content", K::MediaType),
+         {text("description"), map("headers", K::Header), map("content", K::MediaType),
           map("links", K::Link)}},
         {K::Callback, {one("*", K::PathItem)}},
-        {K::Example, {value("summary"), value("description"), value("value"), value("externalValue")}},
+        {K::Example, {text("summary"), text("description"), value("value"), text("externalValue")}},
         {K::Link,
-         {value("operationRef"), value("operationId"), valueMap("parameters"), value("requestBody"),
-          value("description"), one("server", K::Server)}},
+         {text("operationRef"), text("operationId"), valueMap("parameters"), value("requestBody"),
+          text("description"), one("server", K::Server)}},
         {K::Header,
-         {value("description"), value("required"), value("deprecated"), value("allowEmptyValue"),
+         {text("description"), value("required"), value("deprecated"), value("allowEmptyValue"),
           value("style"), value("explode"), value("allowReserved"), value("example"),
           map("examples", K::Example), one("schema", K::Schema), map("content", K::MediaType)}},
-        {K::Tag, {value("name"), value("description"), one("externalDocs", K::ExternalDocumentation)}},
+        {K::Tag, {text("name"), text("description"), one("externalDocs", K::ExternalDocumentation)}},
         {K::Schema, schema()},
         {K::Discriminator, {value("propertyName"), valueMap("mapping")}},
-        {K::XML, {value("name"), value("namespace"), value("prefix"), value("attribute"), value("wrapped")}},
-        {K::ApiKeyScheme, {value("type"), value("description"), value("name"), value("in")}},
-        {K::HttpScheme, {value("type"), value("description"), value("scheme"), value("bearerFormat")}},
-        {K::MutualTLSScheme, {value("type"), value("description")}},
-        {K::OAuth2Scheme, {value("type"), value("description"), one("flows", K::OAuthFlows)}},
-        {K::OpenIdConnectScheme, {value("type"), value("description"), value("openIdConnectUrl")}},
+        {K::XML, {text("name"), text("namespace"), text("prefix"), value("attribute"), value("wrapped")}},
+        {K::ApiKeyScheme, {value("type"), text("description"), text("name"), value("in")}},
+        {K::HttpScheme, {value("type"), text("description"), value("scheme"), text("bearerFormat")}},
+        {K::MutualTLSScheme, {value("type"), text("description")}},
+        {K::OAuth2Scheme, {value("type"), text("description"), one("flows", K::OAuthFlows)}},
+        {K::OpenIdConnectScheme, {value("type"), text("description"), value("openIdConnectUrl")}},
         {K::OAuthFlows,
          {one("implicit", K::OAuthFlow), one("password", K::OAuthFlow),
           one("clientCredentials", K::OAuthFlow), one("authorizationCode", K::OAuthFlow)}},
         {K::OAuthFlow,
-         {value("authorizationUrl"), value("tokenUrl"), value("refreshUrl"), kept(valueMap("scopes"))}},
+         {text("authorizationUrl"), text("tokenUrl"), text("refreshUrl"), kept(valueMap("scopes"))}},
         {K::SecurityRequirement, {value("*")}},
     };
     for (const std::string_view method :

@@ -12,7 +12,8 @@ namespace specloom::test_support {
 // nothing with the reader and the writer.
 
 enum class ObjectKind : std::uint8_t {
-    Any, ///< any value, kept as it is
+    Any,  ///< any value, kept as it is
+    Text, ///< the same for a text, in whose place a null counts as nothing
     OpenAPI,
     Info,
     Contact,

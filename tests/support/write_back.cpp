@@ -17,13 +17,14 @@ using jv::JV;
 using K = ObjectKind;
 using W = WriteBackClass;
 
-constexpr std::array<std::string_view, 20> names{
+constexpr std::array<std::string_view, 22> classNames{
     "defect",
     "unknown member",
     "undeclared tag",
     "sibling of a reference",
     "canonical reference text",
     "reference in definitions",
+    "null left out",
     "empty list or map left out",
     "mandatory member added",
     "false deprecated of an operation",
@@ -34,6 +35,7 @@ constexpr std::array<std::string_view, 20> names{
     "nullable as a type",
     "types as a set",
     "required as a set",
+    "required of another kind",
     "const as enum",
     "enum of another kind",
     "boolean schema as object",
@@ -114,6 +116,10 @@ void appendShort(std::string& out, const JV& value) {
     return object.isObject() ? object.get(key) : nullptr;
 }
 
+[[nodiscard]] bool isPlain(K kind) {
+    return kind == K::Any || kind == K::Text;
+}
+
 [[nodiscard]] const JV& emptyLike(const JV& container) {
     static const std::unique_ptr<JV> array = JV::newArray();
     static const std::unique_ptr<JV> object = JV::newObject();
@@ -165,7 +171,7 @@ class Comparison {
     /// A member that is there on both sides.
     void member(const MemberInfo& info, const JV& source, const JV& written) {
         const bool isList = info.shape == Shape::List;
-        if (info.kind == K::Any || info.shape == Shape::One)
+        if (isPlain(info.kind) || info.shape == Shape::One)
             place(info.kind, source, written, true);
         else if (!(isList ? source.isArray() && written.isArray() : source.isObject() && written.isObject()))
             report(W::Defect, source, &written);
@@ -201,7 +207,7 @@ class Comparison {
 
     void place(K kind, const JV& source, const JV& written, bool mayRefer) {
         const bool refers = memberOf(source, "$ref") != nullptr && !sectionOf(kind).empty();
-        if (kind == K::Any)
+        if (isPlain(kind))
             any(source, written);
         else if (refers && mayRefer)
             reference(kind, source, written);
@@ -313,12 +319,14 @@ class Comparison {
             return report(W::ContentBesideSchema, source, nullptr);
         if (kind == K::Link && key == "operationId" && object.has("operationRef"))
             return report(W::OperationIdBesideRef, source, nullptr);
+        if (info->kind == K::Text && source.isNull())
+            return report(W::NullLeftOut, source, nullptr);
         const bool isContainer = source.isArray() || source.isObject();
         if (info->whenEmpty == WhenEmpty::Kept || !isContainer)
             return report(W::Defect, source, nullptr);
         if (source.size() == 0)
             return report(W::EmptyLeftOut, source, nullptr);
-        if (info->kind == K::Any)
+        if (isPlain(info->kind))
             return report(W::Defect, source, nullptr);
         member(*info, source, emptyLike(source)); // tells what became of all that it held
     }
@@ -437,8 +445,12 @@ class Comparison {
     void requiredNames(const JV& source, const JV& written, Keys& done) {
         const JV* required = source.get("required");
         const JV* other = written.get("required");
-        if (required == nullptr || !required->isArray() || required->size() == 0 ||
-            (other != nullptr && other->equals(*required)))
+        if (required != nullptr && !required->isArray()) {
+            report(other == nullptr ? W::RequiredOfOtherKind : W::Defect, *required, other);
+            done.insert("required");
+            return;
+        }
+        if (required == nullptr || required->size() == 0 || (other != nullptr && other->equals(*required)))
             return;
         done.insert("required");
         Keys seen;
@@ -516,7 +528,7 @@ class Comparison {
 } // namespace
 
 std::string_view nameOf(WriteBackClass difference) {
-    return names.at(static_cast<std::size_t>(difference));
+    return classNames.at(static_cast<std::size_t>(difference));
 }
 
 std::ostream& operator<<(std::ostream& out, const WriteBackDifference& difference) {

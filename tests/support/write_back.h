@@ -19,6 +19,7 @@ enum class WriteBackClass : std::uint8_t {
     ReferenceSibling,       ///< a member beside `$ref` that a reference does not keep
     CanonicalReference,     ///< the text of a `$ref` is made anew from its target
     ReferenceInDefinitions, ///< entries of `$defs` are schemas in any case; a `$ref` in them is lost
+    NullLeftOut,            ///< a null in place of a text
     EmptyLeftOut,           ///< an empty list or map
     MandatoryMemberAdded,   ///< one that OpenAPI demands and the document lacked
     FalseDeprecated,        ///< of an operation, which is not deprecated when nothing is said
@@ -27,12 +28,13 @@ enum class WriteBackClass : std::uint8_t {
     OperationIdBesideRef,   ///< the same in a link; `operationRef` is taken
     Form30DropsKeyword,     ///< a schema keyword that is no part of OpenAPI 3.0
     NullableAsType,
-    TypesAsSet,         ///< a list of types, which comes back in a fixed order, or as a text if it has one
-    RequiredAsSet,      ///< repeated names, and what is no name
-    ConstAsEnum,        ///< an `enum` of one value
-    EnumOfOtherKind,    ///< no array
-    BooleanSchema,      ///< an empty schema, or one whose `not` is empty
-    DefinitionsRenamed, ///< `$defs` in 3.1, `definitions` elsewhere
+    TypesAsSet,          ///< a list of types, which comes back in a fixed order, or as a text if it has one
+    RequiredAsSet,       ///< repeated names, and what is no name
+    RequiredOfOtherKind, ///< no array: the flag of older drafts
+    ConstAsEnum,         ///< an `enum` of one value
+    EnumOfOtherKind,     ///< no array
+    BooleanSchema,       ///< an empty schema, or one whose `not` is empty
+    DefinitionsRenamed,  ///< `$defs` in 3.1, `definitions` elsewhere
 };
 
 /// "defect", "unknown member" and so on.

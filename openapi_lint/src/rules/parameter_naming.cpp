@@ -1,0 +1,65 @@
+#include "openapi_lint/rules/parameter_naming.h"
+
+#include <string>      // std::string
+#include <string_view> // std::string_view
+
+#include "openapi_lint/rule_handler.h"
+#include "openapi_lint/rule_options.h"
+
+#include <fmt/format.h>
+
+namespace specloom::openapi_lint {
+namespace {
+
+using openapi::ParameterLocation;
+
+constexpr const char* wrongName = "Parameter should be named {}";
+
+class ParameterNamingHandler final : public RuleHandler {
+  public:
+    ParameterNamingHandler(const ParameterNaming& rule, LintContext& context)
+        : RuleHandler(rule, context), rule_(rule) {}
+
+    using RuleHandler::visit;
+    void visit(const openapi::Parameter& parameter) override {
+        if (isDisabled(parameter))
+            return;
+        const std::string name = convertCase(parameter.name(), rule_.conventionOf(parameter.location()));
+        if (name != parameter.name())
+            report(fmt::format(wrongName, name), parameter);
+    }
+
+  private:
+    const ParameterNaming& rule_;
+};
+
+} // namespace
+
+void ParameterNaming::configure(const jv::JV* options) {
+    const jv::JV& value = requireOptions(options, ruleId);
+    if (value.isString()) {
+        default_ = parseNamingConvention(value.text(), ruleId);
+        return;
+    }
+    if (!value.isObject())
+        throw RuleConfigurationError(ruleId, "Options must be a string or an object");
+    if (const jv::JV* convention = value.getString("default"); convention != nullptr)
+        default_ = parseNamingConvention(convention->text(), ruleId);
+    for (const auto location : {ParameterLocation::Path, ParameterLocation::Query, ParameterLocation::Header,
+                                ParameterLocation::Cookie})
+        if (const jv::JV* convention = value.getString(parameterLocationName(location));
+            convention != nullptr)
+            byLocation_[location] = parseNamingConvention(convention->text(), ruleId);
+}
+
+NamingConvention ParameterNaming::conventionOf(ParameterLocation location) const {
+    const auto found = byLocation_.find(location);
+    return found == byLocation_.end() ? default_ : found->second;
+}
+
+void ParameterNaming::check(LintContext& context) {
+    ParameterNamingHandler handler(*this, context);
+    context.walk(handler);
+}
+
+} // namespace specloom::openapi_lint

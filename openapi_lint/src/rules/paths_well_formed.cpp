@@ -1,0 +1,48 @@
+#include "openapi_lint/rules/paths_well_formed.h"
+
+#include <string>      // std::string
+#include <string_view> // std::string_view
+
+#include "foundation/strings.h"
+#include "openapi_lint/disabling.h"
+#include "openapi_lint/lint_context.h"
+#include "openapi_lint/texts.h"
+
+#include <fmt/format.h>
+
+namespace specloom::openapi_lint {
+namespace {
+
+constexpr const char* notWellFormed = "Path is not well-formed {}";
+
+bool isWellFormed(std::string_view path) {
+    const std::string nameless = withoutTemplateNames(path);
+    const std::string rooted = withoutRepeatedSlashes("/" + nameless);
+    return toLowerCase(withoutTrailingSlash(rooted)) == nameless;
+}
+
+std::string fixed(std::string_view path) {
+    std::string result = toLowerCase(withoutRepeatedSlashes(path));
+    return result.starts_with('/') ? result : "/" + result;
+}
+
+/// A reference stands in for a path item, but only the item itself can say that the rule is disabled.
+bool isDisabledOn(const Rule& rule, const openapi::Node& entry) {
+    return isDisabled(rule, &entry, entry.resolve());
+}
+
+} // namespace
+
+void PathsWellFormed::check(LintContext& context) {
+    for (const auto& entry : context.root().paths())
+        if (!isDisabledOn(*this, *entry.value) && !isWellFormed(entry.name()))
+            report(context, fmt::format(notWellFormed, entry.name()), *entry.value);
+}
+
+void PathsWellFormed::fix(LintContext& context) {
+    context.root().paths().renameAll([this](std::string_view url, const openapi::Node& entry) {
+        return isDisabledOn(*this, entry) ? std::string(url) : fixed(url);
+    });
+}
+
+} // namespace specloom::openapi_lint
