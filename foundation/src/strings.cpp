@@ -4,6 +4,7 @@
 #include <cctype>    // std::isalnum and its family
 #include <cerrno>    // errno
 #include <cstdlib>   // std::strtod, std::strtoll, std::strtoull
+#include <iterator>  // std::back_inserter
 #include <stdexcept> // std::invalid_argument, std::out_of_range, std::runtime_error
 
 #include <fmt/format.h>
@@ -340,6 +341,13 @@ std::size_t utf8Length(std::string_view text) {
         // alike.
         throw std::runtime_error("Invalid UTF-8");
     }
+}
+
+std::string toValidUtf8(std::string_view text) {
+    std::string result;
+    result.reserve(text.size());
+    utf8::replace_invalid(text.begin(), text.end(), std::back_inserter(result));
+    return result;
 }
 
 std::string joinWith(std::string_view prefix, std::string_view text) {

@@ -117,6 +117,9 @@ enum class CaseStyle {
 /// when the text ends inside a sequence, and with "Invalid UTF-8" for any other fault.
 [[nodiscard]] std::size_t utf8Length(std::string_view text);
 
+/// `text` with U+FFFD in place of what is not UTF-8 (RFC 3629), so that strict readers take it.
+[[nodiscard]] std::string toValidUtf8(std::string_view text);
+
 /// `prefix` followed by `text`.
 [[nodiscard]] std::string joinWith(std::string_view prefix, std::string_view text);
 

@@ -202,5 +202,15 @@ TEST(Strings, Utf8Length) {
     EXPECT_EQ(fault("a\xe2\x82"), "Not enough space");
 }
 
+TEST(Strings, ToValidUtf8) {
+    EXPECT_EQ(toValidUtf8("a\xc3\xa4\xf0\x9f\x98\x80"), "a\xc3\xa4\xf0\x9f\x98\x80");
+    for (const char* text :
+         {"\xff", "\x80", "\xc3", "\xe2\x82", "\xc0\xaf", "\xed\xa0\x80", "\xf4\x90\x80\x80"}) {
+        EXPECT_NO_THROW((void)utf8Length(toValidUtf8(text)));
+        EXPECT_EQ(toValidUtf8(text).substr(0, 3), "\xef\xbf\xbd");
+        EXPECT_EQ(toValidUtf8(text + std::string("(")).back(), '(');
+    }
+}
+
 } // namespace
 } // namespace specloom

@@ -3,7 +3,15 @@
 #include <stdexcept> // std::runtime_error
 #include <string>    // std::string
 
+#include "openapi_lint/formatters/checkstyle_formatter.h"
+#include "openapi_lint/formatters/compact_formatter.h"
+#include "openapi_lint/formatters/html_formatter.h"
+#include "openapi_lint/formatters/json_formatter.h"
+#include "openapi_lint/formatters/junit_formatter.h"
 #include "openapi_lint/formatters/stylish_formatter.h"
+#include "openapi_lint/formatters/tap_formatter.h"
+#include "openapi_lint/formatters/unix_formatter.h"
+#include "openapi_lint/formatters/visualstudio_formatter.h"
 
 namespace specloom::openapi_lint {
 namespace {
@@ -20,7 +28,15 @@ std::unique_ptr<Formatter> make(std::ostream& stream) {
 
 /// In byte-wise order of the names.
 constexpr FormatterEntry formatterTable[] = {
+    {"checkstyle", make<CheckstyleFormatter>},
+    {"compact", make<CompactFormatter>},
+    {"html", make<HTMLFormatter>},
+    {"json", make<JSONFormatter>},
+    {"junit", make<JUnitFormatter>},
     {"stylish", make<StylishFormatter>},
+    {"tap", make<TAPFormatter>},
+    {"unix", make<UnixFormatter>},
+    {"visualstudio", make<VisualStudioFormatter>},
 };
 
 } // namespace

@@ -4,7 +4,8 @@
 
 namespace specloom::openapi_lint {
 
-/// For people at a terminal: the findings of each file in aligned columns, and a summary.
+/// For people at a terminal: the findings of each file in aligned columns, and a summary. Line numbers are
+/// aligned right, all else left; each file has widths of its own.
 class StylishFormatter final : public Formatter {
   public:
     explicit StylishFormatter(std::ostream& stream) : Formatter(stream) {}

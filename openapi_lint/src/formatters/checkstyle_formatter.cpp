@@ -1,0 +1,31 @@
+#include "openapi_lint/formatters/checkstyle_formatter.h"
+
+#include <ostream> // std::ostream
+
+#include <nlohmann/json.hpp>
+
+#include "foundation/strings.h"
+#include "openapi_lint/template_report.h"
+
+namespace specloom::openapi_lint {
+namespace {
+
+nlohmann::json describeFile(std::string_view name, std::size_t /*count*/) {
+    return {{"path", toValidUtf8(name)}};
+}
+
+nlohmann::json describeIssue(const LintResult& result) {
+    return {{"line", result.printedLine()},
+            {"severity", severityName(result.severity)},
+            {"message", toValidUtf8(result.message)},
+            {"ruleId", result.ruleId}};
+}
+
+} // namespace
+
+void CheckstyleFormatter::format(const LintContext& context) {
+    stream() << renderReport("checkstyle.jinja",
+                             {{"files", describeFiles(context, describeFile, describeIssue)}});
+}
+
+} // namespace specloom::openapi_lint

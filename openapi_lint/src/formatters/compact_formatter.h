@@ -1,0 +1,14 @@
+#pragma once
+
+#include "openapi_lint/formatter.h"
+
+namespace specloom::openapi_lint {
+
+/// A line for each finding that says what each number is, and their number.
+class CompactFormatter final : public Formatter {
+  public:
+    explicit CompactFormatter(std::ostream& stream) : Formatter(stream) {}
+    void format(const LintContext& context) override;
+};
+
+} // namespace specloom::openapi_lint

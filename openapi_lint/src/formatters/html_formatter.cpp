@@ -1,0 +1,44 @@
+#include "openapi_lint/formatters/html_formatter.h"
+
+#include <ostream> // std::ostream
+
+#include <fmt/format.h>
+#include <nlohmann/json.hpp>
+
+#include "foundation/strings.h"
+#include "openapi_lint/template_report.h"
+
+namespace specloom::openapi_lint {
+namespace {
+
+/// Where the pages on the rules are published, each under the id of its rule.
+constexpr std::string_view ruleDocSite = "https://specloom.dev/techdocs/linter/rules/";
+
+std::string htmlText(std::string_view text) {
+    return escapeHtml(toValidUtf8(text));
+}
+
+nlohmann::json describeFile(std::string_view name, std::size_t /*count*/) {
+    return {{"path", htmlText(name)}};
+}
+
+nlohmann::json describeIssue(const LintResult& result) {
+    return {{"pos", fmt::format("{}:{}", result.printedLine(), result.printedColumn())},
+            {"severity", severityName(result.severity)},
+            {"message", htmlText(result.message)},
+            {"ruleId", htmlText(result.ruleId)},
+            {"ruleDocUrl", htmlText(fmt::format("{}{}", ruleDocSite, result.ruleId))}};
+}
+
+} // namespace
+
+void HTMLFormatter::format(const LintContext& context) {
+    stream() << renderReport("html.jinja", {{"title", "Linter report"},
+                                            {"counts",
+                                             {{"total", context.results.size()},
+                                              {"errors", context.errorCount},
+                                              {"warnings", context.warningCount}}},
+                                            {"files", describeFiles(context, describeFile, describeIssue)}});
+}
+
+} // namespace specloom::openapi_lint

@@ -1,0 +1,25 @@
+#include "openapi_lint/formatters/json_formatter.h"
+
+#include <ostream> // std::ostream
+
+#include "foundation/strings.h"
+#include "jv/json_writer.h"
+#include "openapi_lint/lint_context.h"
+#include "openapi_lint/result_value.h"
+
+namespace specloom::openapi_lint {
+
+void JSONFormatter::format(const LintContext& context) {
+    jv::JVDocument report;
+    jv::JV* files = report.makeRoot(jv::Kind::Object);
+    for (const auto& [filename, indices] : context.groupByFile()) {
+        jv::JV* issues = files->setArray(toValidUtf8(filename));
+        for (const std::size_t index : indices)
+            appendResult(*issues, context.results[index]);
+    }
+    jv::JSONWriter writer;
+    writer.write(report);
+    stream() << writer.output() << '\n';
+}
+
+} // namespace specloom::openapi_lint

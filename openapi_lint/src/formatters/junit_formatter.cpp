@@ -1,0 +1,36 @@
+#include "openapi_lint/formatters/junit_formatter.h"
+
+#include <ostream> // std::ostream
+#include <string>  // std::string
+
+#include <fmt/format.h>
+#include <nlohmann/json.hpp>
+
+#include "foundation/strings.h"
+#include "openapi_lint/template_report.h"
+
+namespace specloom::openapi_lint {
+namespace {
+
+// Every test case fails, because what passes is no finding: the two counts are always the same.
+nlohmann::json describeFile(std::string_view name, std::size_t count) {
+    return {{"name", toValidUtf8(name)}, {"totalCount", count}, {"issueCount", count}};
+}
+
+nlohmann::json describeIssue(const LintResult& result) {
+    const std::string message = toValidUtf8(result.message);
+    return {{"name", fmt::format("specloom.{}", result.ruleId)},
+            {"ruleId", result.ruleId},
+            {"message", message},
+            {"description",
+             fmt::format("line {}, col {}, {} - {}. ({})", result.printedLine(), result.printedColumn(),
+                         capitalizedSeverityName(result.severity), message, result.ruleId)}};
+}
+
+} // namespace
+
+void JUnitFormatter::format(const LintContext& context) {
+    stream() << renderReport("junit.jinja", {{"files", describeFiles(context, describeFile, describeIssue)}});
+}
+
+} // namespace specloom::openapi_lint

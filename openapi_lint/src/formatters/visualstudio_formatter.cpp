@@ -1,0 +1,28 @@
+#include "openapi_lint/formatters/visualstudio_formatter.h"
+
+#include <iterator> // std::back_inserter
+#include <ostream>  // std::ostream
+#include <string>   // std::string
+
+#include <fmt/format.h>
+
+#include "openapi_lint/lint_context.h"
+#include "openapi_lint/report_text.h"
+
+namespace specloom::openapi_lint {
+
+void VisualStudioFormatter::format(const LintContext& context) {
+    std::string text;
+    for (const auto& [filename, indices] : context.groupByFile()) {
+        const std::string name = singleLine(filename);
+        for (const std::size_t index : indices) {
+            const LintResult& result = context.results[index];
+            fmt::format_to(std::back_inserter(text), "{}({},{}): {} {} : {}.\n", name, result.printedLine(),
+                           result.printedColumn(), severityName(result.severity), result.ruleId,
+                           singleLine(result.message));
+        }
+    }
+    stream() << text;
+}
+
+} // namespace specloom::openapi_lint

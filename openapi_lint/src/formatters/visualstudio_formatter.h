@@ -1,0 +1,14 @@
+#pragma once
+
+#include "openapi_lint/formatter.h"
+
+namespace specloom::openapi_lint {
+
+/// A line for each finding as that editor's list of errors reads it.
+class VisualStudioFormatter final : public Formatter {
+  public:
+    explicit VisualStudioFormatter(std::ostream& stream) : Formatter(stream) {}
+    void format(const LintContext& context) override;
+};
+
+} // namespace specloom::openapi_lint

@@ -1,0 +1,191 @@
+// Every formatter on three sets of findings: one that is easy on the reader, whose reports are the samples of
+// docs/lint-formats.md; one that tries to break them, and none at all, whose reports are golden/hostile.NAME
+// and golden/nothing.NAME. With SPECLOOM_UPDATE_GOLDEN set pages and files are written anew, for review.
+
+#include <cstdlib>     // std::getenv
+#include <filesystem>  // std::filesystem
+#include <fstream>     // std::ofstream
+#include <memory>      // std::unique_ptr
+#include <sstream>     // std::ostringstream
+#include <string>      // std::string
+#include <string_view> // std::string_view
+#include <vector>      // std::vector
+
+#include <expat.h>
+#include <fmt/format.h>
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+#include "foundation/strings.h"
+#include "openapi_lint/formatter_registry.h"
+#include "openapi_lint/lint_context.h"
+#include "test_support/corpora.h"
+
+namespace specloom::openapi_lint {
+namespace {
+
+namespace fs = std::filesystem;
+using test_support::fileBytes;
+
+constexpr std::uint64_t nowhere = LintResult::unknown;
+constexpr Severity error = Severity::Error;
+constexpr Severity warning = Severity::Warning;
+
+struct Finding {
+    std::uint64_t line;
+    std::uint64_t column;
+    Severity severity;
+    bool fixable;
+    const char* ruleId;
+    const char* message;
+};
+struct File {
+    const char* name;
+    std::vector<Finding> findings; // by place, as a report must have them
+};
+
+const std::vector<File> plain = {
+    {"/srv/api/bookshop.yaml",
+     {{8, 4, error, true, "paths-sorted", "Paths are not sorted"},
+      {12, 6, error, false, "operation-description-defined", "Operation description is missing or empty"},
+      {107, 8, warning, false, "operation-tags-defined", "Operation has no tags"}}},
+    {"/srv/api/harbour.json", {{3, 11, warning, true, "spell-check", "Possible spelling mistake: 'harbor'"}}},
+    {"/srv/api/orchard.yaml", {}},
+};
+const std::vector<File> hostile = {
+    {"/srv/api/<b> & \"c\" {{ files }}.json",
+     {{1, 2, error, false, "json-api/content-type", "quotes \" ' and <script>alert(1)</script> & &amp; ]]>"},
+      {2, 14, warning, false, "tags-unique", "{{ files }} {% for x in files %} {# gone? #} { }"},
+      {100000, 1, error, true, "paths-sorted", "## {{"},
+      {nowhere, nowhere, warning, true, "spell-check", ""}}},
+    {"/srv/api/clean \xe6\xb8\xaf.yaml", {}},
+    {"/srv/api/\xff.yaml",
+     {{0, 0, warning, false, "spell-check",
+       "H\xc3\xa4"
+       "fen \xe6\xb8\xaf \xf0\x9f\x9a\xa2"},
+      {1, 0, warning, false, "spell-check",
+       "a line\r\nfeed,\ta bell\x07, \x1b[31mcolours, \xc2\x9b"
+       "31m and \x7f"},
+      {2, 0, warning, false, "spell-check", "no UTF-8: \xff \xed\xa0\x80 \xc3"}}},
+};
+const std::vector<File> nothing = {{"/srv/api/a.yaml", {}}, {"/srv/api/b.json", {}}};
+
+void fill(LintContext& context, const std::vector<File>& files) {
+    for (const File& file : files) {
+        context.setFilename(file.name);
+        for (const Finding& finding : file.findings) {
+            context.results.push_back({.ruleId = finding.ruleId,
+                                       .severity = finding.severity,
+                                       .fixable = finding.fixable,
+                                       .filename = context.filename(),
+                                       .line = finding.line,
+                                       .column = finding.column,
+                                       .message = finding.message});
+            ++(finding.severity == error ? context.errorCount : context.warningCount);
+            if (finding.fixable)
+                ++(finding.severity == error ? context.fixableErrorCount : context.fixableWarningCount);
+        }
+    }
+}
+
+std::string report(std::string_view formatter, const std::vector<File>& files) {
+    LintContext context;
+    fill(context, files);
+    std::ostringstream out;
+    findFormatter(formatter, out)->format(context);
+    return out.str();
+}
+
+bool updating() {
+    return std::getenv("SPECLOOM_UPDATE_GOLDEN") != nullptr;
+}
+
+TEST(Formatters, writeWhatTheGoldenFilesHold) {
+    const std::vector<std::string_view> names = {"checkstyle", "compact", "html", "json",        "junit",
+                                                 "stylish",    "tap",     "unix", "visualstudio"};
+    EXPECT_EQ(formatterNames(), names);
+    const fs::path folder = fs::path(SPECLOOM_TEST_DIR) / "tests/golden";
+    for (const std::string_view name : names)
+        for (const auto& [set, files] : {std::pair("hostile", &hostile), std::pair("nothing", &nothing)}) {
+            const fs::path golden = folder / fmt::format("{}.{}", set, name);
+            const std::string text = report(name, *files);
+            if (updating())
+                std::ofstream(golden, std::ios::binary) << text;
+            EXPECT_EQ(text, fileBytes(golden)) << golden;
+        }
+}
+
+/// What the page shows of a report: all of it, and the body of the one that is a page itself.
+std::string sample(std::string_view formatter) {
+    std::string text = report(formatter, plain);
+    replaceAll(text, "\r\n", "\n");
+    if (formatter != "html")
+        return text;
+    const std::size_t begin = text.find("  <body>");
+    return text.substr(begin, text.find("</html>") - begin);
+}
+
+TEST(Formatters, areShownByTheManual) {
+    const fs::path page = fs::path(SPECLOOM_SOURCE_DIR) / "docs/lint-formats.md";
+    std::string manual = fileBytes(page);
+    for (const std::string_view name : formatterNames()) {
+        const std::size_t section = manual.find(fmt::format("\n## {}\n", name));
+        ASSERT_NE(section, std::string::npos) << name;
+        const std::size_t begin = manual.find('\n', manual.find("\n```", section) + 1) + 1;
+        const std::size_t end = manual.find("```\n", begin);
+        ASSERT_NE(end, std::string::npos) << name;
+        const std::string expected = sample(name);
+        if (updating())
+            manual.replace(begin, end - begin, expected);
+        else
+            EXPECT_EQ(manual.substr(begin, end - begin), expected) << name;
+    }
+    if (updating())
+        std::ofstream(page, std::ios::binary) << manual;
+}
+
+/// Why a text is no well-formed XML; empty when it is. Names of characters that HTML defines are known.
+std::string xmlFault(const std::string& text) {
+    const std::unique_ptr<XML_ParserStruct, void (*)(XML_Parser)> parser(XML_ParserCreate(nullptr),
+                                                                         XML_ParserFree);
+    XML_UseForeignDTD(parser.get(), XML_TRUE);
+    XML_SetParamEntityParsing(parser.get(), XML_PARAM_ENTITY_PARSING_ALWAYS);
+    if (XML_Parse(parser.get(), text.data(), static_cast<int>(text.size()), 1) == XML_STATUS_OK)
+        return "";
+    return fmt::format("{} in line {}", XML_ErrorString(XML_GetErrorCode(parser.get())),
+                       XML_GetCurrentLineNumber(parser.get()));
+}
+
+TEST(Formatters, writeWellFormedMarkup) {
+    for (const char* name : {"checkstyle", "junit", "html"})
+        for (const auto* files : {&plain, &nothing})
+            EXPECT_EQ(xmlFault(report(name, *files)), "") << name;
+    // Control characters, which no XML may hold, aside, texts cannot spoil the page.
+    EXPECT_EQ(xmlFault(report("html", {hostile[0], hostile[1]})), "");
+    EXPECT_NE(xmlFault(report("junit", {hostile[0]})), "") << "attributes hold the texts as they are";
+}
+
+TEST(Formatters, writeJsonThatReadsBack) {
+    const nlohmann::json read = nlohmann::json::parse(report("json", hostile));
+    EXPECT_EQ(read.size(), 2u);
+    for (const File& file : hostile)
+        for (std::size_t index = 0; index < file.findings.size(); ++index) {
+            const Finding& finding = file.findings[index];
+            const nlohmann::json expected = {{"line", finding.line == nowhere ? 0 : finding.line},
+                                             {"column", finding.column == nowhere ? 0 : finding.column},
+                                             {"severity", severityName(finding.severity)},
+                                             {"ruleId", finding.ruleId},
+                                             {"message", toValidUtf8(finding.message)}};
+            EXPECT_EQ(read.at(toValidUtf8(file.name)).at(index), expected);
+        }
+}
+
+TEST(Formatters, knowTwoSeverities) {
+    const std::vector<File> files = {{"a", {{1, 1, static_cast<Severity>(2), false, "rule", ""}}}};
+    EXPECT_DEATH((void)report("stylish", files), "Unreachable code at openapi_lint/src/formatters/stylish:");
+    EXPECT_DEATH((void)report("tap", files), "Unreachable code at openapi_lint/src/formatters/tap:");
+    EXPECT_DEATH((void)report("unix", files), "Unreachable code at openapi_lint/src/types:26");
+}
+
+} // namespace
+} // namespace specloom::openapi_lint
