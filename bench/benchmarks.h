@@ -26,6 +26,8 @@ void benchTree(const Input& input, int rounds, Table& table);
 void benchMemory(const Input& input, Table& table);
 /// Whole runs of the program.
 void benchFormat(const Input& input, int rounds, Table& table);
+/// Nothing for a document that is refused.
+void benchLint(const Input& input, int rounds, Table& table);
 void benchStart(int rounds, Table& table);
 
 } // namespace specloom::bench

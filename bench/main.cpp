@@ -45,6 +45,8 @@ bool run(const std::vector<fs::path>& paths, int rounds) {
         bench::benchMemory(input, table);
     for (const bench::Input& input : inputs)
         bench::benchFormat(input, rounds, table);
+    for (const bench::Input& input : inputs)
+        bench::benchLint(input, rounds, table);
     bench::benchStart(rounds, table);
     return table.allKept();
 }

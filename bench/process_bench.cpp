@@ -1,11 +1,14 @@
 #include "bench/benchmarks.h"
 #include "bench/measure.h"
 #include "bench/process.h"
+#include "test_support/read_tree.h"
 
 #include <cstdio>     // stderr
 #include <filesystem> // std::filesystem
 #include <fmt/core.h>
+#include <fstream>   // std::ofstream
 #include <stdexcept> // std::runtime_error
+#include <string>    // std::string
 #include <unistd.h>  // getpid
 
 namespace specloom::bench {
@@ -32,6 +35,16 @@ class TemporaryFile {
   private:
     fs::path path_;
 };
+
+/// One ruleset, and the formats without which the document would be refused.
+std::string lintConfiguration(std::string_view ruleset, const std::vector<std::string>& formats) {
+    std::string list;
+    for (const std::string& format : formats)
+        list += fmt::format(R"({}{{"name": "{}", "type": "string"}})", list.empty() ? "" : ", ", format);
+    return fmt::format(R"({{"version": "1.0", "commands": {{"lint": {{"extends": ["{}"]}}}}, )"
+                       R"("openapi": {{"custom_formats": [{}]}}}})",
+                       ruleset, list);
+}
 
 } // namespace
 
@@ -62,6 +75,32 @@ void benchFormat(const Input& input, int rounds, Table& table) {
                milliseconds(peer.median()), ours.median() / peer.median(), 1.8});
 }
 
+void benchLint(const Input& input, int rounds, Table& table) {
+    const test_support::ReadTree tree = test_support::readTree(input.path);
+    if (tree.result == nullptr)
+        return;
+    for (const auto& [ruleset, limit] : {std::pair{"recommended", 3.0}, std::pair{"all", 4.0}}) {
+        const TemporaryFile config(".config.json");
+        std::ofstream(config.path()) << lintConfiguration(ruleset, tree.unknownFormats);
+        const std::vector<std::string> lint = {SPECLOOM_PROGRAM, "lint", "--config", config.path(),
+                                               input.path.string()};
+        const auto size = static_cast<double>(input.text.size());
+        const double peak = runProcess(lint).peakBytes;
+        table.add({fmt::format("peak memory of lint ({}) / size", ruleset), input.name(), mebibytes(peak),
+                   mebibytes(size), peak / size, 15});
+        if (input.isJson())
+            continue;
+        Samples ours, peer;
+        for (int round = 0; round < rounds; ++round) {
+            ours.add(runProcess(lint).cpuSeconds);
+            peer.add(runProcess({YAML_EVENT_LOOP, input.path.string()}).cpuSeconds);
+        }
+        table.add({fmt::format("lint ({}) / event loop, processes", ruleset), input.name(),
+                   milliseconds(ours.median()), milliseconds(peer.median()), ours.median() / peer.median(),
+                   limit});
+    }
+}
+
 void benchStart(int rounds, Table& table) {
     Samples ours, peer;
     for (int round = 0; round < rounds * 3; ++round) {
@@ -75,6 +114,7 @@ void benchStart(int rounds, Table& table) {
 #else
 
 void benchFormat(const Input&, int, Table&) {}
+void benchLint(const Input&, int, Table&) {}
 void benchStart(int, Table&) {}
 
 #endif

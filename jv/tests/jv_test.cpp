@@ -36,7 +36,7 @@ TEST(Value, PositionIsSetOnce) {
 
 TEST(Value, KeepsTextOfAnyLength) {
     JV value;
-    for (const std::size_t length : {0, 1, 15, 16, 17, 1000, 16, 3}) {
+    for (const std::size_t length : {0U, 1U, 15U, 16U, 17U, 1000U, 16U, 3U}) {
         const std::string text(length, 'x');
         value.setString(text);
         EXPECT_EQ(value.text(), text);

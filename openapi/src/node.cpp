@@ -6,9 +6,22 @@
 
 namespace specloom::openapi {
 
+Node::Node(Node* parent, NodeType type)
+    : type_(type), parent_(parent), tree_(parent == nullptr ? new Tree{this} : parent->tree_) {
+    index_ = tree_->created++;
+}
+
 Node::~Node() {
-    while (firstReference_ != nullptr)
-        firstReference_->setTarget(nullptr);
+    while (firstReference() != nullptr)
+        rare_->firstReference->setTarget(nullptr);
+    if (parent_ == nullptr)
+        delete tree_;
+}
+
+Node::Rare& Node::rare() {
+    if (rare_ == nullptr)
+        rare_ = std::make_unique<Rare>();
+    return *rare_;
 }
 
 std::unique_ptr<Reference> Node::createReference(Node* parent) {
@@ -24,7 +37,7 @@ void Node::notifyChange(const NodeChange& change) {
 
 const ExtensionMap& Node::extensions() const noexcept {
     static const ExtensionMap none;
-    return extensions_ == nullptr ? none : *extensions_;
+    return rare_ == nullptr ? none : rare_->extensions;
 }
 
 const jv::JV* Node::findExtension(std::string_view key) const {
@@ -33,18 +46,18 @@ const jv::JV* Node::findExtension(std::string_view key) const {
 }
 
 void Node::setExtension(Text key, Value value) {
-    if (extensions_ == nullptr)
-        extensions_ = std::make_unique<ExtensionMap>();
-    if (extensions_->find(key.view()) != nullptr)
-        (void)extensions_->extract(key.view());
+    ExtensionMap& extensions = rare().extensions;
+    if (extensions.find(key.view()) != nullptr)
+        (void)extensions.extract(key.view());
     else
-        extensions_->add(std::move(key), std::move(value));
+        extensions.add(std::move(key), std::move(value));
 }
 
 void Node::replaceExtension(Text key, Value value) {
-    if (extensions_ != nullptr && extensions_->find(key.view()) != nullptr)
-        (void)extensions_->extract(key.view());
-    setExtension(std::move(key), std::move(value));
+    if (Value* present = rare().extensions.find(key.view()); present != nullptr)
+        *present = std::move(value);
+    else
+        rare_->extensions.add(std::move(key), std::move(value));
 }
 
 } // namespace specloom::openapi

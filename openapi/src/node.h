@@ -1,6 +1,7 @@
 #pragma once
 
 #include "openapi/name_map.h"
+#include "openapi/node_pool.h"
 #include "openapi/node_type.h"
 #include "openapi/text.h"
 #include "openapi/value.h"
@@ -44,6 +45,10 @@ class Node {
     Node(const Node&) = delete;
     Node& operator=(const Node&) = delete;
     virtual ~Node();
+    [[nodiscard]] static void* operator new(std::size_t bytes) { return NodePool::allocate(bytes); }
+    static void operator delete(void* memory, std::size_t bytes) noexcept {
+        NodePool::release(memory, bytes);
+    }
 
     /// A new reference to this node that stands in `parent`. A reference to a reference refers to the object
     /// behind it.
@@ -58,8 +63,8 @@ class Node {
     [[nodiscard]] Node* parent() noexcept { return parent_; }
     [[nodiscard]] NodeType type() const noexcept { return type_; }
     /// The OpenAPI object of the tree.
-    [[nodiscard]] const Node* root() const noexcept { return root_; }
-    [[nodiscard]] Node* root() noexcept { return root_; }
+    [[nodiscard]] const Node* root() const noexcept { return tree_->root; }
+    [[nodiscard]] Node* root() noexcept { return tree_->root; }
 
     /// Calls onChange() on this node and on each of its ancestors, upwards.
     void notifyChange(const NodeChange& change);
@@ -76,7 +81,9 @@ class Node {
 
     /// The first of the references to this node; Reference::nextReference() leads on. Null when there are
     /// none.
-    [[nodiscard]] const Reference* firstReference() const noexcept { return firstReference_; }
+    [[nodiscard]] const Reference* firstReference() const noexcept {
+        return rare_ == nullptr ? nullptr : rare_->firstReference;
+    }
 
     /// The value that this node was read from; null for a node that was made in code.
     [[nodiscard]] const jv::JV* source() const noexcept { return source_; }
@@ -87,27 +94,38 @@ class Node {
     /// tree is built. Tables over all nodes are arrays by it.
     [[nodiscard]] std::uint32_t index() const noexcept { return index_; }
     /// One more than the largest index() of the tree.
-    [[nodiscard]] std::uint32_t indexLimit() const noexcept { return root_->created_; }
+    [[nodiscard]] std::uint32_t indexLimit() const noexcept { return tree_->created; }
 
   protected:
-    Node(Node* parent, NodeType type) noexcept
-        : type_(type), parent_(parent), root_(parent == nullptr ? this : parent->root_) {
-        index_ = root_->created_++;
-    }
+    Node(Node* parent, NodeType type);
 
   private:
     friend class Reference;
 
-    // What a walk asks of every node comes first, into one line of the cache.
+    /// What all nodes of a tree share; the root's to destroy.
+    struct Tree {
+        Node* root;
+        std::uint32_t created = 0; ///< nodes made so far
+    };
+    /// What few nodes have.
+    struct Rare {
+        ExtensionMap extensions;
+        Reference* firstReference = nullptr;
+    };
+
+    [[nodiscard]] Rare& rare();
+
+    // Documents have a node for every four values, so a node is kept small; and what a walk asks of every
+    // node stands first, in one line of the cache.
     NodeType type_;
-    std::uint32_t index_ = 0;
+    std::uint32_t index_;
     Node* parent_;
-    Node* root_;
+    Tree* tree_;
     const jv::JV* source_ = nullptr;
-    std::unique_ptr<ExtensionMap> extensions_; ///< few nodes have any
-    Reference* firstReference_ = nullptr;
-    std::uint32_t created_ = 0; ///< in the root: nodes made so far
+    std::unique_ptr<Rare> rare_;
 };
+
+static_assert(sizeof(Node) == 48, "trees have many nodes");
 
 /// A place in the tree that may hold a reference holds a Node: the object or a Reference to one.
 using NodePointer = std::unique_ptr<Node>;

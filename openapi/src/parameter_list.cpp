@@ -21,19 +21,19 @@ std::size_t ParameterKeyHash::operator()(const ParameterKey& key) const noexcept
 }
 
 bool ParameterKeys::contains(const ParameterKey& key) const {
-    if (table_.empty())
-        return std::find(keys_.begin(), keys_.end(), key) != keys_.end();
-    return table_.contains(key);
+    return table_ == nullptr ? std::find(keys_.begin(), keys_.end(), key) != keys_.end()
+                             : table_->contains(key);
 }
 
 bool ParameterKeys::insert(const ParameterKey& key) {
     if (contains(key))
         return false;
     keys_.push_back(key);
-    if (keys_.size() == searchedKeys)
-        table_.insert(keys_.begin(), keys_.end());
-    else if (keys_.size() > searchedKeys)
-        table_.insert(key);
+    if (table_ != nullptr)
+        table_->insert(key);
+    else if (keys_.size() == searchedKeys)
+        table_ =
+            std::make_unique<std::unordered_set<ParameterKey, ParameterKeyHash>>(keys_.begin(), keys_.end());
     return true;
 }
 

@@ -3,6 +3,7 @@
 #include "openapi/parameter.h"
 
 #include <cstddef>       // std::size_t
+#include <memory>        // std::unique_ptr
 #include <unordered_set> // std::unordered_set
 #include <vector>        // std::vector
 
@@ -28,7 +29,7 @@ class ParameterKeys {
 
   private:
     std::vector<ParameterKey> keys_;
-    std::unordered_set<ParameterKey, ParameterKeyHash> table_;
+    std::unique_ptr<std::unordered_set<ParameterKey, ParameterKeyHash>> table_; ///< null for a short list
 };
 
 /// The `parameters` of an operation or a path item, as written: parameters and references to one.

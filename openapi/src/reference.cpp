@@ -16,11 +16,11 @@ std::unique_ptr<Reference> Reference::createReference(Node* parent) {
     return target_->createReference(parent);
 }
 
-void Reference::setTarget(Node* target) noexcept {
+void Reference::setTarget(Node* target) {
     if (target == target_)
         return;
     if (target_ != nullptr) {
-        (previous_ == nullptr ? target_->firstReference_ : previous_->next_) = next_;
+        (previous_ == nullptr ? target_->rare_->firstReference : previous_->next_) = next_;
         if (next_ != nullptr)
             next_->previous_ = previous_;
     }
@@ -28,10 +28,10 @@ void Reference::setTarget(Node* target) noexcept {
     previous_ = nullptr;
     next_ = nullptr;
     if (target_ != nullptr) {
-        next_ = target_->firstReference_;
+        next_ = target_->rare().firstReference;
         if (next_ != nullptr)
             next_->previous_ = this;
-        target_->firstReference_ = this;
+        target_->rare_->firstReference = this;
     }
 }
 

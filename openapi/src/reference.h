@@ -17,22 +17,36 @@ class Reference final : public Node {
 
     [[nodiscard]] const Node* target() const noexcept { return target_; }
     [[nodiscard]] Node* target() noexcept { return target_; }
-    void setTarget(Node* target) noexcept;
+    void setTarget(Node* target);
 
-    [[nodiscard]] std::optional<std::string_view> summary() const { return summary_.get(); }
-    void setSummary(Text summary) { summary_ = std::move(summary); }
-    [[nodiscard]] std::optional<std::string_view> description() const { return description_.get(); }
-    void setDescription(Text description) { description_ = std::move(description); }
+    [[nodiscard]] std::optional<std::string_view> summary() const {
+        return texts_ == nullptr ? std::nullopt : texts_->summary.get();
+    }
+    void setSummary(Text summary) { texts().summary = std::move(summary); }
+    [[nodiscard]] std::optional<std::string_view> description() const {
+        return texts_ == nullptr ? std::nullopt : texts_->description.get();
+    }
+    void setDescription(Text description) { texts().description = std::move(description); }
 
     /// The next reference to the same target, or null.
     [[nodiscard]] const Reference* nextReference() const noexcept { return next_; }
 
   private:
+    struct Texts {
+        Text summary;
+        Text description;
+    };
+
+    [[nodiscard]] Texts& texts() {
+        if (texts_ == nullptr)
+            texts_ = std::make_unique<Texts>();
+        return *texts_;
+    }
+
     Node* target_ = nullptr;
     Reference* next_ = nullptr; ///< of the references to target_
     Reference* previous_ = nullptr;
-    Text summary_;
-    Text description_;
+    std::unique_ptr<Texts> texts_; ///< few references have any
 };
 
 } // namespace specloom::openapi

@@ -337,6 +337,8 @@ class Schema final : public Node {
     SchemaFields fields_;
 };
 
+static_assert(sizeof(Schema) == 80, "most nodes are schemas");
+
 /// The URIs that `$schema` may name: of drafts 4, 6, 7, 2019-09 and 2020-12.
 [[nodiscard]] const std::array<std::string_view, 5>& schemaDialects();
 

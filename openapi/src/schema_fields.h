@@ -6,6 +6,7 @@
 #include "openapi/schema_keyword.h"
 
 #include <cstdint> // std::uint64_t
+#include <memory>  // std::unique_ptr
 #include <utility> // std::move
 #include <variant> // std::variant
 #include <vector>  // std::vector
@@ -33,8 +34,9 @@ class SchemaFields {
   public:
     [[nodiscard]] bool has(SchemaKeyword keyword) const noexcept { return present_.has(keyword); }
     [[nodiscard]] SchemaKeywords keywords() const noexcept { return present_; }
-    [[nodiscard]] std::size_t size() const noexcept { return fields_.size(); }
-    void reserve(std::size_t count) { fields_.reserve(count); }
+    [[nodiscard]] std::size_t size() const noexcept { return present_.size(); }
+    /// Room for so many fields in all.
+    void reserve(std::size_t count);
 
     /// The field of this alternative; null when the schema has no such keyword.
     template <typename T>
@@ -62,8 +64,10 @@ class SchemaFields {
         return present_.rankOf(keyword);
     }
 
+    // Not a vector: this takes half its room in every schema.
     SchemaKeywords present_;
-    std::vector<SchemaField> fields_;
+    std::unique_ptr<SchemaField[]> fields_; ///< as many as the keywords, then unused ones up to capacity_
+    std::uint8_t capacity_ = 0;
 };
 
 } // namespace specloom::openapi

@@ -79,6 +79,9 @@ class SchemaKeywords {
     [[nodiscard]] constexpr bool meets(SchemaKeywords other) const noexcept {
         return (bits_ & other.bits_) != 0;
     }
+    [[nodiscard]] constexpr std::size_t size() const noexcept {
+        return static_cast<std::size_t>(std::popcount(bits_));
+    }
     constexpr void add(SchemaKeyword keyword) noexcept { bits_ |= bitOf(keyword); }
     constexpr void remove(SchemaKeyword keyword) noexcept { bits_ &= ~bitOf(keyword); }
     /// How many of the set come before `keyword`.

@@ -354,7 +354,7 @@ TEST(SchemaFormats, customOnesStandBesideTheBuiltIn) {
              {R"([{"name":"x","type":"text"}])", "Invalid schema type: text"},
              {R"([{"type":"string"}])", "Required property 'name' is missing."},
          })
-        EXPECT_EQ(failureOf([&] { addAll(text); }), failure);
+        EXPECT_EQ(failureOf([&, json = text] { addAll(json); }), failure);
 }
 
 } // namespace

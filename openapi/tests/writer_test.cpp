@@ -64,7 +64,7 @@ void expectGolden(const std::string& text, const std::string& name) {
 class WriterGolden : public testing::TestWithParam<const char*> {
   protected:
     const std::string name_ = GetParam();
-    const SchemaFormatRegistry formats_;
+    const SchemaFormatRegistry formats_{};
     const std::unique_ptr<ReadResult> result_ = readFile((golden / (name_ + ".yaml")).string(), &formats_);
 };
 

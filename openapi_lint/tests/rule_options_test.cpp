@@ -36,9 +36,12 @@ TEST(RuleOptions, areRefusedWithOneText) {
         std::string message; ///< "{}" stands for the rule
     };
     const std::vector<std::string> lengths = {"operation-description-defined",
-                                              "parameter-description-defined"};
+                                              "parameter-description-defined", "tag-description-defined"};
     const std::vector<std::string> maxima = {"paths-max-count", "paths-max-depth"};
     const std::vector<std::string> naming = {"parameter-naming"};
+    const std::vector<std::string> id = {"id-defined"};
+    const std::vector<std::string> spelling = {"spell-check"};
+    const std::string tooLong(1025, 'a');
     const std::vector<Row> rows = {
         {lengths, "", "{}: Options must not be null"},
         {lengths, "null", "{}: Options must be a string or an object"},
@@ -65,6 +68,34 @@ TEST(RuleOptions, areRefusedWithOneText) {
         {naming, "{\"default\": null}", "JVError: A string value is expected for 'default'."},
         {naming, "{\"body\": 1}", ""},
         {naming, "{}", ""},
+        {id, "", "{}: Options must not be null"},
+        {id, "null", "{}: Options must be an object"},
+        {id, "\"x-id\"", "{}: Options must be an object"},
+        {id, R"({"attribute": ""})", "{}: Attribute name must not be empty"},
+        {id, R"({"attribute": "id"})", "{}: Attribute name must start with 'x-'"},
+        {id, R"({"attribute": 1})", "JVError: A string value is expected for 'attribute'."},
+        {id, R"({"pattern": ""})", "{}: Pattern must not be empty"},
+        {id, R"({"pattern": []})", "JVError: A string value is expected for 'pattern'."},
+        {id, R"({"pattern": "(a"})", "{}: Pattern is not a regular expression: (a"},
+        {id, R"({"pattern": ")" + tooLong + "\"}", "{}: Pattern is longer than 1024 bytes"},
+        {id, R"({"attribute": "x-", "pattern": "UUID", "more": 1})", ""},
+        {spelling, "", "{}: Options must not be null"},
+        {spelling, "null", "{}: Options must be an object"},
+        {spelling, "[]", "{}: Options must be an object"},
+        {spelling, R"({"dictionaries": 1})", "{}: Unknown option: dictionaries"},
+        {spelling, R"({"affix": 1, "dictionary": "a"})", "{}: Option 'affix' must be a string"},
+        {spelling, R"({"affix": "a", "dictionary": null})", "{}: Option 'dictionary' must be a string"},
+        {spelling, R"({"affix": "a"})", "{}: Options 'affix' and 'dictionary' must be given together"},
+        {spelling, R"({"dictionary": "a"})", "{}: Options 'affix' and 'dictionary' must be given together"},
+        {spelling, R"({"affix": "/no/a", "dictionary": "/"})", "{}: Affix file cannot be read: /no/a"},
+        {spelling, R"({"affix": "/dev/null", "dictionary": "/"})", "{}: Dictionary file cannot be read: /"},
+        {spelling, R"({"affix": "/dev/null", "dictionary": "/dev/null"})",
+         "{}: Dictionary file does not begin with its number of words: /dev/null"},
+        {spelling, R"({"words": "a"})", "{}: Option 'words' must be an array of strings"},
+        {spelling, R"({"words": ["a", 1]})", "{}: Option 'words' must be an array of strings"},
+        {spelling, R"({"word_files": {}})", "{}: Option 'word_files' must be an array of strings"},
+        {spelling, R"({"word_files": ["/no/a"]})", "{}: Word file cannot be read: /no/a"},
+        {spelling, "{}", ""},
     };
     for (const Row& row : rows)
         for (const std::string& rule : row.rules) {

@@ -6,23 +6,23 @@
 
 namespace specloom::test_support {
 
-std::size_t addUnknownFormats(std::string_view refusal, openapi::SchemaFormatRegistry& formats) {
+std::vector<std::string> addUnknownFormats(std::string_view refusal, openapi::SchemaFormatRegistry& formats) {
     constexpr std::string_view start = "Unknown format: ";
     constexpr std::string_view end = " at (";
-    std::size_t added = 0;
+    std::vector<std::string> added;
     for (std::size_t at = refusal.find(start); at != std::string_view::npos; at = refusal.find(start, at)) {
         at += start.size();
         const std::string_view name = refusal.substr(at, refusal.find(end, at) - at);
         if (formats.find(name) != nullptr)
             continue;
         formats.add(name, openapi::SchemaType::String);
-        ++added;
+        added.emplace_back(name);
     }
     return added;
 }
 
 ReadTree readTree(const std::filesystem::path& path) {
-    ReadTree tree{std::make_unique<openapi::SchemaFormatRegistry>(), nullptr, ""};
+    ReadTree tree{std::make_unique<openapi::SchemaFormatRegistry>(), nullptr, {}, ""};
     for (int attempt = 0; attempt < 2; ++attempt) {
         try {
             tree.result = openapi::readFile(path.string(), tree.formats.get());
@@ -31,7 +31,8 @@ ReadTree readTree(const std::filesystem::path& path) {
         } catch (const std::exception& error) {
             tree.refusal = error.what();
         }
-        if (addUnknownFormats(tree.refusal, *tree.formats) == 0)
+        tree.unknownFormats = addUnknownFormats(tree.refusal, *tree.formats);
+        if (tree.unknownFormats.empty())
             return tree;
     }
     return tree;

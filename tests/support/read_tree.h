@@ -6,17 +6,18 @@
 #include <memory>      // std::unique_ptr
 #include <string>      // std::string
 #include <string_view> // std::string_view
+#include <vector>      // std::vector
 
 namespace specloom::test_support {
 
-/// The formats that a refusal names as unknown, added to a registry as formats of strings; how many there
-/// were.
-std::size_t addUnknownFormats(std::string_view refusal, openapi::SchemaFormatRegistry& formats);
+/// The formats that a refusal names as unknown, added to a registry as formats of strings; their names.
+std::vector<std::string> addUnknownFormats(std::string_view refusal, openapi::SchemaFormatRegistry& formats);
 
 /// A document as a tree, or why it was refused.
 struct ReadTree {
     std::unique_ptr<openapi::SchemaFormatRegistry> formats;
     std::unique_ptr<openapi::ReadResult> result; ///< null when refused
+    std::vector<std::string> unknownFormats;     ///< those that had to be added
     std::string refusal;
 };
 

@@ -420,6 +420,8 @@ class Comparison {
             report(W::NullableAsType, *nullable, actual);
         else if (type->size() == 0 && type->isArray())
             report(W::EmptyLeftOut, *type, actual);
+        else if (expected == nullptr) // all that it held is no type
+            report(W::Defect, *type, actual);
         else if (!type->equals(*expected))
             report(W::TypesAsSet, *type, actual);
         if (const JV* kept = written.get("nullable"); kept != nullptr)

@@ -12,6 +12,7 @@ std::unique_ptr<ReadResult> read(std::unique_ptr<jv::JVDocument> document,
                                  const SchemaFormatRegistry* formats) {
     if (formats == nullptr)
         throw std::invalid_argument("Schema format registry must be provided");
+    NodePool::expect(document->sourceSize());
     auto result = std::make_unique<ReadResult>(std::move(document));
     ReaderContext context(*result, *formats);
     readOpenAPI(context, result->root(), *result->source().root());
