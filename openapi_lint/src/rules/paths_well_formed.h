@@ -18,8 +18,8 @@ class PathsWellFormed final : public Rule {
     [[nodiscard]] bool isFixable() const override { return true; }
     void check(LintContext& context) override;
     /// Puts lower case throughout, also into braces, one slash for several, and a slash at the beginning;
-    /// one at the end stays. A path whose new name another one has or gets before it keeps its own, so
-    /// that neither is lost.
+    /// one at the end stays. Paths without a finding are no exception. A path whose new name another one has
+    /// or gets before it keeps its own, so that neither is lost.
     void fix(LintContext& context) override;
 };
 
