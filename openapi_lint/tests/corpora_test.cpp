@@ -8,6 +8,7 @@
 #include <vector>     // std::vector
 
 #include <gtest/gtest.h>
+#include <unistd.h> // getpid
 
 #include "test_support/corpora.h"
 #include "test_support/read_tree.h"
@@ -49,7 +50,7 @@ std::string fixed(const fs::path& path) {
 
 TEST(Corpora, areFixedOnce) {
     SPECLOOM_NEEDS_CORPORA();
-    const fs::path folder = fs::path(testing::TempDir()) / "lint_corpora";
+    const fs::path folder = fs::path(testing::TempDir()) / ("lint_corpora_" + std::to_string(getpid()));
     fs::create_directories(folder);
     std::size_t count = 0;
     for (const fs::path& path : documents()) {

@@ -14,6 +14,7 @@
 
 #include <fmt/format.h>
 #include <gtest/gtest.h>
+#include <unistd.h> // getpid
 
 #include "jv/deser.h"
 #include "openapi/reader.h"
@@ -38,6 +39,11 @@ std::unique_ptr<jv::JVDocument> parse(std::string_view yaml) {
 std::unique_ptr<openapi::ReadResult> readTree(std::string_view yaml) {
     static const openapi::SchemaFormatRegistry formats;
     return openapi::read(parse(yaml), &formats);
+}
+
+/// Of this process alone: several test runs may share a machine.
+fs::path temporaryPath(const char* extension) {
+    return fs::path(testing::TempDir()) / fmt::format("linter_test_{}{}", getpid(), extension);
 }
 
 /// A linter with everything that it printed.
@@ -326,7 +332,7 @@ TEST(Disabling, looksUpwards) {
 }
 
 TEST(Linter, gathersFindingsFromFileToFile) {
-    const fs::path folder = fs::path(testing::TempDir()) / "linter_test";
+    const fs::path folder = temporaryPath("");
     fs::create_directories(folder);
     for (const char* name : {"a.yaml", "b.yaml"})
         std::ofstream(folder / name) << wordless;
@@ -349,7 +355,7 @@ TEST(Linter, gathersFindingsFromFileToFile) {
 }
 
 TEST(Linter, writesFixedDocumentsBack) {
-    const fs::path file = fs::path(testing::TempDir()) / "linter_test.yaml";
+    const fs::path file = temporaryPath(".yaml");
     std::ofstream(file) << "paths: {}\ninfo: {version: 1.0.0, title: Tides}\nunknown: 1\nopenapi: 3.1.0\n";
     Session session;
     ASSERT_EQ(session.configure("{rules: {info-defined: err}}"), "");
