@@ -22,6 +22,7 @@
 #include <fmt/format.h>
 #include <gtest/gtest.h>
 
+#include "foundation/strings.h"
 #include "jv/deser.h"
 #include "openapi/reader.h"
 #include "openapi/writer.h"
@@ -76,8 +77,10 @@ class Bench {
         for (const fs::path& options : {beside(path, ".options.yaml"), path.parent_path() / "options.yaml"}) {
             if (!fs::exists(options))
                 continue;
-            options_ = jv::loadDocument(options.string()).document;
-            rule_->configure(options_->root());
+            // As the element of a list, because a scalar alone is no document to the YAML reader.
+            options_ = jv::parseDocument("-" + indentLines(fileBytes(options), 2).substr(1),
+                                         {.format = jv::DocumentFormat::Yaml, .refLoader = {}});
+            rule_->configure(options_->root()->elements()[0]);
             break;
         }
     }
