@@ -9,6 +9,8 @@
 #include <string>     // std::string
 #include <vector>     // std::vector
 
+#include <unistd.h> // getpid
+
 #include <fmt/format.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -154,10 +156,12 @@ TEST(TextPattern, matchesWholeTextsInBoundedTimeAndStack) {
         EXPECT_EQ(TextPattern(row.pattern).matchesWhole(row.text), row.matches) << row.pattern;
 }
 
-/// Files in a folder that is removed behind the test.
+/// Files in a folder that no other run uses, and that is removed behind the test.
 class SpellCheck : public testing::Test {
   protected:
-    SpellCheck() : folder_(fs::path(testing::TempDir()) / "spell_check") { fs::create_directories(folder_); }
+    SpellCheck() : folder_(fs::path(testing::TempDir()) / fmt::format("spell_check_{}", getpid())) {
+        fs::create_directories(folder_);
+    }
     ~SpellCheck() override { fs::remove_all(folder_); }
 
     [[nodiscard]] std::string write(const std::string& name, const std::string& content) const {
