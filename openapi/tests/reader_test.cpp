@@ -1,7 +1,9 @@
 #include "openapi/reader.h"
 
 #include "jv/deser.h"
+#include "openapi/node_visitor.h"
 #include "openapi/reference.h"
+#include "openapi/writer.h"
 
 #include <memory>      // std::unique_ptr
 #include <string>      // std::string
@@ -185,6 +187,36 @@ TEST(Reader, givesForwardReferencesAndChainsTheirSchemas) {
     EXPECT_EQ(resolveTo<Schema>(user->properties().find("odd")), end)
         << "the head of a reference is not compared";
     EXPECT_EQ(components.parameter("Q"), components.parameter("P"));
+}
+
+TEST(Reader, readsASchemaThatRefersToItselfThroughEveryKeyword) {
+    const std::string self = R"({"$ref":"#/components/schemas/S"})";
+    std::string schema;
+    for (const char* keyword :
+         {"contentSchema", "items", "additionalItems", "contains", "unevaluatedItems", "additionalProperties",
+          "propertyNames", "unevaluatedProperties", "not", "if", "then", "else"})
+        schema += (schema.empty() ? "{\"" : ",\"") + std::string(keyword) + "\":" + self;
+    for (const char* keyword : {"prefixItems", "allOf", "oneOf", "anyOf"})
+        schema += ",\"" + std::string(keyword) + "\":[" + self + "]";
+    for (const char* keyword : {"properties", "patternProperties", "dependentSchemas"})
+        schema += ",\"" + std::string(keyword) + "\":{\"a\":" + self + "}";
+    const auto result = readText(withSchema(schema + "}"));
+
+    int references = 0;
+    for (const Reference* reference = schemaOf(*result).firstReference(); reference != nullptr;
+         reference = reference->nextReference())
+        ++references;
+    EXPECT_EQ(references, 19);
+    EXPECT_EQ(schemaOf(*result).elseSchema(), &schemaOf(*result));
+    struct Counter final : NodeVisitHandler {
+        using NodeVisitHandler::visit;
+        void visit(const Schema&) override { ++count; }
+        int count = 0;
+    } counter;
+    NodeVisitor(counter).visit(result->root());
+    EXPECT_EQ(counter.count, 1);
+    EXPECT_FALSE(schemaOf(*result).isAlwaysTrue());
+    EXPECT_TRUE(Writer(*result).write(result->root())->root()->equals(*result->source().root()));
 }
 
 TEST(Reader, keepsWhatTheVersionsDiffer) {
