@@ -1,5 +1,6 @@
 #include "openapi/reader/reader_context.h"
 
+#include "foundation/site.h"
 #include "openapi/reader.h"
 #include "openapi/reference.h"
 
@@ -18,8 +19,7 @@ constexpr std::string_view unknownFormat = "Unknown format: ";
 constexpr const char* customFormatsHint =
     "\nWARNING: Looks like this schema uses custom schema formats. Define them in \n"
     "the configuration file and pass the configuration file using the --config \n"
-    "option. You can find more information about custom formats in the docs: \n"
-    "docs/configuration.md#custom-formats\n";
+    "option. You can find more information about custom formats in the docs: \n";
 
 } // namespace
 
@@ -73,7 +73,8 @@ void ReaderContext::throwErrors() const {
         return error.message.find(unknownFormat) != std::string::npos;
     });
     if (custom)
-        text += customFormatsHint;
+        fmt::format_to(std::back_inserter(text), "{}{}/custom-formats\n", customFormatsHint,
+                       documentationSite);
     throw std::runtime_error(text);
 }
 

@@ -5,14 +5,17 @@
 #include <fmt/format.h>
 #include <nlohmann/json.hpp>
 
+#include "foundation/site.h"
 #include "foundation/strings.h"
 #include "openapi_lint/template_report.h"
 
 namespace specloom::openapi_lint {
 namespace {
 
-/// Where the pages on the rules are published, each under the id of its rule.
-constexpr std::string_view ruleDocSite = "https://specloom.dev/techdocs/linter/rules/";
+/// The address of the page on a rule.
+std::string ruleDocUrl(std::string_view ruleId) {
+    return fmt::format("{}/linter/rules/{}", documentationSite, ruleId);
+}
 
 std::string htmlText(std::string_view text) {
     return escapeHtml(toValidUtf8(text));
@@ -27,7 +30,7 @@ nlohmann::json describeIssue(const LintResult& result) {
             {"severity", severityName(result.severity)},
             {"message", htmlText(result.message)},
             {"ruleId", htmlText(result.ruleId)},
-            {"ruleDocUrl", htmlText(fmt::format("{}{}", ruleDocSite, result.ruleId))}};
+            {"ruleDocUrl", htmlText(ruleDocUrl(result.ruleId))}};
 }
 
 } // namespace
