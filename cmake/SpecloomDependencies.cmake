@@ -10,6 +10,7 @@ else()
 endif()
 
 find_package(PkgConfig REQUIRED)
+find_package(ada 3.4 CONFIG REQUIRED)
 find_package(fmt 10.1 CONFIG REQUIRED)
 find_package(argparse 3.2 CONFIG REQUIRED)
 find_package(nlohmann_json 3.11.3 CONFIG REQUIRED)

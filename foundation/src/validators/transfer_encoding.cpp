@@ -1,0 +1,25 @@
+#include "foundation/validators/registries.h"
+#include "foundation/validators/validators.h"
+
+#include <algorithm>   // std::find
+#include <iterator>    // std::begin, std::end
+#include <span>        // std::span
+#include <string_view> // std::string_view
+
+namespace specloom {
+namespace {
+
+constexpr std::string_view encodings[] = {"7bit",   "8bit",   "binary", "quoted-printable",
+                                          "base16", "base32", "base64"};
+
+} // namespace
+
+std::span<const std::string_view> transferEncodings() noexcept {
+    return encodings;
+}
+
+bool isTransferEncoding(std::string_view text) noexcept {
+    return std::find(std::begin(encodings), std::end(encodings), text) != std::end(encodings);
+}
+
+} // namespace specloom

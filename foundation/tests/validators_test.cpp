@@ -1,0 +1,231 @@
+#include "foundation/validators/validators.h"
+
+#include "foundation/validators/registries.h"
+#include "jv/json_reader.h"
+#include "jv/jv.h"
+#include "test_support/corpora.h"
+
+#include <algorithm>   // std::is_sorted, std::sort
+#include <map>         // std::map
+#include <memory>      // std::unique_ptr
+#include <set>         // std::set
+#include <string>      // std::string
+#include <string_view> // std::string_view
+#include <utility>     // std::pair
+#include <vector>      // std::vector
+
+#include <gtest/gtest.h>
+
+namespace specloom {
+namespace {
+
+using Predicate = bool (*)(std::string_view) noexcept;
+
+const std::map<std::string, Predicate>& predicates() {
+    static const std::map<std::string, Predicate> all = {
+        {"date", isDate},
+        {"date-time", isDateTime},
+        {"duration", isDuration},
+        {"email", isEmail},
+        {"hostname", isHostname},
+        {"ipv4", isIPv4},
+        {"ipv6", isIPv6},
+        {"json-pointer", isJSONPointer},
+        {"language", isLanguageCode},
+        {"media-type", isMediaType},
+        {"regex", isRegex},
+        {"relative-json-pointer", isRelativeJSONPointer},
+        {"time", isTime},
+        {"transfer-encoding", isTransferEncoding},
+        {"uri", isURI},
+        {"uri-reference", isURIReference},
+        {"uuid", isUUID},
+    };
+    return all;
+}
+
+/// The names of all predicates that accept `text`, with blanks between.
+std::string acceptedAs(std::string_view text) {
+    std::string names;
+    for (const auto& [name, predicate] : predicates()) {
+        if (predicate(text))
+            names += (names.empty() ? "" : " ") + name;
+    }
+    return names;
+}
+
+TEST(Validators, KnowTheFormsOfTheirFormats) {
+    struct Case {
+        std::string format;
+        std::vector<std::string_view> good;
+        std::vector<std::string_view> bad;
+    };
+    const std::vector<Case> cases = {
+        {"date", {"2024-02-29", "0000-01-01"}, {"2023-02-29", "2024-01-00", "2024-1-01", "2024-01-01T"}},
+        {"date-time",
+         {"2016-12-31T23:59:60Z", "1972-06-30t23:59:60.25z", "2020-01-01T00:00:00.0", "2020-01-01T00:00:00.",
+          "2017-01-01T00:59:60+01:00", "2016-12-31T18:59:60-05:00"},
+         {"2017-12-31T23:59:60Z", "2016-12-31T00:59:60+01:00", "2020-01-01T00:00:00", "2020-01-01T00:00:00.5",
+          "2020-01-01 00:00:00Z", "2020-01-00T00:00:00Z", "2020-01-01", "2020-01-01T00:00:00.0Z0",
+          "2020-01-01T00:00:00+24:00", "2020-01-01T00:00:00+0000"}},
+        {"time", {"23:59:60+00:00", "00:29:60+00:30", "12:00:00.000"}, {"12:00:60Z", "12:00Z", "24:00:00Z"}},
+        {"duration",
+         {"P1Y2M", "P2W", "P1Y2D", "PT1H2S", "P1DT1S"},
+         {"", "P", "PT", "P1YT", "PW", "P1W1D", "P1M1Y", "P1H", "PT1D", "P1Y1Y", "P1TT1H", "p1Y", "P1.5D"}},
+        {"email",
+         {"a@b", "a.b@c", "\"a b\\\"@c", "a@b@c", "\"\"@c", "o'neil+x@[c"},
+         {"a..b@c", "@c", "a@", "a", "\"a\"b@c", "\"a", "a@b c", "a@\xC3\xA4", ".a@b", "a.@b"}},
+        {"hostname", {"a", "a-.b", "A1.b-c.d9"}, {"", "1a", "a.", ".a", "a..b", "a-", "a_b", "a.-b"}},
+        {"ipv4", {"0.0.0.0", "255.249.199.9"}, {"256.0.0.0", "01.0.0.0", "1.2.3", "1.2.3.4.5", "1.2.3.4.", ""}},
+        {"ipv6",
+         {"::1", "1::", "::", "1:2:3:4:5:6:7:8", "1:2:3:4:5:6:7:8::", "1::2:3:4:5:6:7:8",
+          "1:2:3:4:5:6:1.2.3.4", "::1.2.3.4"},
+         {"", ":", ":::", "1:2:3:4:5:6:7:8:9", "1:2:3:4:5:6:7:8:9::", "1::2::3", "12345::", "1:", ":1",
+          "1:2:3:4:5:1.2.3.4", "1.2.3.4", "::1.2.3", "::1.2.3.4:5", "::1.2.3.256", "fe80::1%eth0"}},
+        {"json-pointer", {"", "/", "/a~0~1/b//"}, {"a", "#/a", "/~", "/~2", "/a~~0"}},
+        {"relative-json-pointer",
+         {"0", "10#", "1+10/a", "1-12#", "2/"},
+         {"", "01", "1+1", "1+01", "1+", "-1", "1##", "1a", "1#/a"}},
+        {"language", {"aa", "en", "zu"}, {"EN", "xx", "en-US", "eng", ""}},
+        {"media-type",
+         {"application/json; charset=utf-8", "text/pdf", " \t*/*", "text/plain x", "image/png;"},
+         {"application/x-unknown", "json", "text/", "/json", "text /plain", "", "Text/plain", "text/plain/x"}},
+        {"transfer-encoding", {"7bit", "base32"}, {"", "BASE64", "base64 "}},
+        {"uuid",
+         {"00000000-0000-0000-0000-000000000000", "2eb8aa08-aa98-11ea-b4aa-73b441d16380"},
+         {"2EB8AA08-aa98-11ea-b4aa-73b441d16380", "2eb8aa08-aa98-11ea-c4aa-73b441d16380",
+          "2eb8aa08-aa98-11ea-b4aa-73b441d1638", "2eb8aa08-aa98-11ea-b4aa_73b441d16380"}},
+        {"uri", {"https://a/b?c#d", "urn:a:b", "HTTP:a"}, {"a", "//a/b", "http://", "http://a:b/", "", "http://\xFF"}},
+        {"uri-reference", {"", "a", "../b", "//a/b", "#c", "https://a"}, {"a\\b", "https://a:b/", "//", "\xFF"}},
+        {"regex",
+         {"", "|", "()", "(a|b)*c+?d??e{2}f{2,}g{2,3}?", "^$\\b\\B", "(?:a)(?=b)(?!c)", "\\2(a)(b)",
+          "[]", "[^]", "[a-z-]", "[-a]", "[\\d_-]", "[[:alpha:][.-.][=a=]]", "[\\b\\0\\x41-\\u0042]", "]}",
+          "\\cA\\n\\/\\.\\-\\_", "\xC3\xA9+[\xC3\xA0-\xC3\xBC]", "a{2,99999999999999999999999}", "\\0"},
+         {"(", ")", "a)", "[", "[a", "[z-a]", "[\\d-z]", "[a-\\w]", "[[:none:]]", "[[:alpha:]", "[\\B]", "[\\1]",
+          "\\", "*", "a**", "^*", "(?=a)*", "(|*)", "a|?", "{", "a{", "a{,2}", "a{2,1}", "a{x}", "\\b+", "\\a", "\\Z",
+          "\\p{L}", "\\x4", "\\u123", "\\c1", "\\1", "\\2(a)", "(?<=a)", "(?<n>a)", "(?i)a", "\xFF"}},
+    };
+    for (const Case& one : cases) {
+        SCOPED_TRACE(one.format);
+        const Predicate predicate = predicates().at(one.format);
+        for (const std::string_view text : one.good)
+            EXPECT_TRUE(predicate(text)) << text;
+        for (const std::string_view text : one.bad)
+            EXPECT_FALSE(predicate(text)) << text;
+    }
+}
+
+TEST(Validators, TakeLongHostileTexts) {
+    constexpr std::size_t million = 1'000'000;
+    const auto repeated = [](std::string_view unit) {
+        std::string text;
+        while (text.size() < million)
+            text += unit;
+        return text;
+    };
+    struct Case {
+        std::string start;
+        std::string repeat;
+        std::string end;
+        std::string accepted;
+    };
+    const std::vector<Case> cases = {
+        {"", "1", "", "regex relative-json-pointer uri-reference"},
+        {"", ".", "", "regex uri-reference"},
+        {"", "a", "", "regex uri-reference"},
+        {"", "%", "", "regex uri-reference"},
+        {"", "a.", "a", "hostname regex uri-reference"},
+        {"", "(", "", "uri-reference"},
+        {repeated("(?:"), ")", "", "uri-reference"},
+        {"", "[", "", "uri-reference"},
+        {"", "a|", "", "regex uri-reference"},
+        {"", "/", "", ""},
+        {"", "~0", "", "regex uri-reference"},
+        {"/", "~0", "", "json-pointer regex uri-reference"},
+        {"P", "1", "Y", "duration regex uri-reference"},
+        {"12:00:00.", "1", "Z", "regex time uri"},
+        {"1:2:3:4:5:6:7:", "a", "", "regex"},
+        {"", "1.", "", "regex uri-reference"},
+        {"a@", "a", "", "email regex uri-reference"},
+        {"\"", "a", "\"@b", "email regex uri-reference"},
+        {"text/", "a", "", "regex uri-reference"},
+        {"text/plain;", "a", "", "media-type regex uri-reference"},
+        {"http:", "%", "", "regex"},
+        {"http://a/", "../", "", "regex uri uri-reference"},
+        {"http://", "a@", "b", "regex uri uri-reference"},
+        {"http://", "1.", "1", "regex"},
+    };
+    for (const Case& one : cases) {
+        SCOPED_TRACE(one.start.substr(0, 20) + " " + one.repeat + "... " + one.end);
+        EXPECT_EQ(acceptedAs(one.start + repeated(one.repeat) + one.end), one.accepted);
+    }
+}
+
+/// Rows of the public test suite that are decided otherwise here, by what rule.
+struct Difference {
+    std::string rule;
+    std::string format;
+    std::vector<std::string> rows;
+};
+
+const std::vector<Difference>& differences() {
+    static const std::vector<Difference> all = {
+    };
+    return all;
+}
+
+TEST(Validators, AgreeWithThePublicSuite) {
+    SPECLOOM_NEEDS_CORPORA();
+    std::set<std::pair<std::string, std::string>> expected;
+    for (const Difference& difference : differences()) {
+        for (const std::string& row : difference.rows)
+            expected.emplace(difference.format, row);
+    }
+    const auto folder =
+        test_support::corporaFolder() / "json-schema" / "tests" / "draft2020-12" / "optional" / "format";
+    std::set<std::pair<std::string, std::string>> found;
+    std::size_t rows = 0;
+    for (const auto& path : test_support::filesBelow(folder, ".json")) {
+        const std::unique_ptr<jv::JVDocument> document = jv::parseJSON(test_support::fileBytes(path));
+        for (const jv::JV* group : document->root()->elements()) {
+            const std::string format(group->getRequiredObject("schema")->getRequiredString("format")->text());
+            const auto predicate = predicates().find(format);
+            if (predicate == predicates().end())
+                continue;
+            for (const jv::JV* test : group->get("tests")->elements()) {
+                const jv::JV* data = test->get("data");
+                if (!data->isString())
+                    continue; // a format says nothing of other values
+                ++rows;
+                if (predicate->second(data->text()) != test->get("valid")->boolean())
+                    found.emplace(format, data->text());
+            }
+        }
+    }
+    EXPECT_EQ(found, expected);
+    EXPECT_GT(rows, 300U);
+}
+
+TEST(Validators, DaysInMonthFollowTheGregorianCalendar) {
+    const std::vector<int> days = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+    for (int month = 1; month <= 12; ++month)
+        EXPECT_EQ(daysInMonth(2023, month), days[static_cast<std::size_t>(month - 1)]) << month;
+    EXPECT_EQ(daysInMonth(2000, 2), 29);
+    EXPECT_EQ(daysInMonth(1900, 2), 28);
+    EXPECT_DEATH(static_cast<void>(daysInMonth(2023, 13)), "Unreachable code");
+}
+
+TEST(Registries, HoldWhatTheValidatorsAccept) {
+    EXPECT_TRUE(std::is_sorted(languageCodes().begin(), languageCodes().end()));
+    for (const std::string_view code : languageCodes())
+        EXPECT_TRUE(isLanguageCode(code)) << code;
+    for (const std::string_view encoding : transferEncodings())
+        EXPECT_TRUE(isTransferEncoding(encoding)) << encoding;
+    for (const std::string_view type : mediaTypes()) {
+        for (const std::string_view subtype : mediaSubtypes())
+            EXPECT_TRUE(isMediaType(std::string(type) + "/" + std::string(subtype))) << type << "/" << subtype;
+    }
+}
+
+} // namespace
+} // namespace specloom
