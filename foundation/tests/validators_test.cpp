@@ -164,6 +164,14 @@ TEST(Validators, TakeLongHostileTexts) {
         {"http://a/", "../", "", "regex uri uri-reference"},
         {"http://", "a@", "b", "regex uri uri-reference"},
         {"http://", "1.", "1", "regex"},
+        {"http://", "a.", "a", "regex uri uri-reference"},
+        {"http://a/", "xn--0x", "", "regex uri uri-reference"},
+        {"urn:", "xn--0x%20", "", "regex uri uri-reference"},
+        {"/", "xn--0x", "", "json-pointer regex uri-reference"},
+        // Names that would take minutes to decode.
+        {"http://xn--", "0x", "", "regex"},
+        {" H\nttp:/\t/a@xn--", "0x", "?b", "regex"},
+        {"//xn--", "0x", "", "json-pointer regex"},
     };
     for (const Case& one : cases) {
         SCOPED_TRACE(one.start.substr(0, 20) + " " + one.repeat + "... " + one.end);

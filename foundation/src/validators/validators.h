@@ -63,7 +63,8 @@ namespace specloom {
 /// as good as a small one.
 [[nodiscard]] bool isRegex(std::string_view text) noexcept;
 
-/// An absolute URL by the parser of the WHATWG URL Standard.
+/// An absolute URL by the parser of the WHATWG URL Standard. A host of more than 4096 bytes may hold ASCII
+/// letters, digits and dots only.
 [[nodiscard]] bool isURI(std::string_view text) noexcept;
 
 /// A text that the same parser resolves against an https URL, and that holds no backslash.
