@@ -129,7 +129,7 @@ class Scanner {
 
     bool scanOperator(UriTemplateExpression& expression) {
         if (atEnd())
-            return true; // a variable is missed next
+            return true; // scanName() complains
         const char c = text_[offset_];
         if (reservedOperators.find(c) != std::string_view::npos)
             return fail(Fault::ReservedOperator);

@@ -141,8 +141,7 @@ std::string repeated(const std::string& unit) {
 // Anything but one pass over these would take hours.
 TEST(UriTemplate, TakesHostileTexts) {
     const std::string letters = repeated("a");
-    for (const std::string& unit :
-         {"{", "}", "%", "{a", "{a,", "{a.", ".{", "{%41", "{a:1", "\xff", "{a}{"}) {
+    for (const std::string unit : {"{", "}", "%", "{a", "{a,", "{a.", ".{", "{%41", "{a:1", "\xff", "{a}{"}) {
         SCOPED_TRACE(unit);
         EXPECT_FALSE(isValidUriTemplate(repeated(unit)));
         EXPECT_THROW(UriTemplate{repeated(unit)}, UriTemplateError);
