@@ -1,35 +1,31 @@
 #include "cli/config_file.h"
 
-#include <filesystem> // std::filesystem
-#include <fstream>    // std::ofstream
-#include <string>     // std::string
-#include <vector>     // std::vector
+#include "test_support/temporary_folder.h"
+
+#include <string> // std::string
+#include <vector> // std::vector
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-
-namespace fs = std::filesystem;
 
 namespace specloom::cli {
 namespace {
 
 class ConfigFileTest : public testing::Test {
   protected:
-    ~ConfigFileTest() override { fs::remove(path("json")), fs::remove(path("yaml")); }
-
-    static fs::path path(const std::string& extension) {
-        return fs::path(testing::TempDir()) /
-               (std::string("config_file_test_") +
-                testing::UnitTest::GetInstance()->current_test_info()->name() + "." + extension);
+    [[nodiscard]] std::string path(const std::string& extension) const {
+        return folder_.at("config." + extension);
     }
 
     /// Writes a file of this content and loads it.
     void load(const std::string& content, const std::string& extension = "json") {
-        std::ofstream(path(extension)) << content;
-        file.load(path(extension).string());
+        file.load(folder_.write("config." + extension, content));
     }
 
     ConfigFile file;
+
+  private:
+    test_support::TemporaryFolder folder_;
 };
 
 /// The ConfigFileError that `call` throws, as its text and position.
@@ -104,14 +100,14 @@ TEST_F(ConfigFileTest, CustomFormatsAreAnArrayOrAbsent) {
 TEST_F(ConfigFileTest, AFaultInsideOfASectionIsOneOfTheFile) {
     load("{\"version\": \"1.0\", \"commands\":\n  {\"format\": {\"indent\": \"x\"}}}");
     const Fault fault = faultOf([&] {
-        readConfigFile(file, path("json").string(),
+        readConfigFile(file, path("json"),
                        [&] { static_cast<void>(file.commandSection("format")->getInteger("indent")); });
     });
     EXPECT_EQ(fault.text, "An integer value is expected for 'indent'.");
     EXPECT_EQ(fault.pos, (jv::Pos{2, 14})); // the object that was asked, which is what the error names
 
     // Faults of other kinds are not touched.
-    EXPECT_THROW(readConfigFile(file, path("json").string(), [] { throw std::out_of_range("other"); }),
+    EXPECT_THROW(readConfigFile(file, path("json"), [] { throw std::out_of_range("other"); }),
                  std::out_of_range);
     EXPECT_THROW(readConfigFile(file, "missing.json", [] { FAIL() << "must not be read on"; }),
                  std::runtime_error);

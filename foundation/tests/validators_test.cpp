@@ -1,49 +1,19 @@
 #include "foundation/validators/validators.h"
 
+#include "predicates.h"
+
 #include "foundation/validators/registries.h"
-#include "jv/json_reader.h"
-#include "jv/jv.h"
-#include "test_support/corpora.h"
 
 #include <algorithm>   // std::is_sorted
 #include <cstddef>     // std::size_t
-#include <map>         // std::map
-#include <memory>      // std::unique_ptr
-#include <set>         // std::set
 #include <string>      // std::string
 #include <string_view> // std::string_view
-#include <utility>     // std::pair
 #include <vector>      // std::vector
 
 #include <gtest/gtest.h>
 
 namespace specloom {
 namespace {
-
-using Predicate = bool (*)(std::string_view) noexcept;
-
-const std::map<std::string, Predicate>& predicates() {
-    static const std::map<std::string, Predicate> all = {
-        {"date", isDate},
-        {"date-time", isDateTime},
-        {"duration", isDuration},
-        {"email", isEmail},
-        {"hostname", isHostname},
-        {"ipv4", isIPv4},
-        {"ipv6", isIPv6},
-        {"json-pointer", isJSONPointer},
-        {"language", isLanguageCode},
-        {"media-type", isMediaType},
-        {"regex", isRegex},
-        {"relative-json-pointer", isRelativeJSONPointer},
-        {"time", isTime},
-        {"transfer-encoding", isTransferEncoding},
-        {"uri", isURI},
-        {"uri-reference", isURIReference},
-        {"uuid", isUUID},
-    };
-    return all;
-}
 
 /// The names of all predicates that accept `text`, with blanks between.
 std::string acceptedAs(std::string_view text) {
@@ -102,6 +72,7 @@ TEST(Validators, KnowTheFormsOfTheirFormats) {
         {"uri",
          {"https://a/b?c#d", "urn:a:b", "HTTP:a"},
          {"a", "//a/b", "http://", "http://a:b/", "", "http://\xFF"}},
+        {"uri-template", {"", "a{/b*,c:3}", "{?d}"}, {"{", "a}", "{a:0}", "%"}},
         {"uri-reference",
          {"", "a", "../b", "//a/b", "#c", "https://a"},
          {"a\\b", "https://a:b/", "//", "\xFF"}},
@@ -140,152 +111,43 @@ TEST(Validators, TakeLongHostileTexts) {
         std::string accepted;
     };
     const std::vector<Case> cases = {
-        {"", "1", "", "regex relative-json-pointer uri-reference"},
-        {"", ".", "", "regex uri-reference"},
-        {"", "a", "", "regex uri-reference"},
+        {"", "1", "", "regex relative-json-pointer uri-reference uri-template"},
+        {"", ".", "", "regex uri-reference uri-template"},
+        {"", "a", "", "regex uri-reference uri-template"},
         {"", "%", "", "regex uri-reference"},
-        {"", "a.", "a", "hostname regex uri-reference"},
-        {"", "(", "", "uri-reference"},
-        {repeated("(?:"), ")", "", "uri-reference"},
-        {"", "[", "", "uri-reference"},
+        {"", "a.", "a", "hostname regex uri-reference uri-template"},
+        {"", "(", "", "uri-reference uri-template"},
+        {repeated("(?:"), ")", "", "uri-reference uri-template"},
+        {"", "[", "", "uri-reference uri-template"},
         {"", "a|", "", "regex uri-reference"},
-        {"", "/", "", "json-pointer regex"},
-        {"", "~0", "", "regex uri-reference"},
-        {"/", "~0", "", "json-pointer regex uri-reference"},
-        {"P", "1", "Y", "duration regex uri-reference"},
-        {"12:00:00.", "1", "Z", "regex time uri-reference"},
-        {"1:2:3:4:5:6:7:", "a", "", "regex uri-reference"},
-        {"", "1.", "", "regex uri-reference"},
-        {"a@", "a", "", "email regex uri-reference"},
+        {"", "/", "", "json-pointer regex uri-template"},
+        {"", "~0", "", "regex uri-reference uri-template"},
+        {"/", "~0", "", "json-pointer regex uri-reference uri-template"},
+        {"P", "1", "Y", "duration regex uri-reference uri-template"},
+        {"12:00:00.", "1", "Z", "regex time uri-reference uri-template"},
+        {"1:2:3:4:5:6:7:", "a", "", "regex uri-reference uri-template"},
+        {"", "1.", "", "regex uri-reference uri-template"},
+        {"a@", "a", "", "email regex uri-reference uri-template"},
         {"\"", "a", "\"@b", "email regex uri-reference"},
-        {"text/", "a", "", "regex uri-reference"},
-        {"text/plain;", "a", "", "media-type regex uri-reference"},
+        {"text/", "a", "", "regex uri-reference uri-template"},
+        {"text/plain;", "a", "", "media-type regex uri-reference uri-template"},
         {"http:", "%", "", "regex"},
-        {"http://a/", "../", "", "regex uri uri-reference"},
-        {"http://", "a@", "b", "regex uri uri-reference"},
-        {"http://", "1.", "1", "regex"},
-        {"http://", "a.", "a", "regex uri uri-reference"},
-        {"http://a/", "xn--0x", "", "regex uri uri-reference"},
-        {"urn:", "xn--0x%20", "", "regex uri uri-reference"},
-        {"/", "xn--0x", "", "json-pointer regex uri-reference"},
+        {"http://a/", "../", "", "regex uri uri-reference uri-template"},
+        {"http://", "a@", "b", "regex uri uri-reference uri-template"},
+        {"http://", "1.", "1", "regex uri-template"},
+        {"http://", "a.", "a", "regex uri uri-reference uri-template"},
+        {"http://a/", "xn--0x", "", "regex uri uri-reference uri-template"},
+        {"urn:", "xn--0x%20", "", "regex uri uri-reference uri-template"},
+        {"/", "xn--0x", "", "json-pointer regex uri-reference uri-template"},
         // Names that would take minutes to decode.
-        {"http://xn--", "0x", "", "regex"},
+        {"http://xn--", "0x", "", "regex uri-template"},
         {" H\nttp:/\t/a@xn--", "0x", "?b", "regex"},
-        {"//xn--", "0x", "", "json-pointer regex"},
+        {"//xn--", "0x", "", "json-pointer regex uri-template"},
     };
     for (const Case& one : cases) {
         SCOPED_TRACE(one.start.substr(0, 20) + " " + one.repeat + "... " + one.end);
         EXPECT_EQ(acceptedAs(one.start + repeated(one.repeat) + one.end), one.accepted);
     }
-}
-
-/// Rows of the public test suite that are decided otherwise here, by what rule.
-struct Difference {
-    std::string rule;
-    std::string format;
-    std::vector<std::string> rows;
-};
-
-const std::vector<Difference>& differences() {
-    static const std::vector<Difference> all = {
-        {"parts of a duration between others may be left out", "duration", {"P1Y2D", "PT1H2S"}},
-        {"the domain of an address has no brackets, so no address literals",
-         "email",
-         {"joe.bloggs@[127.0.0.1]", "joe.bloggs@[IPv6:::1]"}},
-        {"the form of the domain of an address is not looked at", "email", {"joe.bloggs@invalid=domain.com"}},
-        {"a label begins with a letter", "hostname", {"1host"}},
-        {"the length of a whole host name has no limit",
-         "hostname",
-         {"abcdefghijklmnopqrstuvwxyzabcdefghijklmnopqrstuvwxyzabcdefghijk."
-          "abcdefghijklmnopqrstuvwxyzabcdefghijklmnopqrstuvwxyzabcdefghijk."
-          "abcdefghijklmnopqrstuvwxyzabcdefghijklmnopqrstuvwxyzabcdefghijk."
-          "abcdefghijklmnopqrstuvwxyzabcdefghijklmnopqrstuvwxyzabcdefghijk.com"}},
-        {"labels are not decoded as internationalized ones",
-         "hostname",
-         {"xn--X",
-          "xn--07jt112bpxg.xn--9t4b11yi5a",
-          "xn--hello-txk",
-          "xn--hello-zed",
-          "xn--hello-6bf",
-          "xn--chb89f",
-          "xn--07jceefgh4c",
-          "xn--al-0ea",
-          "xn--l-fda",
-          "xn--la-0ea",
-          "xn--l-gda",
-          "xn--S-jib3p",
-          "xn--wva3j",
-          "xn--A-2hc5h",
-          "xn--5db1e",
-          "xn--A-2hc8h",
-          "xn--5db3e",
-          "xn--defabc-k64e",
-          "xn--vek",
-          "xn--ngb6iyr",
-          "xn--11b2er09f",
-          "xn--02b508i",
-          "XN--aa---o47jg78q"}},
-        {"groups have no names, and there is no look-behind",
-         "regex",
-         {"(?<name>x)", R"((?<n>a)\k<n>)", "(?<=a+)b"}},
-        {"the URL parser escapes what must not stand in a URI, and passes stray percent signs",
-         "uri",
-         {"https://[@example.org/test.txt", "https://example.org/foobar®.txt",
-          R"(https://example.org/foobar\.txt)", R"(https://example.org/foobar".txt)",
-          "https://example.org/foobar<>.txt", "https://example.org/foobar{}.txt",
-          "https://example.org/foobar^.txt", "https://example.org/foobar`.txt",
-          "https://example.org/foo bar.txt", "https://example.org/foobar|.txt", "http://example.com/%6G",
-          "http://example.com/%A", "http://example.com/%"}},
-        {"the same for references",
-         "uri-reference",
-         {"/foobar®.txt", "/%zz", R"(/a"b)", "/[::1]", "//a@b@example.com/", "1:b"}},
-        {"the URL parser takes any host that ends in a number for an IPv4 address",
-         "uri",
-         {"http://087.10.0.1/", "http://999.999.999.999/"}},
-        {"the same for references", "uri-reference", {"http://087.10.0.1/", "http://999.999.999.999/"}},
-        {"the URL parser adds a missing slash in front of the host", "uri", {"http:/[::1]"}},
-        {"a web address needs a host", "uri-reference", {"//"}},
-        {"a UUID is in lower case",
-         "uuid",
-         {"2EB8AA08-AA98-11EA-B4AA-73B441D16380", "2eb8aa08-AA98-11ea-B4Aa-73B441D16380"}},
-        {"the variant digit of a UUID is 0, 8, 9, a or b", "uuid", {"2eb8aa08-aa98-11ea-f4aa-73b441d16380"}},
-    };
-    return all;
-}
-
-TEST(Validators, AgreeWithThePublicSuite) {
-    SPECLOOM_NEEDS_CORPORA();
-    std::set<std::pair<std::string, std::string>> expected;
-    for (const Difference& difference : differences()) {
-        for (const std::string& row : difference.rows)
-            expected.emplace(difference.format, row);
-    }
-    const auto folder =
-        test_support::corporaFolder() / "json-schema" / "tests" / "draft2020-12" / "optional" / "format";
-    std::set<std::pair<std::string, std::string>> found;
-    std::size_t rows = 0;
-    for (const auto& path : test_support::filesBelow(folder, ".json")) {
-        const std::unique_ptr<jv::JVDocument> document = jv::parseJSON(test_support::fileBytes(path));
-        for (const jv::JV* group : document->root()->elements()) {
-            const std::string format(group->getRequiredObject("schema")->getRequiredString("format")->text());
-            const auto predicate = predicates().find(format);
-            if (predicate == predicates().end())
-                continue;
-            for (const jv::JV* test : group->get("tests")->elements()) {
-                const jv::JV* data = test->get("data");
-                if (!data->isString())
-                    continue; // a format says nothing of other values
-                ++rows;
-                const std::string text(data->text());
-                const bool differs = predicate->second(text) != test->get("valid")->boolean();
-                EXPECT_EQ(differs, expected.count({format, text}) == 1) << format << ": " << text;
-                if (differs)
-                    found.emplace(format, text);
-            }
-        }
-    }
-    EXPECT_EQ(found, expected) << "rows that are named above and not in the suite";
-    EXPECT_GT(rows, 300U);
 }
 
 TEST(Validators, DaysInMonthFollowTheGregorianCalendar) {

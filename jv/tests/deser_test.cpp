@@ -1,8 +1,9 @@
 #include "jv/deser.h"
 
+#include "test_support/temporary_folder.h"
+
 #include <algorithm>  // std::ranges::sort
 #include <filesystem> // std::filesystem::...
-#include <fstream>    // std::ofstream
 #include <functional> // std::function
 #include <gtest/gtest.h>
 #include <sstream>   // std::ostringstream
@@ -24,19 +25,13 @@ std::string messageOf(const std::function<void()>& action) {
 
 class Files : public testing::Test {
   protected:
-    Files() : folder_(testing::TempDir() + "specloom_deser/") {
-        std::filesystem::create_directories(folder_);
+    [[nodiscard]] std::string write(std::string_view name, std::string_view text) const {
+        return folder_.write(name, text);
     }
-    ~Files() override { std::filesystem::remove_all(folder_); }
-
-    std::string write(const std::string& name, std::string_view text) const {
-        std::ofstream(folder_ + name) << text;
-        return folder_ + name;
-    }
-    [[nodiscard]] std::string path(const std::string& name) const { return folder_ + name; }
+    [[nodiscard]] std::string path(std::string_view name) const { return folder_.at(name); }
 
   private:
-    std::string folder_;
+    test_support::TemporaryFolder folder_;
 };
 
 TEST(Format, ComesFromTheExtension) {

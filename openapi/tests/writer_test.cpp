@@ -3,6 +3,7 @@
 #include "openapi/reader.h"
 #include "openapi/reference.h"
 #include "test_support/corpora.h"
+#include "test_support/temporary_folder.h"
 #include "test_support/write_back.h"
 
 #include <cstdlib>    // std::getenv
@@ -249,21 +250,20 @@ TEST(WriterDeathTest, refusesReferencesToSecuritySchemes) {
 // ---- files -----------------------------------------------------------------------------------------------
 
 TEST(Writer, writesFiles) {
-    const std::filesystem::path folder = std::filesystem::path(testing::TempDir()) / "specloom_writer_test";
-    std::filesystem::create_directories(folder);
+    const test_support::TemporaryFolder folder;
     // Empty, and a date: for other readers something else than texts.
     const std::string source = "paths: {}\ninfo:\n  description:\n  version: 2001-12-14\n  title: t\n"
                                "openapi: 3.1.0\nx-a:\n  b:\n";
     const auto result = readText(source, DocumentFormat::Yaml);
-    const std::string yaml = (folder / "bound.yml").string();
+    const std::string yaml = folder.at("bound.yml");
     writeFile(*result, yaml);
     EXPECT_EQ(test_support::fileBytes(yaml), source);
 
-    const std::string any = (folder / "canonical").string();
+    const std::string any = folder.at("canonical");
     writeTree(OpenAPI(), any, DocumentFormat::Yaml);
     EXPECT_EQ(test_support::fileBytes(any),
               "openapi: 3.1.0\ninfo:\n  title: New API\n  version: 0.1.0\npaths: {}\n");
-    std::filesystem::remove_all(folder);
+    std::filesystem::remove_all(folder.path());
     EXPECT_THROW(writeFile(*result, yaml), std::runtime_error);
 }
 

@@ -13,13 +13,13 @@
 #include <vector>      // std::vector
 
 #include <gtest/gtest.h>
-#include <unistd.h> // getpid
 
 #include "openapi/writer.h"
 #include "openapi_lint/rule_registry.h"
 #include "openapi_lint/rulesets.h"
 #include "test_support/corpora.h"
 #include "test_support/read_tree.h"
+#include "test_support/temporary_folder.h"
 #include "test_support/write_back.h"
 
 namespace specloom::openapi_lint {
@@ -59,21 +59,19 @@ std::string fixed(const fs::path& path) {
 
 TEST(Corpora, areFixedOnce) {
     SPECLOOM_NEEDS_CORPORA();
-    const fs::path folder = fs::path(testing::TempDir()) / ("lint_corpora_" + std::to_string(getpid()));
-    fs::create_directories(folder);
+    const test_support::TemporaryFolder folder;
     std::size_t count = 0;
     for (const fs::path& path : documents()) {
         SCOPED_TRACE(path);
         if (test_support::readTree(path).result == nullptr)
             continue; // that it has to be refused is the reader's to show
         ++count;
-        const fs::path copy = folder / ("document" + path.extension().string());
+        const fs::path copy = folder.path() / ("document" + path.extension().string());
         fs::copy_file(path, copy, fs::copy_options::overwrite_existing);
         const std::string once = fixed(copy);
         EXPECT_TRUE(fixed(copy) == once);
     }
     EXPECT_GT(count, 20u);
-    fs::remove_all(folder);
 }
 
 struct Place {

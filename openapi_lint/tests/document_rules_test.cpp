@@ -1,15 +1,11 @@
 // What documents beside the rules cannot show of the rules for the document's own objects and its texts:
 // random identifiers, failures, files of the test's own, and texts of a megabyte.
 
-#include <cstddef>    // std::size_t
-#include <filesystem> // std::filesystem
-#include <fstream>    // std::ofstream
-#include <memory>     // std::unique_ptr
-#include <set>        // std::set
-#include <string>     // std::string
-#include <vector>     // std::vector
-
-#include <unistd.h> // getpid
+#include <cstddef> // std::size_t
+#include <memory>  // std::unique_ptr
+#include <set>     // std::set
+#include <string>  // std::string
+#include <vector>  // std::vector
 
 #include <fmt/format.h>
 #include <gmock/gmock.h>
@@ -22,11 +18,11 @@
 #include "openapi_lint/spdx.h"
 #include "openapi_lint/text_pattern.h"
 #include "test_support/corpora.h"
+#include "test_support/temporary_folder.h"
 
 namespace specloom::openapi_lint {
 namespace {
 
-namespace fs = std::filesystem;
 using testing::ElementsAre;
 
 std::unique_ptr<jv::JVDocument> parse(const std::string& json) {
@@ -156,21 +152,14 @@ TEST(TextPattern, matchesWholeTextsInBoundedTimeAndStack) {
         EXPECT_EQ(TextPattern(row.pattern).matchesWhole(row.text), row.matches) << row.pattern;
 }
 
-/// Files in a folder that no other run uses, and that is removed behind the test.
 class SpellCheck : public testing::Test {
   protected:
-    SpellCheck() : folder_(fs::path(testing::TempDir()) / fmt::format("spell_check_{}", getpid())) {
-        fs::create_directories(folder_);
-    }
-    ~SpellCheck() override { fs::remove_all(folder_); }
-
-    [[nodiscard]] std::string write(const std::string& name, const std::string& content) const {
-        std::ofstream(folder_ / name, std::ios::binary) << content;
-        return (folder_ / name).string();
+    [[nodiscard]] std::string write(std::string_view name, std::string_view content) const {
+        return folder_.write(name, content);
     }
 
   private:
-    fs::path folder_;
+    test_support::TemporaryFolder folder_;
 };
 
 TEST_F(SpellCheck, asksInTheEncodingOfTheDictionary) {

@@ -14,7 +14,6 @@
 
 #include <fmt/format.h>
 #include <gtest/gtest.h>
-#include <unistd.h> // getpid
 
 #include "jv/deser.h"
 #include "openapi/reader.h"
@@ -24,6 +23,7 @@
 #include "openapi_lint/rule_registry.h"
 #include "openapi_lint/rulesets.h"
 #include "test_support/corpora.h"
+#include "test_support/temporary_folder.h"
 
 namespace specloom::openapi_lint {
 namespace {
@@ -39,11 +39,6 @@ std::unique_ptr<jv::JVDocument> parse(std::string_view yaml) {
 std::unique_ptr<openapi::ReadResult> readTree(std::string_view yaml) {
     static const openapi::SchemaFormatRegistry formats;
     return openapi::read(parse(yaml), &formats);
-}
-
-/// Of this process alone: several test runs may share a machine.
-fs::path temporaryPath(const char* extension) {
-    return fs::path(testing::TempDir()) / fmt::format("linter_test_{}{}", getpid(), extension);
 }
 
 /// A linter with everything that it printed.
@@ -332,10 +327,10 @@ TEST(Disabling, looksUpwards) {
 }
 
 TEST(Linter, gathersFindingsFromFileToFile) {
-    const fs::path folder = temporaryPath("");
-    fs::create_directories(folder);
+    const test_support::TemporaryFolder temporary;
+    const fs::path& folder = temporary.path();
     for (const char* name : {"a.yaml", "b.yaml"})
-        std::ofstream(folder / name) << wordless;
+        (void)temporary.write(name, wordless);
     Session run;
     ASSERT_EQ(run.configure("{rules: {info-defined: warn}}"), "");
     const openapi::SchemaFormatRegistry formats;
@@ -351,23 +346,22 @@ TEST(Linter, gathersFindingsFromFileToFile) {
     const std::string first = fs::canonical(folder / "a.yaml").string();
     EXPECT_NE(run.out.str().find(first), run.out.str().rfind(first));
     EXPECT_TRUE(run.out.str().ends_with("\n\n"));
-    fs::remove_all(folder);
 }
 
 TEST(Linter, writesFixedDocumentsBack) {
-    const fs::path file = temporaryPath(".yaml");
-    std::ofstream(file) << "paths: {}\ninfo: {version: 1.0.0, title: Tides}\nunknown: 1\nopenapi: 3.1.0\n";
+    const test_support::TemporaryFolder folder;
+    const std::string file = folder.write(
+        "a.yaml", "paths: {}\ninfo: {version: 1.0.0, title: Tides}\nunknown: 1\nopenapi: 3.1.0\n");
     Session session;
     ASSERT_EQ(session.configure("{rules: {info-defined: err}}"), "");
     session.linter.setAutoFix(true);
     const openapi::SchemaFormatRegistry formats;
     const std::string expected = "paths: {}\ninfo:\n  version: 1.0.0\n  title: Tides\nopenapi: 3.1.0\n";
     for (int times = 0; times < 2; ++times) { // errors do not keep it from writing
-        session.linter.run(*openapi::readFile(file.string(), &formats), file.string());
+        session.linter.run(*openapi::readFile(file, &formats), file);
         EXPECT_EQ(test_support::fileBytes(file), expected);
     }
     EXPECT_EQ(session.linter.context().errorCount, 4u);
-    fs::remove(file);
 }
 
 TEST(Linter, needsAFileToFix) {

@@ -70,6 +70,9 @@ namespace specloom {
 /// A text that the same parser resolves against an https URL, and that holds no backslash.
 [[nodiscard]] bool isURIReference(std::string_view text) noexcept;
 
+/// A URI template of RFC 6570.
+[[nodiscard]] bool isURITemplate(std::string_view text) noexcept;
+
 /// The form of RFC 9562, section 4, in lower case, with a variant digit of 0, 8, 9, a or b.
 [[nodiscard]] bool isUUID(std::string_view text) noexcept;
 
