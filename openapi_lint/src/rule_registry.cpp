@@ -33,6 +33,12 @@
 #include "openapi_lint/rules/paths_unique.h"
 #include "openapi_lint/rules/paths_well_formed.h"
 #include "openapi_lint/rules/safe_markdown.h"
+#include "openapi_lint/rules/schema_discriminator_defined.h"
+#include "openapi_lint/rules/schema_enum_no_duplicates.h"
+#include "openapi_lint/rules/schema_enum_types.h"
+#include "openapi_lint/rules/schema_format_defined.h"
+#include "openapi_lint/rules/schema_format_type_mismatch.h"
+#include "openapi_lint/rules/schema_no_additional_properties.h"
 #include "openapi_lint/rules/server_urls.h"
 #include "openapi_lint/rules/servers_defined.h"
 #include "openapi_lint/rules/spell_check.h"
@@ -87,6 +93,12 @@ constexpr RuleEntry ruleTable[] = {
     entry<PathsUnique>(),
     entry<PathsWellFormed>(),
     entry<SafeMarkdown>(),
+    entry<SchemaDiscriminatorDefined>(),
+    entry<SchemaEnumNoDuplicates>(),
+    entry<SchemaEnumTypes>(),
+    entry<SchemaFormatDefined>(),
+    entry<SchemaFormatTypeMismatch>(),
+    entry<SchemaNoAdditionalProperties>(),
     entry<ServerURLs>(),
     entry<ServersDefined>(),
     entry<SpellCheck>(),
