@@ -33,12 +33,17 @@
 #include "openapi_lint/rules/paths_unique.h"
 #include "openapi_lint/rules/paths_well_formed.h"
 #include "openapi_lint/rules/safe_markdown.h"
+#include "openapi_lint/rules/schema_constraints.h"
+#include "openapi_lint/rules/schema_datetime_suffix.h"
 #include "openapi_lint/rules/schema_discriminator_defined.h"
+#include "openapi_lint/rules/schema_enum_naming.h"
 #include "openapi_lint/rules/schema_enum_no_duplicates.h"
 #include "openapi_lint/rules/schema_enum_types.h"
+#include "openapi_lint/rules/schema_example_defined.h"
 #include "openapi_lint/rules/schema_format_defined.h"
 #include "openapi_lint/rules/schema_format_type_mismatch.h"
 #include "openapi_lint/rules/schema_no_additional_properties.h"
+#include "openapi_lint/rules/schema_property_naming.h"
 #include "openapi_lint/rules/server_urls.h"
 #include "openapi_lint/rules/servers_defined.h"
 #include "openapi_lint/rules/spell_check.h"
@@ -93,12 +98,17 @@ constexpr RuleEntry ruleTable[] = {
     entry<PathsUnique>(),
     entry<PathsWellFormed>(),
     entry<SafeMarkdown>(),
+    entry<SchemaConstraints>(),
+    entry<SchemaDatetimeSuffix>(),
     entry<SchemaDiscriminatorDefined>(),
+    entry<SchemaEnumNaming>(),
     entry<SchemaEnumNoDuplicates>(),
     entry<SchemaEnumTypes>(),
+    entry<SchemaExampleDefined>(),
     entry<SchemaFormatDefined>(),
     entry<SchemaFormatTypeMismatch>(),
     entry<SchemaNoAdditionalProperties>(),
+    entry<SchemaPropertyNaming>(),
     entry<ServerURLs>(),
     entry<ServersDefined>(),
     entry<SpellCheck>(),
