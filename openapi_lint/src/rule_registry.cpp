@@ -9,6 +9,7 @@
 #include "openapi_lint/rules/contact_defined.h"
 #include "openapi_lint/rules/id_defined.h"
 #include "openapi_lint/rules/info_defined.h"
+#include "openapi_lint/rules/json_api_content_type.h"
 #include "openapi_lint/rules/json_api_resource_type_unique.h"
 #include "openapi_lint/rules/json_api_schema_validation.h"
 #include "openapi_lint/rules/license_defined.h"
@@ -48,11 +49,13 @@
 #include "openapi_lint/rules/servers_defined.h"
 #include "openapi_lint/rules/spell_check.h"
 #include "openapi_lint/rules/standard_response_codes.h"
+#include "openapi_lint/rules/standard_response_errors.h"
 #include "openapi_lint/rules/tag_description_defined.h"
 #include "openapi_lint/rules/tags_sorted.h"
 #include "openapi_lint/rules/tags_unique.h"
 #include "openapi_lint/rules/unambiguous_response_codes.h"
 #include "openapi_lint/rules/unused_request_body.h"
+#include "openapi_lint/rules/unused_shared_component.h"
 
 namespace specloom::openapi_lint {
 namespace {
@@ -74,6 +77,7 @@ constexpr RuleEntry ruleTable[] = {
     entry<ContactDefined>(),
     entry<IDDefined>(),
     entry<InfoDefined>(),
+    entry<JSONAPIContentType>(),
     entry<ResourceTypeUnique>(),
     entry<JSONAPISchemaValidation>(),
     entry<LicenseDefined>(),
@@ -113,11 +117,13 @@ constexpr RuleEntry ruleTable[] = {
     entry<ServersDefined>(),
     entry<SpellCheck>(),
     entry<StandardResponseCodes>(),
+    entry<StandardResponseErrors>(),
     entry<TagDescriptionDefined>(),
     entry<TagsSorted>(),
     entry<TagsUnique>(),
     entry<UnambiguousResponseCodes>(),
     entry<UnusedRequestBody>(),
+    entry<UnusedSharedComponent>(),
 };
 
 static_assert(std::is_sorted(std::begin(ruleTable), std::end(ruleTable),

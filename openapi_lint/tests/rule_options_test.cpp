@@ -42,6 +42,7 @@ TEST(RuleOptions, areRefusedWithOneText) {
     const std::vector<std::string> schemaNaming = {"schema-enum-naming", "schema-property-naming"};
     const std::vector<std::string> suffix = {"schema-datetime-suffix"};
     const std::vector<std::string> constraints = {"schema-constraints"};
+    const std::vector<std::string> errors = {"standard-response-errors"};
     const std::vector<std::string> id = {"id-defined"};
     const std::vector<std::string> spelling = {"spell-check"};
     const std::string tooLong(1025, 'a');
@@ -88,6 +89,10 @@ TEST(RuleOptions, areRefusedWithOneText) {
         {constraints, R"({"array": false, "more": true})",
          "{}: At least one of integer, number, string, array or object must be true"},
         {constraints, R"({"array": true})", ""},
+        {errors, "", "{}: Options cannot be null"},
+        {errors, "null", "{}: Options must be a string"},
+        {errors, "\"problem\"", "{}: Unknown convention: problem"},
+        {errors, "\"problem-json\"", ""},
         {id, "", "{}: Options must not be null"},
         {id, "null", "{}: Options must be an object"},
         {id, "\"x-id\"", "{}: Options must be an object"},
