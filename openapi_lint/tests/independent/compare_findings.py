@@ -22,6 +22,31 @@ METHODS = ["get", "put", "post", "delete", "options", "head", "patch", "trace"]
 BODILESS = ["get", "trace", "head"]
 
 
+# Where schemas stand: the members of each kind of object that hold objects of another kind, one, a list or a map of them.
+PARTS = {
+    "root": {"paths": ("map", "pathItem"), "webhooks": ("map", "pathItem"), "components": ("one", "components")},
+    "components": {"schemas": ("map", "schema"), "responses": ("map", "response"), "parameters": ("map", "value"),
+                   "requestBodies": ("map", "body"), "headers": ("map", "value"), "callbacks": ("map", "callback"),
+                   "pathItems": ("map", "pathItem")},
+    "pathItem": {"parameters": ("list", "value"), **{method: ("one", "operation") for method in METHODS}},
+    "operation": {"parameters": ("list", "value"), "requestBody": ("one", "body"), "responses": ("map", "response"),
+                  "callbacks": ("map", "callback")},
+    "response": {"headers": ("map", "value"), "content": ("map", "mediaType")},
+    "body": {"content": ("map", "mediaType")},
+    "mediaType": {"schema": ("one", "schema"), "encoding": ("map", "encoding")},
+    "encoding": {"headers": ("map", "value")},
+    "value": {"schema": ("one", "schema"), "content": ("map", "mediaType")},
+    "schema": {
+        **{key: ("one", "schema") for key in [
+            "contentSchema", "items", "additionalItems", "contains", "unevaluatedItems", "additionalProperties",
+            "propertyNames", "unevaluatedProperties", "not", "if", "then", "else"]},
+        **{key: ("list", "schema") for key in ["prefixItems", "allOf", "oneOf", "anyOf"]},
+        **{key: ("map", "schema") for key in [
+            "properties", "patternProperties", "dependentSchemas", "$defs", "definitions"]},
+    },
+}
+
+
 def leave_out(reason):
     print(reason)
     sys.exit(1 if "SPECLOOM_REQUIRE_CORPORA" in os.environ else 77)
@@ -53,12 +78,42 @@ def step(pointer, key):
     return f"{pointer}/{str(key).replace('~', '~0').replace('/', '~1')}"
 
 
+def schemas_below(value, kind="root", pointer=""):
+    """All schemas that are written out, as (pointer, schema)."""
+    if not isinstance(value, dict) or "$ref" in value and isinstance(value["$ref"], str):
+        return
+    if kind == "schema":
+        yield pointer, value
+    if kind == "callback":
+        parts = {key: ("one", "pathItem") for key, _ in entries(value)}
+    else:
+        parts = PARTS[kind]
+    for key, (form, child_kind) in parts.items():
+        child, child_pointer = value.get(key), step(pointer, key)
+        if form == "one":
+            yield from schemas_below(child, child_kind, child_pointer)
+        elif form == "list" and isinstance(child, list):
+            for index, element in enumerate(child):
+                yield from schemas_below(element, child_kind, f"{child_pointer}/{index}")
+        elif form == "map" and isinstance(child, dict):
+            named = child_kind in ("schema", "mediaType", "value")  # whose names are free
+            for name, member in child.items() if named else entries(child):
+                yield from schemas_below(member, child_kind, step(child_pointer, name))
+
+
+def types_of(schema):
+    types = schema.get("type", [])
+    nullable = {"null"} if schema.get("nullable") in (True, "true") else set()
+    return {types} | nullable if isinstance(types, str) else set(types) | nullable
+
+
 class Document:
     """The objects that rules look at, each once: (pointer, object), in the order in which rules come by them."""
 
     def __init__(self, root):
         self.root = root
         self.path_items, self.operations = [], []
+        self.schemas = list(schemas_below(root))
         self.urls = {}  # of the path items that stand in the paths themselves, by pointer
         self.seen = set()
         for url, item in entries(root.get("paths")):
@@ -262,6 +317,62 @@ def paths_well_formed(document):
             yield step("/paths", url), f"Path is not well-formed {url}"
 
 
+def schema_constraints(document):
+    def unlimited(schema):
+        has = schema.keys().__contains__
+        ranged = (has("minimum") or has("exclusiveMinimum")) and (has("maximum") or has("exclusiveMaximum"))
+        closed = schema.get("additionalProperties") in (False, "false", {"not": {}})
+        yield "integer", "Integer", ranged, "range"
+        yield "number", "Numeric", ranged, "range"
+        yield ("string", "String", has("maxLength") or has("format") or has("pattern") or schema.get("enum")
+               or has("const"), "length")
+        yield "array", "Array", has("maxItems"), "size"
+        yield "object", "Object", has("maxProperties") or closed, "size"
+
+    for pointer, schema in document.schemas:
+        for kind, name, limited, what in unlimited(schema):
+            if kind in types_of(schema) and not limited:
+                yield pointer, f"{name} schema does not define constraints restricting its {what}"
+
+
+def schema_datetime_suffix(document):
+    for pointer, schema in document.schemas:
+        for name, value in (schema.get("properties") or {}).items():
+            _, target = document.resolve("", value)
+            if isinstance(target, dict) and target.get("format") == "date-time" and not name.endswith("_at"):
+                yield pointer, f"Property name {name} should end with _at"
+
+
+def schema_discriminator_defined(document):
+    for pointer, schema in document.schemas:
+        if schema.get("oneOf") and "discriminator" not in schema:
+            yield pointer, "Schema with oneOf clause does not have a discriminator"
+
+
+def schema_enum_no_duplicates(document):
+    for pointer, schema in document.schemas:
+        seen = set()
+        for value in schema.get("enum") or []:
+            text = json.dumps(value, sort_keys=True)
+            if text in seen:
+                yield pointer, "Duplicate enum value"
+            seen.add(text)
+
+
+def schema_format_defined(document):
+    proper = {"integer": ("int32", "int64"), "number": ("double", "float")}
+    for pointer, schema in document.schemas:
+        for name, formats in proper.items():
+            if types_of(schema) == {name} and schema.get("format") not in formats:
+                yield pointer, f"Schema with {name} type does not define proper format"
+
+
+def schema_no_additional_properties(document):
+    for pointer, schema in document.schemas:
+        if "object" in types_of(schema) and "additionalProperties" not in schema:
+            yield pointer, "Object schema does not disable additional properties"
+
+
 def standard_response_codes(document):
     for pointer, operation in document.operations:
         for code, _ in entries(operation.get("responses")):
@@ -294,7 +405,9 @@ RULES = [
     no_content_response_defined, operation_document_not_primitive, operation_id_defined, operation_id_unique,
     operation_rate_limiting_defined, operation_security_defined, operation_success_response, operation_tags_defined,
     parameters_unique, path_parameters_defined, path_parameters_on_items, paths_max_count, paths_max_depth,
-    paths_sorted, paths_unique, paths_well_formed, standard_response_codes, tags_sorted, unambiguous_response_codes,
+    paths_sorted, paths_unique, paths_well_formed, schema_constraints, schema_datetime_suffix,
+    schema_discriminator_defined, schema_enum_no_duplicates, schema_format_defined, schema_no_additional_properties,
+    standard_response_codes, tags_sorted, unambiguous_response_codes,
     unused_request_body,
 ]
 
@@ -302,6 +415,9 @@ RULES = [
 def plant_faults(root):
     """Makes a document fail rules that hardly a published one fails."""
     document = Document(root)
+    for _, schema in document.schemas[::2]:
+        if isinstance(schema.get("enum"), list):
+            schema["enum"] += schema["enum"][:2]
     for _, item in document.path_items[::2]:
         inherited = [p for method in METHODS for p in item.get(method, {}).get("parameters", [])][:2]
         item["parameters"] = item.get("parameters", []) + inherited + inherited[:1]
