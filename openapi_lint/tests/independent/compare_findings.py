@@ -26,16 +26,17 @@ BODILESS = ["get", "trace", "head"]
 PARTS = {
     "root": {"paths": ("map", "pathItem"), "webhooks": ("map", "pathItem"), "components": ("one", "components")},
     "components": {"schemas": ("map", "schema"), "responses": ("map", "response"), "parameters": ("map", "value"),
-                   "requestBodies": ("map", "body"), "headers": ("map", "value"), "callbacks": ("map", "callback"),
-                   "pathItems": ("map", "pathItem")},
+                   "examples": ("map", "example"), "requestBodies": ("map", "body"), "headers": ("map", "value"),
+                   "securitySchemes": ("map", "securityScheme"), "links": ("map", "link"),
+                   "callbacks": ("map", "callback"), "pathItems": ("map", "pathItem")},
     "pathItem": {"parameters": ("list", "value"), **{method: ("one", "operation") for method in METHODS}},
     "operation": {"parameters": ("list", "value"), "requestBody": ("one", "body"), "responses": ("map", "response"),
                   "callbacks": ("map", "callback")},
-    "response": {"headers": ("map", "value"), "content": ("map", "mediaType")},
+    "response": {"headers": ("map", "value"), "content": ("map", "mediaType"), "links": ("map", "link")},
     "body": {"content": ("map", "mediaType")},
-    "mediaType": {"schema": ("one", "schema"), "encoding": ("map", "encoding")},
+    "mediaType": {"schema": ("one", "schema"), "examples": ("map", "example"), "encoding": ("map", "encoding")},
     "encoding": {"headers": ("map", "value")},
-    "value": {"schema": ("one", "schema"), "content": ("map", "mediaType")},
+    "value": {"schema": ("one", "schema"), "examples": ("map", "example"), "content": ("map", "mediaType")},
     "schema": {
         **{key: ("one", "schema") for key in [
             "contentSchema", "items", "additionalItems", "contains", "unevaluatedItems", "additionalProperties",
@@ -78,27 +79,28 @@ def step(pointer, key):
     return f"{pointer}/{str(key).replace('~', '~0').replace('/', '~1')}"
 
 
-def schemas_below(value, kind="root", pointer=""):
-    """All schemas that are written out, as (pointer, schema)."""
-    if not isinstance(value, dict) or "$ref" in value and isinstance(value["$ref"], str):
+def objects_below(value, kind="root", pointer=""):
+    """All objects and references in their places, as (kind, pointer, object)."""
+    if not isinstance(value, dict):
         return
-    if kind == "schema":
-        yield pointer, value
+    yield kind, pointer, value
+    if isinstance(value.get("$ref"), str):
+        return
     if kind == "callback":
         parts = {key: ("one", "pathItem") for key, _ in entries(value)}
     else:
-        parts = PARTS[kind]
+        parts = PARTS.get(kind, {})
     for key, (form, child_kind) in parts.items():
         child, child_pointer = value.get(key), step(pointer, key)
         if form == "one":
-            yield from schemas_below(child, child_kind, child_pointer)
+            yield from objects_below(child, child_kind, child_pointer)
         elif form == "list" and isinstance(child, list):
             for index, element in enumerate(child):
-                yield from schemas_below(element, child_kind, f"{child_pointer}/{index}")
+                yield from objects_below(element, child_kind, f"{child_pointer}/{index}")
         elif form == "map" and isinstance(child, dict):
-            named = child_kind in ("schema", "mediaType", "value")  # whose names are free
+            named = child_kind not in ("pathItem", "response")  # which have extensions among them
             for name, member in child.items() if named else entries(child):
-                yield from schemas_below(member, child_kind, step(child_pointer, name))
+                yield from objects_below(member, child_kind, step(child_pointer, name))
 
 
 def types_of(schema):
@@ -113,7 +115,12 @@ class Document:
     def __init__(self, root):
         self.root = root
         self.path_items, self.operations = [], []
-        self.schemas = list(schemas_below(root))
+        self.references, self.schemas = [], []
+        for kind, pointer, value in objects_below(root):
+            if isinstance(value.get("$ref"), str):
+                self.references.append((pointer, value))
+            elif kind == "schema":
+                self.schemas.append((pointer, value))
         self.urls = {}  # of the path items that stand in the paths themselves, by pointer
         self.seen = set()
         for url, item in entries(root.get("paths")):
@@ -395,6 +402,27 @@ def unambiguous_response_codes(document):
             yield f"{pointer}/responses", "Operation response codes are ambiguous"
 
 
+def unused_shared_component(document):
+    places = {}  # of references, by what they refer to
+    for pointer, reference in document.references:
+        places.setdefault(document.resolve("", reference)[0], []).append(pointer)
+    components = document.root.get("components") or {}
+    sections = {name: dict(entries(section)) for name, section in entries(components)}
+    owners = [document.root] + [operation for _, operation in document.operations]
+    schemes = {name for owner in owners for requirement in owner.get("security") or [] for name in requirement}
+    mapped = {schema.rpartition("/")[2] for _, value in document.schemas
+              for schema in ((value.get("discriminator") or {}).get("mapping") or {}).values()}
+    for section, members in sections.items():
+        for name, value in members.items():
+            pointer = step(step("/components", section), name)
+            bases = [document.resolve("", base)[1] for base in value.get("allOf") or []]
+            if ("$ref" not in value
+                    and all(place.startswith(pointer + "/") for place in places.get(pointer, []))
+                    and not (section == "securitySchemes" and name in schemes)
+                    and not (section == "schemas" and (name in mapped or any("discriminator" in b for b in bases)))):
+                yield pointer, "Unused shared component"
+
+
 def unused_request_body(document):
     for pointer, operation in document.operations:
         if pointer.rpartition("/")[2] in BODILESS and "requestBody" in operation:
@@ -408,7 +436,7 @@ RULES = [
     paths_sorted, paths_unique, paths_well_formed, schema_constraints, schema_datetime_suffix,
     schema_discriminator_defined, schema_enum_no_duplicates, schema_format_defined, schema_no_additional_properties,
     standard_response_codes, tags_sorted, unambiguous_response_codes,
-    unused_request_body,
+    unused_request_body, unused_shared_component,
 ]
 
 
