@@ -18,6 +18,13 @@ std::string_view textOf(const jv::JV& value, std::string_view name) {
     return value.text();
 }
 
+NamingConvention optionsNamingConvention(const jv::JV* options, std::string_view ruleId) {
+    const jv::JV& value = requireOptions(options, ruleId);
+    if (!value.isString())
+        throw RuleConfigurationError(ruleId, "Options must be a string");
+    return parseNamingConvention(value.text(), ruleId);
+}
+
 number::Number optionsPositiveNumber(const jv::JV* options, std::string_view ruleId) {
     const jv::JV& value = requireOptions(options, ruleId);
     if (!value.isNumber() && !value.isString())

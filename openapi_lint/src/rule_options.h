@@ -3,6 +3,7 @@
 #include "jv/jv.h"
 #include "number/number.h"
 #include "openapi_lint/rule_configuration_error.h"
+#include "openapi_lint/texts.h"
 
 #include <string_view> // std::string_view
 
@@ -16,6 +17,12 @@ namespace specloom::openapi_lint {
 /// The text of a string. Throws jv::JVError "A string value is expected for '{}'." with `name` for a value of
 /// another kind.
 [[nodiscard]] std::string_view textOf(const jv::JV& value, std::string_view name);
+
+/// A naming convention by its name. Throws RuleConfigurationError with
+///   "Options must not be null"  for a null pointer,
+///   "Options must be a string"  for a value of another kind,
+/// and what parseNamingConvention() throws.
+[[nodiscard]] NamingConvention optionsNamingConvention(const jv::JV* options, std::string_view ruleId);
 
 /// The least length of a text as an option: a number above 0. Throws RuleConfigurationError with
 ///   "Options must not be null"                            for a null pointer,

@@ -9,6 +9,7 @@
 #include "openapi_lint/rules/contact_defined.h"
 #include "openapi_lint/rules/id_defined.h"
 #include "openapi_lint/rules/info_defined.h"
+#include "openapi_lint/rules/json_api_content_type.h"
 #include "openapi_lint/rules/json_api_resource_type_unique.h"
 #include "openapi_lint/rules/json_api_schema_validation.h"
 #include "openapi_lint/rules/license_defined.h"
@@ -33,15 +34,28 @@
 #include "openapi_lint/rules/paths_unique.h"
 #include "openapi_lint/rules/paths_well_formed.h"
 #include "openapi_lint/rules/safe_markdown.h"
+#include "openapi_lint/rules/schema_constraints.h"
+#include "openapi_lint/rules/schema_datetime_suffix.h"
+#include "openapi_lint/rules/schema_discriminator_defined.h"
+#include "openapi_lint/rules/schema_enum_naming.h"
+#include "openapi_lint/rules/schema_enum_no_duplicates.h"
+#include "openapi_lint/rules/schema_enum_types.h"
+#include "openapi_lint/rules/schema_example_defined.h"
+#include "openapi_lint/rules/schema_format_defined.h"
+#include "openapi_lint/rules/schema_format_type_mismatch.h"
+#include "openapi_lint/rules/schema_no_additional_properties.h"
+#include "openapi_lint/rules/schema_property_naming.h"
 #include "openapi_lint/rules/server_urls.h"
 #include "openapi_lint/rules/servers_defined.h"
 #include "openapi_lint/rules/spell_check.h"
 #include "openapi_lint/rules/standard_response_codes.h"
+#include "openapi_lint/rules/standard_response_errors.h"
 #include "openapi_lint/rules/tag_description_defined.h"
 #include "openapi_lint/rules/tags_sorted.h"
 #include "openapi_lint/rules/tags_unique.h"
 #include "openapi_lint/rules/unambiguous_response_codes.h"
 #include "openapi_lint/rules/unused_request_body.h"
+#include "openapi_lint/rules/unused_shared_component.h"
 
 namespace specloom::openapi_lint {
 namespace {
@@ -63,6 +77,7 @@ constexpr RuleEntry ruleTable[] = {
     entry<ContactDefined>(),
     entry<IDDefined>(),
     entry<InfoDefined>(),
+    entry<JSONAPIContentType>(),
     entry<ResourceTypeUnique>(),
     entry<JSONAPISchemaValidation>(),
     entry<LicenseDefined>(),
@@ -87,15 +102,28 @@ constexpr RuleEntry ruleTable[] = {
     entry<PathsUnique>(),
     entry<PathsWellFormed>(),
     entry<SafeMarkdown>(),
+    entry<SchemaConstraints>(),
+    entry<SchemaDatetimeSuffix>(),
+    entry<SchemaDiscriminatorDefined>(),
+    entry<SchemaEnumNaming>(),
+    entry<SchemaEnumNoDuplicates>(),
+    entry<SchemaEnumTypes>(),
+    entry<SchemaExampleDefined>(),
+    entry<SchemaFormatDefined>(),
+    entry<SchemaFormatTypeMismatch>(),
+    entry<SchemaNoAdditionalProperties>(),
+    entry<SchemaPropertyNaming>(),
     entry<ServerURLs>(),
     entry<ServersDefined>(),
     entry<SpellCheck>(),
     entry<StandardResponseCodes>(),
+    entry<StandardResponseErrors>(),
     entry<TagDescriptionDefined>(),
     entry<TagsSorted>(),
     entry<TagsUnique>(),
     entry<UnambiguousResponseCodes>(),
     entry<UnusedRequestBody>(),
+    entry<UnusedSharedComponent>(),
 };
 
 static_assert(std::is_sorted(std::begin(ruleTable), std::end(ruleTable),

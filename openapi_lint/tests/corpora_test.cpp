@@ -3,17 +3,21 @@
 
 #include "openapi_lint/linter.h"
 
-#include <algorithm>   // std::stable_sort
+#include <algorithm>   // std::none_of, std::stable_sort
 #include <cstdint>     // std::uint64_t
 #include <filesystem>  // std::filesystem
 #include <map>         // std::map
 #include <ostream>     // std::ostream
 #include <string>      // std::string
 #include <string_view> // std::string_view
+#include <utility>     // std::move
 #include <vector>      // std::vector
 
 #include <gtest/gtest.h>
 
+#include "jv/jv_pointer.h"
+#include "openapi/node_visitor.h"
+#include "openapi/schema.h"
 #include "openapi/writer.h"
 #include "openapi_lint/rule_registry.h"
 #include "openapi_lint/rulesets.h"
@@ -98,8 +102,9 @@ std::map<std::string, std::vector<Place>> findingsOf(openapi::ReadResult& docume
     return findings;
 }
 
-/// A rule finds the same whichever ruleset names it, with the severity that the ruleset gives it. No ruleset
-/// gives any of the rules so far another set of options.
+/// A rule finds the same whichever ruleset names it, with the severity that the ruleset gives it. Only where
+/// the ruleset gives the rule options, as "recommended" does for schema-constraints, it is asked for
+/// something else, and its findings are not compared.
 TEST(Corpora, giveTheSameFindingsInEveryRuleset) {
     SPECLOOM_NEEDS_CORPORA();
     std::size_t total = 0;
@@ -114,6 +119,8 @@ TEST(Corpora, giveTheSameFindingsInEveryRuleset) {
             const auto entries = findRuleset(ruleset);
             for (const auto& [id, places] : findingsOf(*tree.result, ruleset)) {
                 SCOPED_TRACE(id);
+                if (entries->entries().at(id).options != nullptr)
+                    continue;
                 const std::vector<Place>& expected = all.at(id);
                 ASSERT_EQ(places.size(), expected.size());
                 for (std::size_t i = 0; i < places.size(); ++i) {
@@ -172,6 +179,48 @@ void expectWellFormedPaths(const jv::JV& before, const jv::JV& after) {
     }
 }
 
+/// Lets every `enum` say twice what it says, because published ones hold no repeats.
+void plantRepeats(const openapi::OpenAPI& root) {
+    struct : openapi::NodeVisitHandler {
+        using NodeVisitHandler::visit;
+        void visit(const openapi::Schema& schema) override {
+            if (!schema.enumeration().empty())
+                found.push_back(&schema);
+        }
+        std::vector<const openapi::Schema*> found;
+    } schemas;
+    openapi::NodeVisitor(schemas).visit(root);
+    for (const openapi::Schema* schema : schemas.found) {
+        std::vector<openapi::Value> values;
+        for (int times = 0; times < 2; ++times)
+            for (const openapi::Value& value : schema->enumeration())
+                values.emplace_back(*value);
+        const_cast<openapi::Schema*>(schema)->setEnumeration(std::move(values));
+    }
+}
+
+/// Differences are only in values under `enum`, and what is there now is what was there without repeats.
+void expectDistinctEnums(const Differences& differences, const jv::JV& before, const jv::JV& after) {
+    for (const auto& difference : differences) {
+        const std::size_t end = difference.pointer.rfind("/enum");
+        ASSERT_NE(end, std::string::npos) << difference;
+        jv::JVPointer pointer;
+        pointer.parse(difference.pointer.substr(0, end + 5));
+        const jv::JV* values = before.resolve(pointer);
+        const jv::JV* left = after.resolve(pointer);
+        ASSERT_TRUE(values != nullptr && values->isArray() && left != nullptr && left->isArray())
+            << difference;
+        std::vector<const jv::JV*> distinct;
+        for (const jv::JV* value : values->elements())
+            if (std::none_of(distinct.begin(), distinct.end(),
+                             [&](const jv::JV* kept) { return kept->equals(*value); }))
+                distinct.push_back(value);
+        ASSERT_EQ(left->size(), distinct.size()) << difference;
+        for (std::size_t i = 0; i < distinct.size(); ++i)
+            EXPECT_TRUE(left->elements()[i]->equals(*distinct[i])) << difference;
+    }
+}
+
 TEST(Corpora, areFixedInNothingButWhatTheRuleSays) {
     SPECLOOM_NEEDS_CORPORA();
     std::map<std::string, std::size_t> changed;
@@ -182,10 +231,11 @@ TEST(Corpora, areFixedInNothingButWhatTheRuleSays) {
             continue;
         LintContext context;
         context.document = tree.result.get();
+        plantRepeats(tree.result->root());
         const openapi::Writer writer(*tree.result);
         auto before = writer.write(tree.result->root());
         for (const char* id : {"id-defined", "path-parameters-on-items", "paths-sorted", "paths-well-formed",
-                               "spell-check", "tags-sorted"}) {
+                               "schema-enum-no-duplicates", "spell-check", "tags-sorted"}) {
             SCOPED_TRACE(id);
             const auto rule = findRule(id, Severity::Error);
             ASSERT_TRUE(rule->isFixable());
@@ -202,13 +252,15 @@ TEST(Corpora, areFixedInNothingButWhatTheRuleSays) {
             } else if (rule->id() == "paths-well-formed") {
                 expectOnlyBelow(differences, "/paths");
                 expectWellFormedPaths(*before->root(), *after->root());
+            } else if (rule->id() == "schema-enum-no-duplicates") {
+                expectDistinctEnums(differences, *before->root(), *after->root());
             } else {
                 EXPECT_TRUE(differences.empty()) << differences.front();
             }
             before = std::move(after);
         }
     }
-    for (const char* id : {"id-defined", "paths-well-formed", "tags-sorted"})
+    for (const char* id : {"id-defined", "paths-well-formed", "schema-enum-no-duplicates", "tags-sorted"})
         EXPECT_GT(changed[id], 5u) << id;
 }
 

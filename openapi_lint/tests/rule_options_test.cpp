@@ -39,6 +39,10 @@ TEST(RuleOptions, areRefusedWithOneText) {
                                               "parameter-description-defined", "tag-description-defined"};
     const std::vector<std::string> maxima = {"paths-max-count", "paths-max-depth"};
     const std::vector<std::string> naming = {"parameter-naming"};
+    const std::vector<std::string> schemaNaming = {"schema-enum-naming", "schema-property-naming"};
+    const std::vector<std::string> suffix = {"schema-datetime-suffix"};
+    const std::vector<std::string> constraints = {"schema-constraints"};
+    const std::vector<std::string> errors = {"standard-response-errors"};
     const std::vector<std::string> id = {"id-defined"};
     const std::vector<std::string> spelling = {"spell-check"};
     const std::string tooLong(1025, 'a');
@@ -68,6 +72,27 @@ TEST(RuleOptions, areRefusedWithOneText) {
         {naming, "{\"default\": null}", "JVError: A string value is expected for 'default'."},
         {naming, "{\"body\": 1}", ""},
         {naming, "{}", ""},
+        {schemaNaming, "", "{}: Options must not be null"},
+        {schemaNaming, "null", "{}: Options must be a string"},
+        {schemaNaming, R"({"default": "camel"})", "{}: Options must be a string"},
+        {schemaNaming, "\"camelCase\"", "{}: Unknown naming convention: camelCase"},
+        {schemaNaming, "\"header\"", ""},
+        {suffix, "", "{}: Options must not be null"},
+        {suffix, "null", "{}: Options must be a string"},
+        {suffix, "\"\"", "{}: Options must not be empty"},
+        {suffix, "\"T\"", ""},
+        {constraints, "", "{}: Options must be an object"},
+        {constraints, "[]", "{}: Options must be an object"},
+        {constraints, R"({"integer": 1})", "JVError: A boolean value is expected for 'integer'."},
+        {constraints, R"({"number": true, "object": "no"})",
+         "JVError: A boolean value is expected for 'object'."},
+        {constraints, R"({"array": false, "more": true})",
+         "{}: At least one of integer, number, string, array or object must be true"},
+        {constraints, R"({"array": true})", ""},
+        {errors, "", "{}: Options cannot be null"},
+        {errors, "null", "{}: Options must be a string"},
+        {errors, "\"problem\"", "{}: Unknown convention: problem"},
+        {errors, "\"problem-json\"", ""},
         {id, "", "{}: Options must not be null"},
         {id, "null", "{}: Options must be an object"},
         {id, "\"x-id\"", "{}: Options must be an object"},

@@ -41,7 +41,7 @@ const fs::path rulePages = fs::path(SPECLOOM_SOURCE_DIR) / "docs/rules";
 
 /// Registered, listed in rulesets, and silent on purpose.
 const std::set<std::string_view> inertRules = {"json-api/resource-type-unique", "json-api/schema-validation",
-                                               "openapi-json-schema-validation"};
+                                               "openapi-json-schema-validation", "schema-example-defined"};
 /// These do not ask whether they are disabled.
 const std::set<std::string_view> alwaysOn = {"json-schema-validation"};
 const std::set<std::string_view> fixableRules = {

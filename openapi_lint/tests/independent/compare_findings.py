@@ -22,6 +22,32 @@ METHODS = ["get", "put", "post", "delete", "options", "head", "patch", "trace"]
 BODILESS = ["get", "trace", "head"]
 
 
+# Where schemas stand: the members of each kind of object that hold objects of another kind, one, a list or a map of them.
+PARTS = {
+    "root": {"paths": ("map", "pathItem"), "webhooks": ("map", "pathItem"), "components": ("one", "components")},
+    "components": {"schemas": ("map", "schema"), "responses": ("map", "response"), "parameters": ("map", "value"),
+                   "examples": ("map", "example"), "requestBodies": ("map", "body"), "headers": ("map", "value"),
+                   "securitySchemes": ("map", "securityScheme"), "links": ("map", "link"),
+                   "callbacks": ("map", "callback"), "pathItems": ("map", "pathItem")},
+    "pathItem": {"parameters": ("list", "value"), **{method: ("one", "operation") for method in METHODS}},
+    "operation": {"parameters": ("list", "value"), "requestBody": ("one", "body"), "responses": ("map", "response"),
+                  "callbacks": ("map", "callback")},
+    "response": {"headers": ("map", "value"), "content": ("map", "mediaType"), "links": ("map", "link")},
+    "body": {"content": ("map", "mediaType")},
+    "mediaType": {"schema": ("one", "schema"), "examples": ("map", "example"), "encoding": ("map", "encoding")},
+    "encoding": {"headers": ("map", "value")},
+    "value": {"schema": ("one", "schema"), "examples": ("map", "example"), "content": ("map", "mediaType")},
+    "schema": {
+        **{key: ("one", "schema") for key in [
+            "contentSchema", "items", "additionalItems", "contains", "unevaluatedItems", "additionalProperties",
+            "propertyNames", "unevaluatedProperties", "not", "if", "then", "else"]},
+        **{key: ("list", "schema") for key in ["prefixItems", "allOf", "oneOf", "anyOf"]},
+        **{key: ("map", "schema") for key in [
+            "properties", "patternProperties", "dependentSchemas", "$defs", "definitions"]},
+    },
+}
+
+
 def leave_out(reason):
     print(reason)
     sys.exit(1 if "SPECLOOM_REQUIRE_CORPORA" in os.environ else 77)
@@ -53,12 +79,48 @@ def step(pointer, key):
     return f"{pointer}/{str(key).replace('~', '~0').replace('/', '~1')}"
 
 
+def objects_below(value, kind="root", pointer=""):
+    """All objects and references in their places, as (kind, pointer, object)."""
+    if not isinstance(value, dict):
+        return
+    yield kind, pointer, value
+    if isinstance(value.get("$ref"), str):
+        return
+    if kind == "callback":
+        parts = {key: ("one", "pathItem") for key, _ in entries(value)}
+    else:
+        parts = PARTS.get(kind, {})
+    for key, (form, child_kind) in parts.items():
+        child, child_pointer = value.get(key), step(pointer, key)
+        if form == "one":
+            yield from objects_below(child, child_kind, child_pointer)
+        elif form == "list" and isinstance(child, list):
+            for index, element in enumerate(child):
+                yield from objects_below(element, child_kind, f"{child_pointer}/{index}")
+        elif form == "map" and isinstance(child, dict):
+            named = child_kind not in ("pathItem", "response")  # which have extensions among them
+            for name, member in child.items() if named else entries(child):
+                yield from objects_below(member, child_kind, step(child_pointer, name))
+
+
+def types_of(schema):
+    types = schema.get("type", [])
+    nullable = {"null"} if schema.get("nullable") in (True, "true") else set()
+    return {types} | nullable if isinstance(types, str) else set(types) | nullable
+
+
 class Document:
     """The objects that rules look at, each once: (pointer, object), in the order in which rules come by them."""
 
     def __init__(self, root):
         self.root = root
         self.path_items, self.operations = [], []
+        self.references, self.schemas = [], []
+        for kind, pointer, value in objects_below(root):
+            if isinstance(value.get("$ref"), str):
+                self.references.append((pointer, value))
+            elif kind == "schema":
+                self.schemas.append((pointer, value))
         self.urls = {}  # of the path items that stand in the paths themselves, by pointer
         self.seen = set()
         for url, item in entries(root.get("paths")):
@@ -262,6 +324,62 @@ def paths_well_formed(document):
             yield step("/paths", url), f"Path is not well-formed {url}"
 
 
+def schema_constraints(document):
+    def unlimited(schema):
+        has = schema.keys().__contains__
+        ranged = (has("minimum") or has("exclusiveMinimum")) and (has("maximum") or has("exclusiveMaximum"))
+        closed = schema.get("additionalProperties") in (False, "false", {"not": {}})
+        yield "integer", "Integer", ranged, "range"
+        yield "number", "Numeric", ranged, "range"
+        yield ("string", "String", has("maxLength") or has("format") or has("pattern") or schema.get("enum")
+               or has("const"), "length")
+        yield "array", "Array", has("maxItems"), "size"
+        yield "object", "Object", has("maxProperties") or closed, "size"
+
+    for pointer, schema in document.schemas:
+        for kind, name, limited, what in unlimited(schema):
+            if kind in types_of(schema) and not limited:
+                yield pointer, f"{name} schema does not define constraints restricting its {what}"
+
+
+def schema_datetime_suffix(document):
+    for pointer, schema in document.schemas:
+        for name, value in (schema.get("properties") or {}).items():
+            _, target = document.resolve("", value)
+            if isinstance(target, dict) and target.get("format") == "date-time" and not name.endswith("_at"):
+                yield pointer, f"Property name {name} should end with _at"
+
+
+def schema_discriminator_defined(document):
+    for pointer, schema in document.schemas:
+        if schema.get("oneOf") and "discriminator" not in schema:
+            yield pointer, "Schema with oneOf clause does not have a discriminator"
+
+
+def schema_enum_no_duplicates(document):
+    for pointer, schema in document.schemas:
+        seen = set()
+        for value in schema.get("enum") or []:
+            text = json.dumps(value, sort_keys=True)
+            if text in seen:
+                yield pointer, "Duplicate enum value"
+            seen.add(text)
+
+
+def schema_format_defined(document):
+    proper = {"integer": ("int32", "int64"), "number": ("double", "float")}
+    for pointer, schema in document.schemas:
+        for name, formats in proper.items():
+            if types_of(schema) == {name} and schema.get("format") not in formats:
+                yield pointer, f"Schema with {name} type does not define proper format"
+
+
+def schema_no_additional_properties(document):
+    for pointer, schema in document.schemas:
+        if "object" in types_of(schema) and "additionalProperties" not in schema:
+            yield pointer, "Object schema does not disable additional properties"
+
+
 def standard_response_codes(document):
     for pointer, operation in document.operations:
         for code, _ in entries(operation.get("responses")):
@@ -284,6 +402,27 @@ def unambiguous_response_codes(document):
             yield f"{pointer}/responses", "Operation response codes are ambiguous"
 
 
+def unused_shared_component(document):
+    places = {}  # of references, by what they refer to
+    for pointer, reference in document.references:
+        places.setdefault(document.resolve("", reference)[0], []).append(pointer)
+    components = document.root.get("components") or {}
+    sections = {name: dict(entries(section)) for name, section in entries(components)}
+    owners = [document.root] + [operation for _, operation in document.operations]
+    schemes = {name for owner in owners for requirement in owner.get("security") or [] for name in requirement}
+    mapped = {schema.rpartition("/")[2] for _, value in document.schemas
+              for schema in ((value.get("discriminator") or {}).get("mapping") or {}).values()}
+    for section, members in sections.items():
+        for name, value in members.items():
+            pointer = step(step("/components", section), name)
+            bases = [document.resolve("", base)[1] for base in value.get("allOf") or []]
+            if ("$ref" not in value
+                    and all(place.startswith(pointer + "/") for place in places.get(pointer, []))
+                    and not (section == "securitySchemes" and name in schemes)
+                    and not (section == "schemas" and (name in mapped or any("discriminator" in b for b in bases)))):
+                yield pointer, "Unused shared component"
+
+
 def unused_request_body(document):
     for pointer, operation in document.operations:
         if pointer.rpartition("/")[2] in BODILESS and "requestBody" in operation:
@@ -294,14 +433,19 @@ RULES = [
     no_content_response_defined, operation_document_not_primitive, operation_id_defined, operation_id_unique,
     operation_rate_limiting_defined, operation_security_defined, operation_success_response, operation_tags_defined,
     parameters_unique, path_parameters_defined, path_parameters_on_items, paths_max_count, paths_max_depth,
-    paths_sorted, paths_unique, paths_well_formed, standard_response_codes, tags_sorted, unambiguous_response_codes,
-    unused_request_body,
+    paths_sorted, paths_unique, paths_well_formed, schema_constraints, schema_datetime_suffix,
+    schema_discriminator_defined, schema_enum_no_duplicates, schema_format_defined, schema_no_additional_properties,
+    standard_response_codes, tags_sorted, unambiguous_response_codes,
+    unused_request_body, unused_shared_component,
 ]
 
 
 def plant_faults(root):
     """Makes a document fail rules that hardly a published one fails."""
     document = Document(root)
+    for _, schema in document.schemas[::2]:
+        if isinstance(schema.get("enum"), list):
+            schema["enum"] += schema["enum"][:2]
     for _, item in document.path_items[::2]:
         inherited = [p for method in METHODS for p in item.get(method, {}).get("parameters", [])][:2]
         item["parameters"] = item.get("parameters", []) + inherited + inherited[:1]
