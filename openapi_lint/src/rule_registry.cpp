@@ -48,6 +48,7 @@
 #include "openapi_lint/rules/server_urls.h"
 #include "openapi_lint/rules/servers_defined.h"
 #include "openapi_lint/rules/spell_check.h"
+#include "openapi_lint/rules/standard_media_types.h"
 #include "openapi_lint/rules/standard_response_codes.h"
 #include "openapi_lint/rules/standard_response_errors.h"
 #include "openapi_lint/rules/tag_description_defined.h"
@@ -116,6 +117,7 @@ constexpr RuleEntry ruleTable[] = {
     entry<ServerURLs>(),
     entry<ServersDefined>(),
     entry<SpellCheck>(),
+    entry<StandardMediaTypes>(),
     entry<StandardResponseCodes>(),
     entry<StandardResponseErrors>(),
     entry<TagDescriptionDefined>(),
