@@ -1,5 +1,6 @@
 #pragma once
 
+#include "openapi/node_pool.h"
 #include "openapi/text.h"
 
 #include <algorithm>   // std::lower_bound
@@ -20,7 +21,8 @@ class NameMap {
         V value;
         [[nodiscard]] std::string_view name() const noexcept { return key.view(); }
     };
-    using const_iterator = typename std::vector<Entry>::const_iterator;
+    using Entries = std::vector<Entry, PoolAllocator<Entry>>;
+    using const_iterator = typename Entries::const_iterator;
 
     [[nodiscard]] const_iterator begin() const noexcept { return entries_.begin(); }
     [[nodiscard]] const_iterator end() const noexcept { return entries_.end(); }
@@ -52,7 +54,7 @@ class NameMap {
     }
 
     /// Takes out all entries, in their order.
-    [[nodiscard]] std::vector<Entry> extractAll() noexcept { return std::exchange(entries_, {}); }
+    [[nodiscard]] Entries extractAll() noexcept { return std::exchange(entries_, {}); }
 
   private:
     [[nodiscard]] std::size_t position(std::string_view name) const noexcept {
@@ -65,7 +67,7 @@ class NameMap {
     }
     [[nodiscard]] auto at(std::size_t index) { return entries_.begin() + static_cast<std::ptrdiff_t>(index); }
 
-    std::vector<Entry> entries_;
+    Entries entries_;
 };
 
 } // namespace specloom::openapi

@@ -45,7 +45,7 @@ void NamedNodes::renameAll(const Renaming& renaming) {
         const bool free = find(name) == nullptr && taken.insert(name).second;
         newNames.push_back(free ? std::move(name) : std::string());
     }
-    std::vector<NodeMap::Entry> entries = items_.extractAll();
+    NodeMap::Entries entries = items_.extractAll();
     for (std::size_t index = 0; index < entries.size(); ++index)
         if (!newNames[index].empty())
             entries[index].key = Text(newNames[index]);

@@ -1,6 +1,7 @@
 #include "openapi/schema_fields.h"
 
 #include <algorithm> // std::max, std::min, std::move, std::move_backward
+#include <memory>    // std::destroy_n, std::uninitialized_default_construct_n
 
 namespace specloom::openapi {
 
@@ -8,10 +9,18 @@ void SchemaFields::reserve(std::size_t count) {
     const std::size_t capacity = std::min(count, schemaKeywordCount);
     if (capacity <= capacity_)
         return;
-    auto fields = std::make_unique<SchemaField[]>(capacity);
-    std::move(fields_.get(), fields_.get() + size(), fields.get());
-    fields_ = std::move(fields);
+    SchemaField* fields = PoolAllocator<SchemaField>().allocate(capacity);
+    std::uninitialized_default_construct_n(fields, capacity); // which cannot fail, nor can the moves
+    std::move(fields_, fields_ + size(), fields);
+    release();
+    fields_ = fields;
     capacity_ = static_cast<std::uint8_t>(capacity);
+}
+
+void SchemaFields::release() noexcept {
+    std::destroy_n(fields_, capacity_);
+    if (fields_ != nullptr)
+        PoolAllocator<SchemaField>().deallocate(fields_, capacity_);
 }
 
 SchemaField& SchemaFields::set(SchemaKeyword keyword, SchemaField field) {
@@ -20,8 +29,8 @@ SchemaField& SchemaFields::set(SchemaKeyword keyword, SchemaField field) {
         return fields_[slot] = std::move(field);
     if (size() == capacity_)
         reserve(std::max<std::size_t>(4, size() * 2));
-    SchemaField* const end = fields_.get() + size();
-    std::move_backward(fields_.get() + slot, end, end + 1);
+    SchemaField* const end = fields_ + size();
+    std::move_backward(fields_ + slot, end, end + 1);
     present_.add(keyword);
     return fields_[slot] = std::move(field);
 }
@@ -29,8 +38,8 @@ SchemaField& SchemaFields::set(SchemaKeyword keyword, SchemaField field) {
 void SchemaFields::remove(SchemaKeyword keyword) {
     if (!has(keyword))
         return;
-    SchemaField* const end = fields_.get() + size();
-    SchemaField* const removed = fields_.get() + slotOf(keyword);
+    SchemaField* const end = fields_ + size();
+    SchemaField* const removed = fields_ + slotOf(keyword);
     std::move(removed + 1, end, removed);
     *(end - 1) = SchemaField();
     present_.remove(keyword);

@@ -6,14 +6,13 @@
 #include "openapi/schema_keyword.h"
 
 #include <cstdint> // std::uint64_t
-#include <memory>  // std::unique_ptr
 #include <utility> // std::move
 #include <variant> // std::variant
 #include <vector>  // std::vector
 
 namespace specloom::openapi {
 
-using NodeList = std::vector<NodePointer>;
+using NodeList = std::vector<NodePointer, PoolAllocator<NodePointer>>;
 
 /// A value under a name or, in a list, without one.
 struct NamedValue {
@@ -32,6 +31,11 @@ using SchemaField = std::variant<bool, std::uint64_t, number::Number, Text, Valu
 /// three keywords.
 class SchemaFields {
   public:
+    SchemaFields() noexcept = default;
+    SchemaFields(const SchemaFields&) = delete;
+    SchemaFields& operator=(const SchemaFields&) = delete;
+    ~SchemaFields() { release(); }
+
     [[nodiscard]] bool has(SchemaKeyword keyword) const noexcept { return present_.has(keyword); }
     [[nodiscard]] SchemaKeywords keywords() const noexcept { return present_; }
     [[nodiscard]] std::size_t size() const noexcept { return present_.size(); }
@@ -60,13 +64,14 @@ class SchemaFields {
     void remove(SchemaKeyword keyword);
 
   private:
+    void release() noexcept;
     [[nodiscard]] std::size_t slotOf(SchemaKeyword keyword) const noexcept {
         return present_.rankOf(keyword);
     }
 
     // Not a vector: this takes half its room in every schema.
     SchemaKeywords present_;
-    std::unique_ptr<SchemaField[]> fields_; ///< as many as the keywords, then unused ones up to capacity_
+    SchemaField* fields_ = nullptr; ///< as many as the keywords, then empty ones up to capacity_
     std::uint8_t capacity_ = 0;
 };
 
