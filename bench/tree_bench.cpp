@@ -24,9 +24,10 @@ void benchPeak(const Input& input, Table& table) {
 } // namespace
 
 void benchTree(const Input& input, int rounds, Table& table) {
-    const test_support::ReadTree first = test_support::readTree(input.path);
+    test_support::ReadTree first = test_support::readTree(input.path);
     if (first.result == nullptr)
         return;
+    first.result.reset(); // only its formats are needed: each round builds the one tree of the process
     const jv::LoadOptions options{
         .format = input.isJson() ? jv::DocumentFormat::Json : jv::DocumentFormat::Yaml, .refLoader = {}};
     Samples values, build, walk, tearDown;
