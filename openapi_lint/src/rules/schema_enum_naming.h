@@ -1,7 +1,6 @@
 #pragma once
 
-#include "openapi_lint/rule.h"
-#include "openapi_lint/texts.h"
+#include "openapi_lint/naming_rule.h"
 
 namespace specloom::openapi_lint {
 
@@ -12,19 +11,11 @@ namespace specloom::openapi_lint {
 ///
 /// Fails: `enum: [highWater]`.
 /// Passes: `enum: [high_water]`.
-class SchemaEnumNaming final : public Rule {
+class SchemaEnumNaming final : public NamingRule {
   public:
     static constexpr std::string_view ruleId = "schema-enum-naming";
-    explicit SchemaEnumNaming(Severity severity) : Rule(ruleId, severity) {}
-    /// The name of a convention. Throws RuleConfigurationError "Options must not be null", "Options must be a
-    /// string", and what parseNamingConvention() throws.
-    void configure(const jv::JV* options) override;
+    explicit SchemaEnumNaming(Severity severity) : NamingRule(ruleId, severity) {}
     void check(LintContext& context) override;
-
-    [[nodiscard]] NamingConvention convention() const noexcept { return convention_; }
-
-  private:
-    NamingConvention convention_ = NamingConvention::Snake;
 };
 
 } // namespace specloom::openapi_lint

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "openapi_lint/rule.h"
-#include "openapi_lint/texts.h"
+#include "openapi_lint/naming_rule.h"
 
 namespace specloom::openapi_lint {
 
@@ -12,19 +11,11 @@ namespace specloom::openapi_lint {
 ///
 /// Fails: `properties: {portName: {}}`.
 /// Passes: `properties: {port_name: {}}`.
-class SchemaPropertyNaming final : public Rule {
+class SchemaPropertyNaming final : public NamingRule {
   public:
     static constexpr std::string_view ruleId = "schema-property-naming";
-    explicit SchemaPropertyNaming(Severity severity) : Rule(ruleId, severity) {}
-    /// The name of a convention. Throws RuleConfigurationError "Options must not be null", "Options must be a
-    /// string", and what parseNamingConvention() throws.
-    void configure(const jv::JV* options) override;
+    explicit SchemaPropertyNaming(Severity severity) : NamingRule(ruleId, severity) {}
     void check(LintContext& context) override;
-
-    [[nodiscard]] NamingConvention convention() const noexcept { return convention_; }
-
-  private:
-    NamingConvention convention_ = NamingConvention::Snake;
 };
 
 } // namespace specloom::openapi_lint
