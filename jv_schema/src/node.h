@@ -1,0 +1,68 @@
+#pragma once
+
+#include "jv/jv.h"
+#include "jv_schema/resource.h"
+
+#include <cstdint>     // std::uint8_t
+#include <memory>      // std::unique_ptr
+#include <string_view> // std::string_view
+#include <vector>      // std::vector
+
+namespace specloom::jv::schema {
+
+class Evaluation;
+
+/// A set of kinds of value.
+using KindSet = std::uint8_t;
+
+[[nodiscard]] constexpr KindSet only(Kind kind) noexcept {
+    return static_cast<KindSet>(1U << static_cast<unsigned>(kind));
+}
+
+inline constexpr KindSet everyKind = 0x3f;
+
+/// One keyword of one schema, compiled; immutable.
+class Keyword {
+  public:
+    /// `kinds` are those of the instances that the keyword has something to say of.
+    Keyword(const Place& owner, std::string_view name, KindSet kinds = everyKind)
+        : owner_(&owner), name_(name), kinds_(kinds) {}
+    Keyword(const Keyword&) = delete;
+    Keyword& operator=(const Keyword&) = delete;
+    virtual ~Keyword() = default;
+
+    /// Whether an instance of one of kinds() satisfies the keyword. Faults go to `evaluation` when it
+    /// collects them; when it does not, the first one ends the work.
+    [[nodiscard]] virtual bool evaluate(const JV& instance, Evaluation& evaluation) const = 0;
+
+    /// The schema that holds the keyword.
+    [[nodiscard]] const Place& owner() const noexcept { return *owner_; }
+    [[nodiscard]] std::string_view name() const noexcept { return name_; }
+    [[nodiscard]] KindSet kinds() const noexcept { return kinds_; }
+
+  private:
+    const Place* owner_;
+    std::string_view name_;
+    KindSet kinds_;
+};
+
+/// One schema, compiled; immutable after the compiler has finished.
+struct Node {
+    enum class Form : std::uint8_t { Keywords, True, False };
+
+    struct Entry {
+        KindSet kinds;
+        const Keyword* keyword;
+    };
+
+    const Place* place = nullptr;
+    /// The schema that stands for this one, which is a mere reference to it.
+    const Node* alias = nullptr;
+    Form form = Form::Keywords;
+    /// Whether a keyword wants to know what the others have evaluated.
+    bool tracks = false;
+    std::vector<Entry> entries; ///< of `keywords`, close together
+    std::vector<std::unique_ptr<const Keyword>> keywords;
+};
+
+} // namespace specloom::jv::schema
