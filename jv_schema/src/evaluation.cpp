@@ -17,10 +17,7 @@ Evaluation::Evaluation(const Program& program, Mode mode)
         scope_.push_back(resource_);
 }
 
-bool Evaluation::applyKeywords(const Node& start, const JV& instance) {
-    const Node& node = start.alias == nullptr ? start : *start.alias;
-    if (node.form != Node::Form::Keywords)
-        return node.form == Node::Form::True || rejects(node);
+bool Evaluation::applyKeywords(const Node& node, const JV& instance) {
     if (++depth_ > deepestEvaluation)
         refuseDepth(node, instance);
     if (++steps_ > longestEvaluation)
@@ -57,17 +54,24 @@ bool Evaluation::applyKeywords(const Node& start, const JV& instance) {
 }
 
 bool Evaluation::evaluateAll(const Node& node, const JV& instance) {
+    if (explains_)
+        return explainAll(node.alias == nullptr ? node : *node.alias, instance);
     const KindSet kind = only(instance.kind());
-    if (!explains_) {
-        for (const Node::Entry& entry : node.entries) {
-            if ((entry.kinds & kind) != 0 && !entry.keyword->evaluate(instance, *this))
-                return false;
-        }
-        return true;
-    }
-    bool valid = true;
     for (const Node::Entry& entry : node.entries) {
         if ((entry.kinds & kind) != 0 && !entry.keyword->evaluate(instance, *this))
+            return false;
+    }
+    return true;
+}
+
+bool Evaluation::explainAll(const Node& node, const JV& instance) {
+    if (node.keywords.empty())
+        return node.accepts != 0 || rejects(node);
+    const KindSet kind = only(instance.kind());
+    bool valid = true;
+    for (const auto& keyword : node.keywords) {
+        const bool asks = (keyword->kinds() & kind) != 0 || (keyword->accepts() & kind) == 0;
+        if (asks && !keyword->evaluate(instance, *this))
             valid = false;
     }
     return valid;
@@ -132,7 +136,7 @@ void Evaluation::refuseLength() const {
 // ---- findings
 
 bool Evaluation::rejects(const Node& node) {
-    if (!explains_ || findings_.size() >= mostErrors)
+    if (findings_.size() >= mostErrors)
         return false;
     const Place& place = *node.place;
     const bool isProperty = !path_.empty() && path_.back().index == notAnIndex;

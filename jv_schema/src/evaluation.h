@@ -28,10 +28,12 @@ class Evaluation {
 
     /// Whether an instance satisfies a schema.
     [[nodiscard]] bool apply(const Node& node, const JV& instance) {
-        if (node.form == Node::Form::True)
-            return true;
-        if (node.form == Node::Form::False && !explains_)
-            return false;
+        if (!explains_) {
+            if ((node.accepts & only(instance.kind())) == 0)
+                return false;
+            if (node.entries.empty())
+                return true;
+        }
         return applyKeywords(node, instance);
     }
 
@@ -119,7 +121,7 @@ class Evaluation {
         const Application* outer;
     };
 
-    [[nodiscard]] bool applyKeywords(const Node& start, const JV& instance);
+    [[nodiscard]] bool applyKeywords(const Node& node, const JV& instance);
     [[nodiscard]] bool applyBelow(const Node& node, const JV& child, Step step) {
         if (explains_)
             return explainBelow(node, child, step);
@@ -131,6 +133,7 @@ class Evaluation {
     }
     [[nodiscard]] bool explainBelow(const Node& node, const JV& child, Step step);
     [[nodiscard]] bool evaluateAll(const Node& node, const JV& instance);
+    [[nodiscard]] bool explainAll(const Node& node, const JV& instance);
     [[nodiscard]] bool rejects(const Node& node);
     [[noreturn]] void refuseDepth(const Node& node, const JV& instance) const;
     [[noreturn]] void refuseLength() const;

@@ -17,8 +17,10 @@ namespace {
 class Type : public Keyword {
   public:
     Type(const Site& site, KindSet kinds, bool integers, std::string names)
-        : Keyword(site.place, site.keyword), kinds_(kinds), integers_(integers),
-          byForm_(site.dialect().draft() == Draft::D4), names_(std::move(names)) {}
+        : Keyword(site.place, site.keyword, integers ? only(Kind::Number) : KindSet{0},
+                  integers ? kinds | only(Kind::Number) : kinds),
+          kinds_(kinds), integers_(integers), byForm_(site.dialect().draft() == Draft::D4),
+          names_(std::move(names)) {}
 
     [[nodiscard]] bool evaluate(const JV& instance, Evaluation& evaluation) const override {
         if ((kinds_ & only(instance.kind())) != 0 || (integers_ && isInteger(instance)))
