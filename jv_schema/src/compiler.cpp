@@ -90,6 +90,12 @@ Node& Compiler::nodeOf(Place& place) {
     return *place.node;
 }
 
+Node& Compiler::referredNodeOf(Place& place) {
+    Node& node = nodeOf(place);
+    node.isShared = true;
+    return node;
+}
+
 void Compiler::compileWaiting() {
     while (!waiting_.empty()) {
         Node& node = *waiting_.back();
@@ -149,6 +155,7 @@ void Compiler::shortenAliases() {
             continue;
         node.accepts = node.alias->accepts;
         node.tracks = node.alias->tracks;
+        node.isShared = node.alias->isShared;
         node.entries = node.alias->entries;
     }
 }

@@ -43,6 +43,16 @@ std::string described(const JV& value) {
     return "an object";
 }
 
+std::string alternatives(std::span<const std::string_view> names) {
+    std::string text;
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        if (i != 0)
+            text += i + 1 == names.size() ? " or " : ", ";
+        text += names[i];
+    }
+    return text;
+}
+
 std::string_view typeOf(const JV& value) {
     return value.isNumber() && isIntegral(value.number()) ? "integer" : typeName(value.kind());
 }

@@ -2,6 +2,7 @@
 
 #include "jv/jv.h"
 
+#include <span>        // std::span
 #include <string>      // std::string
 #include <string_view> // std::string_view
 
@@ -13,6 +14,9 @@ namespace specloom::jv::schema {
 /// A value as messages show it: the text of a scalar, strings in single quotes, or "an array" and "an
 /// object".
 [[nodiscard]] std::string described(const JV& value);
+
+/// "a, b or c".
+[[nodiscard]] std::string alternatives(std::span<const std::string_view> names);
 
 /// "integer" for a number without a fraction, else the name of the kind.
 [[nodiscard]] std::string_view typeOf(const JV& value);

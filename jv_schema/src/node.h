@@ -64,6 +64,7 @@ struct Node {
     KindSet accepts = everyKind;
     /// Whether a keyword wants to know what the others have evaluated.
     bool tracks = false;
+    bool isShared = false;      ///< whether a reference leads here, so that there may be many ways
     std::vector<Entry> entries; ///< what is to be asked to decide; those of the alias, if there is one
     std::vector<std::unique_ptr<const Keyword>> keywords;
 };
