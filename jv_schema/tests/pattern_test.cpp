@@ -198,6 +198,11 @@ TEST(Pattern, AnswersHostilePatternsInBoundedWork) {
     std::mt19937 random(1);
     for (std::size_t i = 0; i < 200'000; ++i)
         mixed += random() % 2 == 0 ? 'a' : 'b';
+    std::string ideographs;
+    for (char second = 0; second < 32; ++second) {
+        for (char third = 0; third < 64; ++third)
+            ideographs += {'\xE5', static_cast<char>('\x80' + second), static_cast<char>('\x80' + third)};
+    }
     struct Case {
         std::string pattern;
         std::string text;
@@ -215,6 +220,9 @@ TEST(Pattern, AnswersHostilePatternsInBoundedWork) {
         // More states than are remembered: they are forgotten and made again.
         {"[ab]*a[ab]{14}c", mixed + "b" + repeated("a", 14) + "c", Outcome::NoMatch},
         {"[ab]*a[ab]{14}c", mixed + "a" + repeated("b", 14) + "c", Outcome::Match},
+        // More characters than rows of remembered states have room for.
+        {"^(?:" + ideographs + ")+$", ideographs + ideographs, Outcome::Match},
+        {"^(?:" + ideographs + ")+$", ideographs + "a", Outcome::NoMatch},
         {"(.{1,50000}b)+$", many, Outcome::TooCostly},
         {repeated("(?!b)", 1'000) + "c", many, Outcome::TooCostly},
     };
@@ -232,7 +240,7 @@ TEST(Pattern, IsSearchedWithByThreadsAtOnce) {
     for (int i = 0; i < 4; ++i) {
         threads.emplace_back([&pattern, i] {
             const std::string text = repeated("abdef", static_cast<std::size_t>(i));
-            for (int round = 0; round < 2'000; ++round) {
+            for (int round = 0; round < 20'000; ++round) {
                 EXPECT_EQ(pattern.search(text), Outcome::Match);
                 EXPECT_EQ(pattern.search(text + "a"), Outcome::NoMatch);
             }
