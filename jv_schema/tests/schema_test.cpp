@@ -49,7 +49,7 @@ TEST(SchemaErrors, SayWhereAndWhat) {
          R"({"a~b": "xy"})",
          {" | #/required | required | missing property 'title'",
           " | #/required | required | missing property 'a/b'",
-          "/a~0b | #/properties/a~0b/maxLength | maxLength | must have at most 1 characters, has 2"}},
+          "/a~0b | #/properties/a~0b/maxLength | maxLength | must have at most 1 character, has 2"}},
         {R"({"$id": "http://x/y", "items": {"$ref": "#/$defs/p"}, "$defs": {"p": {"minimum": 1}}})",
          "[1, 0]",
          {"/1 | http://x/y#/$defs/p/minimum | minimum | must be at least 1, is 0"}},
@@ -100,6 +100,12 @@ TEST(SchemaErrors, SayWhereAndWhat) {
         SCOPED_TRACE(row.schema);
         EXPECT_EQ(errorsOf(compiled(row.schema), row.instance), row.errors);
     }
+    const std::string format = R"({"format": "date"})";
+    CompileOptions asserting;
+    asserting.assertFormats = true;
+    EXPECT_THAT(errorsOf(compiled(format, asserting), "\"2024-13-01\""),
+                testing::ElementsAre(" | #/format | format | must have format 'date', is '2024-13-01'"));
+    EXPECT_THAT(errorsOf(compiled(format), "\"2024-13-01\""), testing::IsEmpty());
 }
 
 TEST(SchemaErrors, AreThoseOfTheClosestBranch) {

@@ -41,8 +41,10 @@ class Contains : public Keyword {
         if (found >= least_ && found <= most_)
             return true;
         return evaluation.fail(*this, [&] {
-            return found < least_ ? fmt::format(message::containsNone, least_, found)
-                                  : fmt::format(message::containsMany, most_, found);
+            return found < least_ ? fmt::format(message::containsNone,
+                                                counted(least_, "matching item", "matching items"), found)
+                                  : fmt::format(message::containsMany,
+                                                counted(most_, "matching item", "matching items"), found);
         });
     }
 
