@@ -90,6 +90,12 @@ Node& Compiler::nodeOf(Place& place) {
     return *place.node;
 }
 
+Node& Compiler::referredNodeOf(Place& place) {
+    Node& node = nodeOf(place);
+    node.isShared = true;
+    return node;
+}
+
 void Compiler::compileWaiting() {
     while (!waiting_.empty()) {
         Node& node = *waiting_.back();
@@ -102,7 +108,7 @@ void Compiler::compileNode(Node& node) {
     const Place& place = *node.place;
     const JV& schema = *place.schema;
     if (schema.isBoolean()) {
-        node.form = schema.boolean() ? Node::Form::True : Node::Form::False;
+        node.accepts = schema.boolean() ? everyKind : KindSet{0};
         return;
     }
     if (!schema.isObject())
@@ -120,12 +126,12 @@ void Compiler::compileNode(Node& node) {
     for (const auto& [entry, value] : found) {
         if (auto keyword = entry->make(Site{*this, place, *value, entry->name})) {
             node.tracks |= entry->vocabulary == Vocabulary::Unevaluated;
-            node.entries.push_back({keyword->kinds(), keyword.get()});
+            node.accepts &= keyword->accepts();
+            if (keyword->kinds() != 0)
+                node.entries.push_back({keyword->kinds(), keyword.get()});
             node.keywords.push_back(std::move(keyword));
         }
     }
-    if (node.keywords.empty())
-        node.form = Node::Form::True;
     if (node.keywords.size() == 1)
         node.alias = plainReference(*node.keywords.front());
 }
@@ -143,6 +149,14 @@ void Compiler::shortenAliases() {
             link->alias = end;
             link = next;
         }
+    }
+    for (Node& node : program_->nodes) {
+        if (node.alias == nullptr)
+            continue;
+        node.accepts = node.alias->accepts;
+        node.tracks = node.alias->tracks;
+        node.isShared = node.alias->isShared;
+        node.entries = node.alias->entries;
     }
 }
 

@@ -39,6 +39,8 @@ class Compiler {
     /// The node of a schema that was seen, to be filled in later.
     [[nodiscard]] Node& nodeOf(const JV& schema) { return nodeOf(program_->places.at(&schema)); }
     [[nodiscard]] Node& nodeOf(Place& place);
+    /// The same for the target of a reference.
+    [[nodiscard]] Node& referredNodeOf(Place& place);
     /// The schema that a reference in `from` leads to. Throws CompileError.
     [[nodiscard]] Place& resolve(const Site& from, std::string_view reference);
     /// A number for the name of dynamic anchors; the nodes of all that have it will be there.

@@ -3,20 +3,27 @@
 #include "jv_schema/node.h"
 #include "jv_schema/schema.h"
 
-#include <cstddef>     // std::size_t
-#include <span>        // std::span
-#include <stdexcept>   // std::runtime_error
-#include <string>      // std::string
-#include <string_view> // std::string_view
-#include <vector>      // std::vector
+#include <cstddef>       // std::size_t
+#include <span>          // std::span
+#include <stdexcept>     // std::runtime_error
+#include <string>        // std::string
+#include <string_view>   // std::string_view
+#include <unordered_map> // std::unordered_map
+#include <unordered_set> // std::unordered_set
+#include <vector>        // std::vector
 
 namespace specloom::jv::schema {
 
 /// A limit was reached: neither valid nor invalid, but no answer.
 struct Refusal : std::runtime_error {
-    explicit Refusal(ValidationError reason) : std::runtime_error(reason.message), error(std::move(reason)) {}
+    explicit Refusal(ValidationError reason, bool final = false)
+        : std::runtime_error(reason.message), error(std::move(reason)), isFinal(final) {}
     ValidationError error;
+    bool isFinal; ///< explaining would tell no more
 };
+
+/// As many errors as are wanted were found.
+struct Enough {};
 
 /// One evaluation of a schema over an instance. Deciding stops at the first fault and allocates nothing
 /// unless the schema asks what was evaluated; explaining goes on and collects.
@@ -28,10 +35,12 @@ class Evaluation {
 
     /// Whether an instance satisfies a schema.
     [[nodiscard]] bool apply(const Node& node, const JV& instance) {
-        if (node.form == Node::Form::True)
-            return true;
-        if (node.form == Node::Form::False && !explains_)
-            return false;
+        if (!explains_) {
+            if ((node.accepts & only(instance.kind())) == 0)
+                return false;
+            if (node.entries.empty())
+                return true;
+        }
         return applyKeywords(node, instance);
     }
 
@@ -89,9 +98,11 @@ class Evaluation {
         return std::span(marks_).subspan(firstMark_);
     }
 
-    /// The same, but without explaining.
+    // The same, but without explaining.
     [[nodiscard]] bool probe(const Node& node, const JV& instance);
-    [[nodiscard]] bool probe(const Node& node, const JV& child, std::size_t index);
+    [[nodiscard]] bool probeChild(const Node& node, const JV& child);
+    /// For a value that is gone afterwards.
+    [[nodiscard]] bool probeTemporary(const Node& node, const JV& value);
 
     struct Finding {
         ValidationError error;
@@ -99,10 +110,9 @@ class Evaluation {
         std::string_view keyword;
     };
 
-    [[nodiscard]] std::size_t findingCount() const noexcept { return findings_.size(); }
     [[nodiscard]] std::size_t depth() const noexcept { return path_.size(); }
-    /// Takes the findings from `first` on away.
-    [[nodiscard]] std::vector<Finding> takeFindings(std::size_t first);
+    /// What there is to find when a schema is applied, for a choice of what is told.
+    [[nodiscard]] std::vector<Finding> findingsOf(const Node& node, const JV& instance);
     void putFindings(std::vector<Finding> findings);
     [[nodiscard]] std::vector<ValidationError> takeErrors();
 
@@ -118,8 +128,16 @@ class Evaluation {
         const JV* instance;
         const Application* outer;
     };
+    struct Question {
+        const Node* node;
+        const JV* instance;
+        friend bool operator==(const Question&, const Question&) = default;
+    };
+    struct QuestionHash {
+        std::size_t operator()(const Question& question) const noexcept;
+    };
 
-    [[nodiscard]] bool applyKeywords(const Node& start, const JV& instance);
+    [[nodiscard]] bool applyKeywords(const Node& node, const JV& instance);
     [[nodiscard]] bool applyBelow(const Node& node, const JV& child, Step step) {
         if (explains_)
             return explainBelow(node, child, step);
@@ -130,11 +148,15 @@ class Evaluation {
         return valid;
     }
     [[nodiscard]] bool explainBelow(const Node& node, const JV& child, Step step);
+    [[nodiscard]] bool applyRemembering(const Node& node, const JV& instance);
+    [[nodiscard]] bool applyOnce(const Node& node, const JV& instance);
     [[nodiscard]] bool evaluateAll(const Node& node, const JV& instance);
+    [[nodiscard]] bool explainAll(const Node& node, const JV& instance);
     [[nodiscard]] bool rejects(const Node& node);
     [[noreturn]] void refuseDepth(const Node& node, const JV& instance) const;
     [[noreturn]] void refuseLength() const;
     void add(const Keyword& keyword, std::string message);
+    void add(Finding finding);
     [[nodiscard]] std::string pointer() const;
 
     const Program& program_;
@@ -149,6 +171,10 @@ class Evaluation {
     std::vector<Step> path_;             ///< to the instance at hand, when explaining
     const Application* way_ = nullptr;   ///< the schemas on the way, innermost first
     std::vector<Finding> findings_;
+    std::size_t choices_ = 0;     ///< how many findingsOf() are on the way
+    std::size_t temporaries_ = 0; ///< how many probeTemporary() are on the way
+    std::unordered_map<Question, bool, QuestionHash> answers_;
+    std::unordered_set<Question, QuestionHash> told_; ///< shared schemas whose faults were found
 };
 
 } // namespace specloom::jv::schema

@@ -80,12 +80,23 @@ struct Decimal {
     return value.kind() != NumberKind::Float || std::isfinite(value.floatValue());
 }
 
+/// Whether a number is a float, or an integer that is one.
+[[nodiscard]] bool isExactDouble(const Number& value) noexcept {
+    constexpr std::uint64_t limit = std::uint64_t{1} << std::numeric_limits<double>::digits;
+    if (value.kind() == NumberKind::Float)
+        return std::isfinite(value.floatValue());
+    return isMachineInteger(value) && magnitude(value) <= limit;
+}
+
 [[nodiscard]] number::BigFloat toBig(const Number& value) {
     number::BigFloat result;
     if (value.kind() == NumberKind::Signed)
         static_cast<void>(result.setInt(value.signedValue()));
     else if (value.kind() == NumberKind::Unsigned)
         static_cast<void>(result.setUInt(value.unsignedValue()));
+    else if (value.kind() == NumberKind::Float && std::isfinite(value.floatValue()))
+        static_cast<void>(number::BigFloat::fromText(result, value.toString(), nullptr, 10,
+                                                     number::bigPrecision, number::roundNearestEven));
     else if (value.kind() == NumberKind::Float)
         static_cast<void>(result.setDouble(value.floatValue()));
     else
@@ -98,11 +109,8 @@ struct Decimal {
 std::optional<int> compareExactly(const Number& a, const Number& b) {
     if (isMachineInteger(a) && isMachineInteger(b))
         return a.compare(b);
-    if (a.kind() == NumberKind::Float && b.kind() == NumberKind::Float) {
-        if (std::isnan(a.floatValue()) || std::isnan(b.floatValue()))
-            return std::nullopt;
+    if (isExactDouble(a) && isExactDouble(b))
         return a.compare(b);
-    }
     const int order = number::BigFloat::compareFull(toBig(a), toBig(b));
     return order == 2 ? std::nullopt : std::optional<int>(order);
 }

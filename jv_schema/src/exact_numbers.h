@@ -6,7 +6,8 @@
 #include <optional> // std::optional
 
 /// Decisions on numbers of all kinds by their exact values; number::Number itself compares integers and
-/// floats as floats, and knows no multiples of big numbers.
+/// floats as floats, and knows no multiples of big numbers. Beside a number of another kind, a float stands
+/// for the shortest decimal digits that mean it: 0.1 is a tenth.
 namespace specloom::jv::schema {
 
 /// -1, 0 or 1 as `a` is below, equal to or above `b`; empty when one of them is not-a-number.
@@ -19,7 +20,7 @@ namespace specloom::jv::schema {
 class Divisor {
   public:
     /// Empty for a number that is not above 0, or whose digits without the zeros at both ends are more than
-    /// 64 bits hold. A float stands for the shortest decimal digits that mean it: 0.1 is a tenth.
+    /// 64 bits hold.
     [[nodiscard]] static std::optional<Divisor> of(const number::Number& value);
 
     /// Whether `value`, as its shortest decimal digits have it, is an integral multiple.

@@ -2,8 +2,6 @@
 
 #include "jv_schema/exact_numbers.h"
 
-#include <cstddef> // std::size_t
-
 namespace specloom::jv::schema {
 
 namespace {
@@ -41,6 +39,20 @@ std::string described(const JV& value) {
         break;
     }
     return "an object";
+}
+
+std::string counted(std::size_t count, std::string_view one, std::string_view many) {
+    return std::to_string(count).append(1, ' ').append(count == 1 ? one : many);
+}
+
+std::string alternatives(std::span<const std::string_view> names) {
+    std::string text;
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        if (i != 0)
+            text += i + 1 == names.size() ? " or " : ", ";
+        text += names[i];
+    }
+    return text;
 }
 
 std::string_view typeOf(const JV& value) {

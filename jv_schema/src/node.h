@@ -24,14 +24,16 @@ inline constexpr KindSet everyKind = 0x3f;
 /// One keyword of one schema, compiled; immutable.
 class Keyword {
   public:
-    /// `kinds` are those of the instances that the keyword has something to say of.
-    Keyword(const Place& owner, std::string_view name, KindSet kinds = everyKind)
-        : owner_(&owner), name_(name), kinds_(kinds) {}
+    /// `kinds` are those of the instances that the keyword has to look at, `accepts` those of the instances
+    /// that it does not refuse out of hand.
+    Keyword(const Place& owner, std::string_view name, KindSet kinds = everyKind, KindSet accepts = everyKind)
+        : owner_(&owner), name_(name), kinds_(kinds), accepts_(accepts) {}
     Keyword(const Keyword&) = delete;
     Keyword& operator=(const Keyword&) = delete;
     virtual ~Keyword() = default;
 
-    /// Whether an instance of one of kinds() satisfies the keyword. Faults go to `evaluation` when it
+    /// Whether an instance satisfies the keyword. Only asked for those of kinds(), and for those that it does
+    /// not accept, to say so. Faults go to `evaluation` when it
     /// collects them; when it does not, the first one ends the work.
     [[nodiscard]] virtual bool evaluate(const JV& instance, Evaluation& evaluation) const = 0;
 
@@ -39,17 +41,17 @@ class Keyword {
     [[nodiscard]] const Place& owner() const noexcept { return *owner_; }
     [[nodiscard]] std::string_view name() const noexcept { return name_; }
     [[nodiscard]] KindSet kinds() const noexcept { return kinds_; }
+    [[nodiscard]] KindSet accepts() const noexcept { return accepts_; }
 
   private:
     const Place* owner_;
     std::string_view name_;
     KindSet kinds_;
+    KindSet accepts_;
 };
 
 /// One schema, compiled; immutable after the compiler has finished.
 struct Node {
-    enum class Form : std::uint8_t { Keywords, True, False };
-
     struct Entry {
         KindSet kinds;
         const Keyword* keyword;
@@ -58,10 +60,12 @@ struct Node {
     const Place* place = nullptr;
     /// The schema that stands for this one, which is a mere reference to it.
     const Node* alias = nullptr;
-    Form form = Form::Keywords;
+    /// Instances of other kinds are invalid without a further look; none for the schema false.
+    KindSet accepts = everyKind;
     /// Whether a keyword wants to know what the others have evaluated.
     bool tracks = false;
-    std::vector<Entry> entries; ///< of `keywords`, close together
+    bool isShared = false;      ///< whether a reference leads here, so that there may be many ways
+    std::vector<Entry> entries; ///< what is to be asked to decide; those of the alias, if there is one
     std::vector<std::unique_ptr<const Keyword>> keywords;
 };
 

@@ -62,9 +62,11 @@ class Pattern {
     static constexpr std::uint32_t maxInstructions = 250'000;
     /// Groups within one another.
     static constexpr std::size_t maxNesting = 250;
-    /// Steps of one search, before it is TooCostly: instructions looked at, one for each of the states that
-    /// the automaton is in at a place of the text. What a search remembers of earlier places and searches is
-    /// free, so that common patterns take a text of any length. It is about one second.
+    /// Steps of one search before it is TooCostly, which take less than a second: instructions looked at, one
+    /// for each of the states that the automaton is in at a place of the text. What is remembered of earlier
+    /// places and searches is free, so that common patterns take a text of any length. With lookarounds, and
+    /// with more than 1,000 classes of characters, nothing is remembered, and the bytes of the text times the
+    /// lookarounds and one may not be more than this either.
     static constexpr std::uint64_t maxSteps = 100'000'000;
 
     /// Takes UTF-8. Throws PatternError.

@@ -2,7 +2,7 @@
 
 #include "foundation/unreachable.h"
 
-#include <algorithm> // std::ranges::sort
+#include <algorithm> // std::ranges::sort, std::unique
 #include <utility>   // std::move
 
 namespace specloom::jv::schema {
@@ -37,8 +37,7 @@ Uses usesOf(const PatternSyntax& syntax) {
     for (const PatternNode& body : syntax.lookarounds)
         uses.visit(body);
     std::ranges::sort(uses.characters);
-    const auto [first, last] = std::ranges::unique(uses.characters);
-    uses.characters.erase(first, last);
+    uses.characters.erase(std::unique(uses.characters.begin(), uses.characters.end()), uses.characters.end());
     return uses;
 }
 

@@ -2,7 +2,7 @@
 
 #include "jv_schema/pattern.h"
 
-#include <algorithm> // std::ranges::sort
+#include <algorithm> // std::ranges::sort, std::ranges::upper_bound, std::unique
 
 namespace specloom::jv::schema {
 
@@ -61,8 +61,7 @@ void CharacterClasses::cut(std::span<const CharSet> sets, std::span<const char32
     for (const char32_t character : characters)
         addRange(character, character);
     std::ranges::sort(begins_);
-    const auto [first, last] = std::ranges::unique(begins_);
-    begins_.erase(first, last);
+    begins_.erase(std::unique(begins_.begin(), begins_.end()), begins_.end());
 }
 
 /// Parts each class that has members both among the segments and outside.

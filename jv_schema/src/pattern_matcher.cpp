@@ -53,8 +53,12 @@ Outcome Matcher::searchCached(std::string_view text) {
                 text.remove_prefix(character.length);
             }
         }
-        const StateId next = transitions_[state * rowSize_ + characterClass];
-        state = next != unknown ? next : transition(state, characterClass);
+        const StateId next = transitions_[state + characterClass];
+        if (next != unknown) {
+            state = next;
+            continue;
+        }
+        state = transition(state, characterClass);
         if (main_.steps() > Pattern::maxSteps)
             return Outcome::TooCostly;
     }
@@ -71,7 +75,7 @@ Matcher::StateId Matcher::startState() {
 
 /// Finds and remembers where a character, or the end of the text, leads.
 Matcher::StateId Matcher::transition(StateId from, std::uint32_t characterClass) {
-    const State state = states_[from];
+    const State state = states_[from / rowSize_];
     const bool last = characterClass == set_.classes.count();
     const bool wordAfter = !last && set_.wordClasses[characterClass];
     main_.restore(std::span(kept_).subspan(state.begin, state.end - state.begin));
@@ -89,7 +93,7 @@ Matcher::StateId Matcher::transition(StateId from, std::uint32_t characterClass)
                 return to; // `from` is forgotten.
         }
     }
-    transitions_[from * rowSize_ + characterClass] = to;
+    transitions_[from + characterClass] = to;
     return to;
 }
 
@@ -97,7 +101,7 @@ Matcher::StateId Matcher::stateOf(std::vector<std::uint32_t> instructions, bool 
     std::ranges::sort(instructions);
     const std::uint64_t hash = hashOf(instructions, wordBefore);
     for (auto [place, end] = byHash_.equal_range(hash); place != end; ++place) {
-        const State& state = states_[place->second];
+        const State& state = states_[place->second / rowSize_];
         const auto kept = std::span(kept_).subspan(state.begin, state.end - state.begin);
         if (state.first == first && state.wordBefore == wordBefore && std::ranges::equal(kept, instructions))
             return place->second;
@@ -113,8 +117,9 @@ Matcher::StateId Matcher::addState(std::span<const std::uint32_t> instructions, 
     const auto begin = static_cast<std::uint32_t>(kept_.size());
     kept_.insert(kept_.end(), instructions.begin(), instructions.end());
     states_.push_back({begin, static_cast<std::uint32_t>(kept_.size()), first, wordBefore});
+    const auto row = static_cast<StateId>(transitions_.size());
     transitions_.resize(transitions_.size() + rowSize_, unknown);
-    return static_cast<StateId>(states_.size() - 1);
+    return row;
 }
 
 void Matcher::forget() {
@@ -131,13 +136,12 @@ Outcome Matcher::searchUncached(std::string_view text) {
     if (text.size() > Pattern::maxSteps / (set_.lookarounds.size() + 1))
         return Outcome::TooCostly;
     decode(text);
-    std::uint64_t budget = Pattern::maxSteps;
-    table_.resize(lookarounds_.size());
-    for (std::size_t i = 0; i < lookarounds_.size(); ++i) {
-        if (!fillTable(i, budget))
-            return Outcome::TooCostly;
+    const Outcome outcome = runAll();
+    if (characters_.capacity() > maxKept) { // A large text is not paid for when the next one is small.
+        characters_ = {};
+        table_ = {};
     }
-    return run(budget);
+    return outcome;
 }
 
 void Matcher::decode(std::string_view text) {
@@ -184,6 +188,16 @@ bool Matcher::fillTable(std::size_t lookaround, std::uint64_t& budget) {
     }
     budget -= simulation.steps();
     return true;
+}
+
+Outcome Matcher::runAll() {
+    std::uint64_t budget = Pattern::maxSteps;
+    table_.resize(lookarounds_.size());
+    for (std::size_t i = 0; i < lookarounds_.size(); ++i) {
+        if (!fillTable(i, budget))
+            return Outcome::TooCostly;
+    }
+    return run(budget);
 }
 
 Outcome Matcher::run(std::uint64_t budget) {

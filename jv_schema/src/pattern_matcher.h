@@ -21,7 +21,7 @@ class Matcher {
     [[nodiscard]] Pattern::Outcome search(std::string_view text);
 
   private:
-    /// Index of a deterministic state, or one of the three below.
+    /// Where the row of a deterministic state begins in transitions_, or one of the three below.
     using StateId = std::uint32_t;
     static constexpr StateId unknown = UINT32_MAX;
     static constexpr StateId dead = UINT32_MAX - 1;
@@ -46,6 +46,7 @@ class Matcher {
     void decode(std::string_view text);
     [[nodiscard]] Place placeAt(std::size_t index, Direction direction) const;
     [[nodiscard]] std::uint32_t characterAt(std::size_t index, Direction direction) const;
+    [[nodiscard]] Pattern::Outcome runAll();
     [[nodiscard]] bool fillTable(std::size_t lookaround, std::uint64_t& budget);
     [[nodiscard]] Pattern::Outcome run(std::uint64_t budget);
 

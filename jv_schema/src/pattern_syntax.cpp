@@ -16,6 +16,8 @@ namespace {
 
 using Kind = PatternNode::Kind;
 
+constexpr std::size_t rangesOfPart = 16;
+
 struct Bounds {
     std::uint32_t min;
     std::uint32_t max;
@@ -454,7 +456,7 @@ class Parser {
         if (skip("b"))
             return '\b';
         if (const std::optional<CharSet> escaped = classEscape(begin)) {
-            count(escaped->ranges().size() / 16, begin);
+            count(escaped->ranges().size() / rangesOfPart, begin);
             members.add(*escaped);
             return std::nullopt;
         }
@@ -477,13 +479,14 @@ class Parser {
         const auto [place, isNew] =
             setIndex_.try_emplace(std::move(key), static_cast<std::uint32_t>(syntax_.sets.size()));
         if (isNew) {
-            count(ranges.size() / 16, position_);
+            count(ranges.size() / rangesOfPart, position_);
             syntax_.sets.push_back(members);
         }
         return {.kind = Kind::Set, .zeroWidth = false, .value = place->second, .size = 1};
     }
 
-    /// Keeps the memory of the syntax within bounds where it makes no instructions, as empty groups do.
+    /// Keeps the memory of the syntax within bounds where it makes no instructions, as empty groups do, or
+    /// large ones, as the sets of properties: 16 ranges count as one part.
     void count(std::size_t parts, std::size_t offset) { parts_ = sum(parts_, parts, offset); }
 
     static std::uint32_t sum(std::uint32_t size, std::uint64_t more, std::size_t offset) {

@@ -3,7 +3,8 @@
 #include "jv_schema/compiler.h"
 #include "jv_schema/evaluation.h"
 
-#include <utility> // std::move
+#include <optional> // std::optional
+#include <utility>  // std::move
 
 namespace specloom::jv::schema {
 
@@ -22,15 +23,28 @@ bool Schema::isValid(const JV& instance) const {
 
 std::vector<ValidationError> Schema::validate(const JV& instance) const {
     // Most instances are valid, and deciding so is far cheaper than looking for what to say.
-    if (isValid(instance))
-        return {};
+    std::optional<ValidationError> undecided;
+    try {
+        Evaluation evaluation(*program_, Evaluation::Mode::Decide);
+        if (evaluation.apply(*program_->root, instance))
+            return {};
+    } catch (const Refusal& refusal) {
+        if (refusal.isFinal)
+            return {refusal.error};
+        undecided = refusal.error;
+    }
     Evaluation evaluation(*program_, Evaluation::Mode::Explain);
     try {
         static_cast<void>(evaluation.apply(*program_->root, instance));
     } catch (const Refusal& refusal) {
         return {refusal.error};
+    } catch (const Enough&) {
+        // There are errors enough.
     }
-    return evaluation.takeErrors();
+    std::vector<ValidationError> errors = evaluation.takeErrors();
+    if (errors.empty() && undecided)
+        errors.push_back(*undecided);
+    return errors;
 }
 
 } // namespace specloom::jv::schema

@@ -47,11 +47,13 @@ struct CompileOptions {
 };
 
 /// So many schemas may be applied within one another, to a value or to what it holds. Bounds the stack.
-inline constexpr std::size_t deepestEvaluation = 2000;
-/// So many times may schemas be applied in all. Bounds the time for schemas that reach the same schema by
-/// many ways: thirty levels of two references to the next level would take 2^30 applications.
-inline constexpr std::size_t longestEvaluation = 200'000'000;
-/// So many errors are collected.
+inline constexpr std::size_t deepestEvaluation = 1500;
+/// So many times may schemas be applied in all. Schemas that reach others by many ways (thirty levels of two
+/// references to the next one are 2^30 ways) are decided nevertheless, because what a schema said of a value
+/// is remembered in long evaluations; unless they ask for unevaluated properties or refer dynamically, since
+/// then the way matters.
+inline constexpr std::size_t longestEvaluation = 50'000'000;
+/// So many errors are collected, then the search ends.
 inline constexpr std::size_t mostErrors = 10'000;
 
 /// A JSON Schema, compiled once and evaluated often; copies share what was compiled. Drafts 4, 6, 7, 2019-09
@@ -69,9 +71,9 @@ class Schema {
     /// What is wrong with an instance, in the order of the schema's keywords and the instance's keys; empty
     /// when it is valid. Of the branches of `anyOf` and `oneOf` the one that came closest speaks. When a
     /// limit was reached this is the only error, with one of the texts
-    ///   "schema is nested more than 2000 levels deep"
+    ///   "schema is nested more than 1500 levels deep"
     ///   "schema refers to itself without end"
-    ///   "schema takes more than 200000000 steps"
+    ///   "schema takes more than 50000000 steps"
     ///   "pattern '...' takes too many steps"
     [[nodiscard]] std::vector<ValidationError> validate(const JV& instance) const;
 

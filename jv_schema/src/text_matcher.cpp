@@ -72,6 +72,8 @@ bool TextMatcher::readPrefixOrChoice(std::string_view source) {
     else
         return false;
     texts_ = std::move(texts);
+    if (texts_.size() == 1 && !texts_.front().empty())
+        first_ = texts_.front().front();
     return true;
 }
 
@@ -108,7 +110,7 @@ bool TextMatcher::readBytes(std::string_view source) {
     return true;
 }
 
-TextMatcher::Outcome TextMatcher::search(std::string_view text) const {
+TextMatcher::Outcome TextMatcher::searchShape(std::string_view text) const {
     bool matches = false;
     switch (shape_) {
     case Shape::Anything:

@@ -19,7 +19,11 @@ class TextMatcher {
     /// Throws PatternError.
     explicit TextMatcher(std::string_view source);
 
-    [[nodiscard]] Outcome search(std::string_view text) const;
+    [[nodiscard]] Outcome search(std::string_view text) const {
+        if (first_ != '\0' && (text.empty() || text.front() != first_))
+            return Outcome::NoMatch;
+        return searchShape(text);
+    }
 
   private:
     enum class Shape {
@@ -30,10 +34,12 @@ class TextMatcher {
         General,
     };
 
+    [[nodiscard]] Outcome searchShape(std::string_view text) const;
     [[nodiscard]] bool readPrefixOrChoice(std::string_view source);
     [[nodiscard]] bool readBytes(std::string_view source);
 
     Shape shape_ = Shape::General;
+    char first_ = '\0'; ///< the byte that every match begins with, if there is one
     std::vector<std::string> texts_;
     std::array<bool, 256> bytes_{};
     bool mayBeEmpty_ = false;

@@ -38,6 +38,39 @@ constexpr std::size_t fewValues = 8; // are compared one by one
     }
 }
 
+enum class Comparison { Equal, Different, Unknown };
+
+[[nodiscard]] bool isContainer(const JV& value) noexcept {
+    return value.isArray() || value.isObject();
+}
+
+[[nodiscard]] Comparison comparedShallowly(const JV& a, const JV& b) {
+    if (a.kind() != b.kind() || a.size() != b.size())
+        return Comparison::Different;
+    if (isContainer(a))
+        return a.size() == 0 ? Comparison::Equal : Comparison::Unknown;
+    return equalValues(a, b) ? Comparison::Equal : Comparison::Different;
+}
+
+/// Compares the children of two containers of one kind and size, but not theirs: most that differ do so here.
+[[nodiscard]] Comparison compareChildren(const JV& a, const JV& b) {
+    Comparison result = Comparison::Equal;
+    for (std::size_t i = 0; i < a.size() && result != Comparison::Different; ++i) {
+        Comparison child;
+        if (a.isArray()) {
+            child = comparedShallowly(*a.elements()[i], *b.elements()[i]);
+        } else {
+            const Member one = a.members()[i];
+            const Member two = b.members()[i];
+            child = one.key.data() != two.key.data() ? Comparison::Different
+                                                     : comparedShallowly(*one.value, *two.value);
+        }
+        if (child != Comparison::Equal)
+            result = child;
+    }
+    return result;
+}
+
 } // namespace
 
 bool equalValues(const JV& a, const JV& b) {
@@ -56,7 +89,10 @@ bool equalValues(const JV& a, const JV& b) {
     case Kind::Object:
         break;
     }
-    return a.equals(b);
+    if (a.size() != b.size())
+        return false;
+    const Comparison children = compareChildren(a, b);
+    return children == Comparison::Equal || (children == Comparison::Unknown && a.equals(b));
 }
 
 std::uint64_t hashOfValue(const JV& value, std::size_t& visited) {

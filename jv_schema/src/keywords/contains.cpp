@@ -29,11 +29,10 @@ class Contains : public Keyword {
     [[nodiscard]] bool evaluate(const JV& instance, Evaluation& evaluation) const override {
         const bool needsAll = most_ != unlimited || evaluation.explains() || (marks_ && evaluation.tracks());
         std::size_t found = 0;
-        std::size_t index = 0;
         for (const JV* item : instance.elements()) {
             if (found >= least_ && !needsAll)
                 return true;
-            if (!evaluation.probe(node_, *item, index++))
+            if (!evaluation.probeChild(node_, *item))
                 continue;
             ++found;
             if (marks_)
@@ -42,8 +41,10 @@ class Contains : public Keyword {
         if (found >= least_ && found <= most_)
             return true;
         return evaluation.fail(*this, [&] {
-            return found < least_ ? fmt::format(message::containsNone, least_, found)
-                                  : fmt::format(message::containsMany, most_, found);
+            return found < least_ ? fmt::format(message::containsNone,
+                                                counted(least_, "matching item", "matching items"), found)
+                                  : fmt::format(message::containsMany,
+                                                counted(most_, "matching item", "matching items"), found);
         });
     }
 

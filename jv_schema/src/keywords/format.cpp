@@ -54,7 +54,7 @@ class Format : public Keyword {
         if (format_.validator(instance.text()))
             return true;
         return evaluation.fail(
-            *this, [&] { return fmt::format(message::format, format_.name, described(instance)); });
+            *this, [&] { return fmt::format(message::format, quoted(format_.name), described(instance)); });
     }
 
   private:

@@ -22,7 +22,8 @@ class Items : public Keyword {
 
     [[nodiscard]] bool evaluate(const JV& instance, Evaluation& evaluation) const override {
         const auto items = instance.elements();
-        const std::size_t end = rest_ != nullptr ? items.size() : std::min(items.size(), prefix_.size());
+        const bool everyRest = rest_ == nullptr || (rest_->accepts == everyKind && rest_->entries.empty());
+        const std::size_t end = !everyRest ? items.size() : std::min(items.size(), prefix_.size());
         bool valid = true;
         for (std::size_t i = 0; i < end; ++i) {
             const Node& node = i < prefix_.size() ? *prefix_[i] : *rest_;

@@ -5,7 +5,7 @@
 #include "jv_schema/evaluation.h"
 #include "jv_schema/messages.h"
 
-#include <algorithm> // std::max
+#include <algorithm> // std::find, std::max
 #include <optional>  // std::optional
 #include <tuple>     // std::tie
 #include <utility>   // std::move
@@ -40,6 +40,22 @@ class AllOf : public Keyword {
     std::vector<const Node*> branches_;
 };
 
+[[nodiscard]] const JV& schemaOf(const Node& branch) {
+    return *(branch.alias == nullptr ? branch : *branch.alias).place->schema;
+}
+
+[[nodiscard]] std::vector<std::string_view> typesOf(const Node& branch) {
+    const JV* type = schemaOf(branch).isObject() ? schemaOf(branch).get("type") : nullptr;
+    std::vector<std::string_view> names;
+    if (type != nullptr && type->isString())
+        names.push_back(type->text());
+    if (type != nullptr && type->isArray()) {
+        for (const JV* name : type->elements())
+            names.push_back(name->text()); // a string, or the schema would not have been compiled
+    }
+    return names;
+}
+
 /// How far an instance is from a branch of `anyOf` or `oneOf` that it does not match.
 class Distance {
   public:
@@ -69,7 +85,7 @@ class Distance {
     enum class Mismatch { None, Missing, Discriminator, Type };
 
     [[nodiscard]] static const JV* propertiesOf(const Node& branch) {
-        const JV& schema = *(branch.alias == nullptr ? branch : *branch.alias).place->schema;
+        const JV& schema = schemaOf(branch);
         const JV* properties = schema.isObject() ? schema.get("properties") : nullptr;
         return properties != nullptr && properties->isObject() ? properties : nullptr;
     }
@@ -109,6 +125,24 @@ class Distance {
     std::size_t faults_;
 };
 
+/// The findings of the branch with the shortest distance.
+struct Closest {
+    std::optional<Distance> distance;
+    Findings findings;
+    bool onlyTypes = true; ///< whether no branch has more to say than that the type is another
+
+    /// Apart, so that the frame of its caller, of which there is one for each level, stays small.
+    [[gnu::noinline]] void consider(const std::vector<const Node*>& branches, const Node& branch,
+                                    const JV& instance, Findings found, std::size_t depth) {
+        onlyTypes &= found.size() == 1 && found.front().keyword == "type" && found.front().depth == depth;
+        const Distance candidate(branches, branch, instance, found, depth);
+        if (distance && !candidate.isCloserThan(*distance))
+            return;
+        distance = candidate;
+        findings = std::move(found);
+    }
+};
+
 /// What `anyOf` and `oneOf` share: branches of which the closest one speaks when none matches.
 class Alternatives : public Keyword {
   public:
@@ -140,27 +174,40 @@ class Alternatives : public Keyword {
     [[nodiscard]] bool failClosest(const JV& instance, Evaluation& evaluation) const {
         if (!evaluation.explains())
             return false;
-        Findings closest;
-        std::optional<Distance> shortest;
-        const std::size_t before = evaluation.findingCount();
-        for (const Node* branch : branches_) {
-            static_cast<void>(evaluation.apply(*branch, instance));
-            Findings findings = evaluation.takeFindings(before);
-            const Distance distance(branches_, *branch, instance, findings, evaluation.depth());
-            if (!shortest || distance.isCloserThan(*shortest)) {
-                shortest = distance;
-                closest = std::move(findings);
-            }
-        }
-        // Which members a branch would have looked at is not known: none of them is to be called unknown.
-        evaluation.mark(instance);
-        if (closest.empty())
-            return evaluation.fail(*this, [] { return message::noBranch; });
-        evaluation.putFindings(std::move(closest));
-        return false;
+        Closest closest;
+        for (const Node* branch : branches_)
+            closest.consider(branches_, *branch, instance, evaluation.findingsOf(*branch, instance),
+                             evaluation.depth());
+        return tell(closest, instance, evaluation);
     }
 
   private:
+    // Apart from failClosest(), of which there is a frame for each level.
+    [[gnu::noinline]] bool tell(Closest& closest, const JV& instance, Evaluation& evaluation) const {
+        // Which members a branch would have looked at is not known: none of them is to be called unknown.
+        evaluation.mark(instance);
+        if (closest.findings.empty())
+            return evaluation.fail(*this, [] { return message::noBranch; });
+        if (closest.onlyTypes && branches_.size() > 1)
+            return failTypes(instance, evaluation);
+        evaluation.putFindings(std::move(closest.findings));
+        return false;
+    }
+
+    [[nodiscard]] bool failTypes(const JV& instance, Evaluation& evaluation) const {
+        std::vector<std::string_view> names;
+        for (const Node* branch : branches_) {
+            for (const std::string_view name : typesOf(*branch)) {
+                if (std::find(names.begin(), names.end(), name) == names.end())
+                    names.push_back(name);
+            }
+        }
+        return evaluation.fail(*this, [&] {
+            return names.empty() ? std::string(message::noBranch)
+                                 : fmt::format(message::type, alternatives(names), typeOf(instance));
+        });
+    }
+
     std::vector<const Node*> branches_;
 };
 

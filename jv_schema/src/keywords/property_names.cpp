@@ -18,14 +18,13 @@ class PropertyNames : public Keyword {
     [[nodiscard]] bool evaluate(const JV& instance, Evaluation& evaluation) const override {
         bool valid = true;
         for (const Member member : instance.members()) {
-            const std::size_t findings = evaluation.findingCount();
             const JV name(member.key);
-            if (evaluation.applyTo(node_, name, member.key))
+            if (evaluation.probeTemporary(node_, name))
                 continue;
             if (!evaluation.explains())
                 return false;
-            const auto reasons = evaluation.takeFindings(findings);
             valid = evaluation.failAt(*this, member.key, [&] {
+                const auto reasons = evaluation.findingsOf(node_, name);
                 return fmt::format(message::propertyName, quoted(member.key),
                                    reasons.empty() ? message::noValue : reasons.front().error.message);
             });

@@ -41,13 +41,14 @@ class DynamicRef : public Keyword {
 
 std::unique_ptr<Keyword> makeRef(const Site& site) {
     site.require(Kind::String);
-    return std::make_unique<Ref>(site, site.compiler.nodeOf(site.compiler.resolve(site, site.value.text())));
+    return std::make_unique<Ref>(
+        site, site.compiler.referredNodeOf(site.compiler.resolve(site, site.value.text())));
 }
 
 std::unique_ptr<Keyword> makeDynamicRef(const Site& site) {
     site.require(Kind::String);
     Place& target = site.compiler.resolve(site, site.value.text());
-    const Node& node = site.compiler.nodeOf(target);
+    const Node& node = site.compiler.referredNodeOf(target);
     // It depends on the way only if what it leads to by itself has the name as a dynamic one.
     const std::string_view fragment = splitFragment(site.value.text()).fragment.value_or("");
     const std::string_view name = site.keyword == "$recursiveRef" ? recursiveAnchor : fragment;

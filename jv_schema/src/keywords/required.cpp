@@ -3,6 +3,7 @@
 #include "jv_schema/compiler.h"
 #include "jv_schema/evaluation.h"
 #include "jv_schema/messages.h"
+#include "jv_schema/property_name.h"
 
 #include <string_view> // std::string_view
 #include <vector>      // std::vector
@@ -19,17 +20,17 @@ class Required : public Keyword {
         site.require(Kind::Array);
         for (const JV* name : site.value.elements()) {
             site.require(*name, Kind::String);
-            names_.push_back(name->text());
+            names_.emplace_back(name->text());
         }
     }
 
     [[nodiscard]] bool evaluate(const JV& instance, Evaluation& evaluation) const override {
         bool valid = true;
-        for (const std::string_view name : names_) {
-            if (instance.get(name) != nullptr)
+        for (const PropertyName& name : names_) {
+            if (name.isIn(instance))
                 continue;
-            valid =
-                evaluation.fail(*this, [&] { return fmt::format(message::missingProperty, quoted(name)); });
+            valid = evaluation.fail(
+                *this, [&] { return fmt::format(message::missingProperty, quoted(name.text())); });
             if (!evaluation.explains())
                 return false;
         }
@@ -37,7 +38,7 @@ class Required : public Keyword {
     }
 
   private:
-    std::vector<std::string_view> names_;
+    std::vector<PropertyName> names_;
 };
 
 class DependentRequired : public Keyword {

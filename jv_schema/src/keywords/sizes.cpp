@@ -6,6 +6,7 @@
 #include "jv_schema/messages.h"
 
 #include <algorithm> // std::count_if
+#include <string>    // std::string
 
 #include <fmt/core.h>
 
@@ -24,10 +25,7 @@ enum class Bound { Least, Most };
 class Size : public Keyword {
   public:
     Size(const Site& site, Bound bound, Kind kind)
-        : Keyword(site.place, site.keyword, only(kind)), bound_(bound), limit_(countOf(site, site.value)),
-          things_(kind == Kind::String   ? "characters"
-                  : kind == Kind::Object ? "properties"
-                                         : "items") {}
+        : Keyword(site.place, site.keyword, only(kind)), bound_(bound), limit_(countOf(site, site.value)) {}
 
     [[nodiscard]] bool evaluate(const JV& instance, Evaluation& evaluation) const override {
         const std::size_t size = instance.isString() ? codePoints(instance.text()) : instance.size();
@@ -35,14 +33,20 @@ class Size : public Keyword {
             return true;
         return evaluation.fail(*this, [&] {
             return fmt::format(fmt::runtime(bound_ == Bound::Least ? message::tooFew : message::tooMany),
-                               limit_, things_, size);
+                               limitOf(instance.kind()), size);
         });
     }
 
   private:
+    [[nodiscard]] std::string limitOf(Kind kind) const {
+        if (kind == Kind::String)
+            return counted(limit_, "character", "characters");
+        return kind == Kind::Object ? counted(limit_, "property", "properties")
+                                    : counted(limit_, "item", "items");
+    }
+
     Bound bound_;
     std::size_t limit_;
-    std::string_view things_;
 };
 
 [[nodiscard]] std::unique_ptr<Keyword> makeSize(const Site& site, Bound bound) {

@@ -7,6 +7,7 @@
 
 #include <optional> // std::optional
 #include <string>   // std::string
+#include <vector>   // std::vector
 
 #include <fmt/core.h>
 
@@ -17,8 +18,10 @@ namespace {
 class Type : public Keyword {
   public:
     Type(const Site& site, KindSet kinds, bool integers, std::string names)
-        : Keyword(site.place, site.keyword), kinds_(kinds), integers_(integers),
-          byForm_(site.dialect().draft() == Draft::D4), names_(std::move(names)) {}
+        : Keyword(site.place, site.keyword, integers ? only(Kind::Number) : KindSet{0},
+                  integers ? kinds | only(Kind::Number) : kinds),
+          kinds_(kinds), integers_(integers), byForm_(site.dialect().draft() == Draft::D4),
+          names_(std::move(names)) {}
 
     [[nodiscard]] bool evaluate(const JV& instance, Evaluation& evaluation) const override {
         if ((kinds_ & only(instance.kind())) != 0 || (integers_ && isInteger(instance)))
@@ -57,10 +60,10 @@ std::unique_ptr<Keyword> makeType(const Site& site) {
         types.assign(site.value.elements().begin(), site.value.elements().end());
     KindSet kinds = 0;
     bool integers = false;
-    std::string names;
-    for (std::size_t i = 0; i < types.size(); ++i) {
-        site.require(*types[i], Kind::String);
-        const std::string_view name = types[i]->text();
+    std::vector<std::string_view> names;
+    for (const JV* type : types) {
+        site.require(*type, Kind::String);
+        const std::string_view name = type->text();
         const std::optional<Kind> kind = kindOfType(name);
         if (kind)
             kinds |= only(*kind);
@@ -68,11 +71,9 @@ std::unique_ptr<Keyword> makeType(const Site& site) {
             integers = true;
         else
             site.fault(fmt::format(message::unknownType, quoted(name)));
-        if (i != 0)
-            names += i + 1 == types.size() ? " or " : ", ";
-        names += name;
+        names.push_back(name);
     }
-    return std::make_unique<Type>(site, kinds, integers, std::move(names));
+    return std::make_unique<Type>(site, kinds, integers, alternatives(names));
 }
 
 } // namespace specloom::jv::schema
