@@ -22,6 +22,8 @@ void benchJson(const Input& input, int rounds, Table& table);
 void benchYaml(const Input& input, int rounds, Table& table);
 /// Building, walking and tearing down the tree of an OpenAPI document; nothing for one that is refused.
 void benchTree(const Input& input, int rounds, Table& table);
+/// Holding an OpenAPI document against its schema.
+void benchSchema(const Input& input, int rounds, Table& table);
 /// Memory of the values of a document that was read.
 void benchMemory(const Input& input, Table& table);
 /// Whole runs of the program.

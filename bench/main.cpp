@@ -42,6 +42,8 @@ bool run(const std::vector<fs::path>& paths, int rounds) {
     for (const bench::Input& input : inputs)
         bench::benchTree(input, rounds, table);
     for (const bench::Input& input : inputs)
+        bench::benchSchema(input, rounds, table);
+    for (const bench::Input& input : inputs)
         bench::benchMemory(input, table);
     for (const bench::Input& input : inputs)
         bench::benchFormat(input, rounds, table);

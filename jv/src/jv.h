@@ -190,6 +190,8 @@ class JV {
         plainScalar = 64,   ///< isPlainScalar()
     };
 
+    static constexpr std::size_t narrowLimit = 256; ///< entries whose slots fit one byte
+
     /// What is known of the byte-wise order of an object's entries.
     enum class Order : std::uint8_t { Unknown, Natural, Permuted };
 
@@ -317,5 +319,21 @@ class Members {
 
     const JV* object_;
 };
+
+// Here, because walks over all members of a document spend their time in them.
+
+inline std::uint32_t JV::sortedSlot(std::uint32_t rank) const noexcept {
+    if (static_cast<Order>(detail_) == Order::Natural)
+        return rank;
+    const auto& object = payload_.object;
+    const void* permutation = object.entries + object.capacity;
+    return object.capacity <= narrowLimit ? static_cast<const std::uint8_t*>(permutation)[rank]
+                                          : static_cast<const std::uint32_t*>(permutation)[rank];
+}
+
+inline Member Members::Iterator::operator*() const noexcept {
+    const JV::Entry& entry = object_->payload_.object.entries[object_->sortedSlot(rank_)];
+    return {entry.key->text(), entry.value};
+}
 
 } // namespace specloom::jv

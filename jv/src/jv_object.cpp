@@ -20,8 +20,6 @@ namespace specloom::jv {
 
 namespace {
 
-constexpr std::size_t narrowLimit = 256; // entries whose slots fit one byte
-
 [[nodiscard]] std::size_t tableIndex(const Key* key) noexcept {
     return static_cast<std::size_t>((reinterpret_cast<std::uintptr_t>(key) >> 3) * 0x9e3779b97f4a7c15 >> 32);
 }
@@ -82,20 +80,6 @@ void JV::sortEntries() const {
     else
         sortSlots(static_cast<std::uint32_t*>(permutation), object.entries, object.count);
     detail_ = static_cast<std::uint8_t>(Order::Permuted);
-}
-
-std::uint32_t JV::sortedSlot(std::uint32_t rank) const noexcept {
-    if (static_cast<Order>(detail_) == Order::Natural)
-        return rank;
-    const auto& object = payload_.object;
-    const void* permutation = object.entries + object.capacity;
-    return object.capacity <= narrowLimit ? static_cast<const std::uint8_t*>(permutation)[rank]
-                                          : static_cast<const std::uint32_t*>(permutation)[rank];
-}
-
-Member Members::Iterator::operator*() const noexcept {
-    const JV::Entry& entry = object_->payload_.object.entries[object_->sortedSlot(rank_)];
-    return {entry.key->text(), entry.value};
 }
 
 // ---- finding

@@ -85,8 +85,6 @@ void Linter::addRuleset(std::string_view name) {
     try {
         const std::unique_ptr<Ruleset> ruleset = findRuleset(name);
         for (const auto& [id, entry] : ruleset->entries()) {
-            if (!isRuleKnown(id))
-                continue; // rulesets are complete before the rules are
             Rule& rule = putRule(id, entry.severity);
             if (entry.options != nullptr)
                 rule.configure(entry.options.get());

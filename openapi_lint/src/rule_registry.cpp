@@ -12,6 +12,7 @@
 #include "openapi_lint/rules/json_api_content_type.h"
 #include "openapi_lint/rules/json_api_resource_type_unique.h"
 #include "openapi_lint/rules/json_api_schema_validation.h"
+#include "openapi_lint/rules/json_schema_validation.h"
 #include "openapi_lint/rules/license_defined.h"
 #include "openapi_lint/rules/no_content_response_defined.h"
 #include "openapi_lint/rules/openapi_json_schema_validation.h"
@@ -81,6 +82,7 @@ constexpr RuleEntry ruleTable[] = {
     entry<JSONAPIContentType>(),
     entry<ResourceTypeUnique>(),
     entry<JSONAPISchemaValidation>(),
+    entry<JSONSchemaValidation>(),
     entry<LicenseDefined>(),
     entry<NoContentResponseDefined>(),
     entry<OpenAPIJSONSchemaValidation>(),

@@ -1,16 +1,17 @@
 #include "openapi_lint/linter.h"
 
-#include <cstdlib>    // std::getenv
-#include <filesystem> // std::filesystem
-#include <fstream>    // std::ofstream
-#include <map>        // std::map
-#include <memory>     // std::unique_ptr
-#include <optional>   // std::optional
-#include <set>        // std::set
-#include <sstream>    // std::ostringstream
-#include <stdexcept>  // std::runtime_error
-#include <string>     // std::string
-#include <vector>     // std::vector
+#include <cstdlib>     // std::getenv
+#include <filesystem>  // std::filesystem
+#include <fstream>     // std::ofstream
+#include <map>         // std::map
+#include <memory>      // std::unique_ptr
+#include <optional>    // std::optional
+#include <set>         // std::set
+#include <sstream>     // std::ostringstream
+#include <stdexcept>   // std::runtime_error
+#include <string>      // std::string
+#include <string_view> // std::string_view
+#include <vector>      // std::vector
 
 #include <fmt/format.h>
 #include <gtest/gtest.h>
@@ -209,15 +210,17 @@ TEST(Rulesets, areWhatTheManualSays) {
     EXPECT_EQ(manual.substr(begin, end - begin), rulesetTable()) << page;
 }
 
-TEST(Rulesets, leaveOutNoRule) {
-    std::set<std::string, std::less<>> held;
+TEST(Rulesets, holdEveryRuleAndNoOther) {
+    std::set<std::string_view> held;
+    std::vector<std::unique_ptr<Ruleset>> rulesets;
     for (const std::string_view name : rulesetNames()) {
-        const std::unique_ptr<Ruleset> ruleset = findRuleset(name);
-        for (const auto& [id, entry] : ruleset->entries())
+        rulesets.push_back(findRuleset(name));
+        for (const auto& [id, entry] : rulesets.back()->entries())
             held.insert(id);
     }
-    for (const std::string_view id : ruleIds())
-        EXPECT_TRUE(held.contains(id)) << id;
+    const std::vector<std::string_view> registered = ruleIds();
+    EXPECT_EQ(held, std::set<std::string_view>(registered.begin(), registered.end()));
+    EXPECT_EQ(registered.size(), 53U);
 }
 
 TEST(Rulesets, giveOptionsToSchemaConstraintsAlone) {

@@ -1,0 +1,72 @@
+#include "jv_schema/carried_schemas.h"
+
+#include "jv/json_reader.h"
+#include "jv/yaml_reader.h"
+#include "jv_schema/schema_data.h"
+
+#include <array> // std::array
+#include <map>   // std::map
+
+namespace specloom::jv::schema {
+
+namespace {
+
+struct Carried {
+    std::string_view uri;
+    std::string_view file;
+};
+
+constexpr std::array carried{
+    Carried{"http://json-schema.org/draft-04/schema", "draft-04.json"},
+    Carried{"http://json-schema.org/draft-06/schema", "draft-06.json"},
+    Carried{"http://json-schema.org/draft-07/schema", "draft-07.json"},
+    Carried{"https://json-schema.org/draft/2019-09/schema", "2019-09-schema.json"},
+    Carried{"https://json-schema.org/draft/2019-09/meta/applicator", "2019-09-meta-applicator.json"},
+    Carried{"https://json-schema.org/draft/2019-09/meta/content", "2019-09-meta-content.json"},
+    Carried{"https://json-schema.org/draft/2019-09/meta/core", "2019-09-meta-core.json"},
+    Carried{"https://json-schema.org/draft/2019-09/meta/format", "2019-09-meta-format.json"},
+    Carried{"https://json-schema.org/draft/2019-09/meta/meta-data", "2019-09-meta-meta-data.json"},
+    Carried{"https://json-schema.org/draft/2019-09/meta/validation", "2019-09-meta-validation.json"},
+    Carried{"https://json-schema.org/draft/2020-12/schema", "2020-12-schema.json"},
+    Carried{"https://json-schema.org/draft/2020-12/meta/applicator", "2020-12-meta-applicator.json"},
+    Carried{"https://json-schema.org/draft/2020-12/meta/content", "2020-12-meta-content.json"},
+    Carried{"https://json-schema.org/draft/2020-12/meta/core", "2020-12-meta-core.json"},
+    Carried{"https://json-schema.org/draft/2020-12/meta/format-annotation",
+            "2020-12-meta-format-annotation.json"},
+    Carried{"https://json-schema.org/draft/2020-12/meta/format-assertion",
+            "2020-12-meta-format-assertion.json"},
+    Carried{"https://json-schema.org/draft/2020-12/meta/meta-data", "2020-12-meta-meta-data.json"},
+    Carried{"https://json-schema.org/draft/2020-12/meta/unevaluated", "2020-12-meta-unevaluated.json"},
+    Carried{"https://json-schema.org/draft/2020-12/meta/validation", "2020-12-meta-validation.json"},
+    Carried{"https://spec.openapis.org/oas/3.0/schema/WORK-IN-PROGRESS", "openapi-3.0-schema.yaml"},
+    Carried{"https://spec.openapis.org/oas/3.1/schema/WORK-IN-PROGRESS", "openapi-3.1-schema.yaml"},
+    Carried{"https://spec.openapis.org/oas/3.1/dialect/WORK-IN-PROGRESS", "openapi-3.1-dialect.yaml"},
+    Carried{"https://spec.openapis.org/oas/3.1/dialect/base", "openapi-3.1-dialect.yaml"},
+    Carried{"https://spec.openapis.org/oas/3.1/meta/WORK-IN-PROGRESS", "openapi-3.1-meta.yaml"},
+    Carried{"https://spec.openapis.org/oas/3.1/meta/base", "openapi-3.1-meta.yaml"},
+    Carried{"specloom:openapi-3.1", "openapi-3.1.yaml"},
+};
+
+[[nodiscard]] std::shared_ptr<const JV> read(std::string_view file) {
+    const std::string_view text = schemaData(file);
+    const std::shared_ptr<const JVDocument> document =
+        file.ends_with(".json") ? parseJSON(text) : parseYAML(text);
+    return {document, document->root()};
+}
+
+} // namespace
+
+std::shared_ptr<const JV> carriedSchema(std::string_view uri) {
+    static std::map<std::string_view, std::shared_ptr<const JV>> known;
+    for (const Carried& entry : carried) {
+        if (entry.uri != uri)
+            continue;
+        std::shared_ptr<const JV>& schema = known[entry.file];
+        if (schema == nullptr)
+            schema = read(entry.file);
+        return schema;
+    }
+    return nullptr;
+}
+
+} // namespace specloom::jv::schema

@@ -1,0 +1,45 @@
+#include "jv_schema/keywords/multiple_of.h"
+
+#include "jv_schema/compiler.h"
+#include "jv_schema/evaluation.h"
+#include "jv_schema/exact_numbers.h"
+#include "jv_schema/messages.h"
+
+#include <fmt/core.h>
+
+namespace specloom::jv::schema {
+
+namespace {
+
+class MultipleOf : public Keyword {
+  public:
+    MultipleOf(const Site& site, Divisor divisor)
+        : Keyword(site.place, site.keyword, only(Kind::Number)), value_(site.value), divisor_(divisor) {}
+
+    [[nodiscard]] bool evaluate(const JV& instance, Evaluation& evaluation) const override {
+        if (divisor_.divides(instance.number()))
+            return true;
+        return evaluation.fail(
+            *this, [&] { return fmt::format(message::noMultiple, described(value_), described(instance)); });
+    }
+
+  private:
+    const JV& value_;
+    Divisor divisor_;
+};
+
+} // namespace
+
+std::unique_ptr<Keyword> makeMultipleOf(const Site& site) {
+    site.require(Kind::Number);
+    const number::Number number = site.value.number();
+    const std::optional<Divisor> divisor = Divisor::of(number);
+    if (!divisor) {
+        const bool positive = compareExactly(number, number::Number()).value_or(0) > 0;
+        site.fault(
+            fmt::format(fmt::runtime(positive ? message::longDivisor : message::notPositive), site.keyword));
+    }
+    return std::make_unique<MultipleOf>(site, *divisor);
+}
+
+} // namespace specloom::jv::schema

@@ -1,0 +1,162 @@
+#include "jv_schema/pattern_automaton.h"
+
+#include "foundation/unreachable.h"
+
+#include <algorithm> // std::ranges::sort, std::unique
+#include <utility>   // std::move
+
+namespace specloom::jv::schema {
+
+namespace {
+
+using Code = Instruction::Code;
+using Kind = PatternNode::Kind;
+
+/// What the nodes of a pattern use. The walk is as deep as the pattern, which is limited.
+struct Uses {
+    std::vector<char32_t> characters;
+    std::vector<Direction> directions;
+    bool boundaries = false;
+
+    void visit(const PatternNode& node) {
+        if (node.kind == Kind::Character)
+            characters.push_back(node.value);
+        if (node.kind == Kind::WordBoundary)
+            boundaries = true;
+        if (node.kind == Kind::LookAhead)
+            directions[node.value] = Direction::Backward;
+        for (const PatternNode& child : node.children)
+            visit(child);
+    }
+};
+
+Uses usesOf(const PatternSyntax& syntax) {
+    Uses uses;
+    uses.directions.assign(syntax.lookarounds.size(), Direction::Forward);
+    uses.visit(syntax.root);
+    for (const PatternNode& body : syntax.lookarounds)
+        uses.visit(body);
+    std::ranges::sort(uses.characters);
+    uses.characters.erase(std::unique(uses.characters.begin(), uses.characters.end()), uses.characters.end());
+    return uses;
+}
+
+/// Writes from the end to the beginning, so that each instruction knows the next when it is made.
+class Compiler {
+  public:
+    Compiler(const CharacterClasses& classes, Direction direction) : classes_(classes) {
+        automaton_.direction = direction;
+    }
+
+    Automaton compile(const PatternNode& root) {
+        automaton_.instructions.reserve(root.size + 1);
+        automaton_.start = emit(root, add({.code = Code::Match}));
+        return std::move(automaton_);
+    }
+
+  private:
+    std::uint32_t add(Instruction instruction) {
+        automaton_.instructions.push_back(instruction);
+        return static_cast<std::uint32_t>(automaton_.instructions.size() - 1);
+    }
+
+    std::uint32_t condition(Instruction instruction) {
+        automaton_.hasConditions = true;
+        return add(instruction);
+    }
+
+    std::uint32_t textEdge(bool start, std::uint32_t next) {
+        if (start == (automaton_.direction == Direction::Forward))
+            return add({.code = Code::ScanStart, .next = next});
+        return condition({.code = Code::ScanEnd, .next = next});
+    }
+
+    std::uint32_t emit(const PatternNode& node, std::uint32_t next) {
+        switch (node.kind) {
+        case Kind::Sequence:
+            return sequence(node, next);
+        case Kind::Choice:
+            return choice(node, next);
+        case Kind::Repeat:
+            return repeat(node, next);
+        case Kind::Character:
+            return add({.code = Code::Character, .next = next, .other = classes_.of(node.value)});
+        case Kind::Set:
+            return add({.code = Code::Set, .next = next, .other = node.value});
+        case Kind::TextStart:
+        case Kind::TextEnd:
+            return textEdge(node.kind == Kind::TextStart, next);
+        case Kind::WordBoundary:
+            automaton_.hasBoundaries = true;
+            return condition({.code = Code::Boundary, .negated = node.negated, .next = next});
+        case Kind::LookAhead:
+        case Kind::LookBehind:
+            return condition(
+                {.code = Code::Lookaround, .negated = node.negated, .next = next, .other = node.value});
+        }
+        SPECLOOM_UNREACHABLE("no other kinds");
+    }
+
+    std::uint32_t sequence(const PatternNode& node, std::uint32_t next) {
+        if (automaton_.direction == Direction::Backward) {
+            for (const PatternNode& child : node.children)
+                next = emit(child, next);
+            return next;
+        }
+        for (auto child = node.children.rbegin(); child != node.children.rend(); ++child)
+            next = emit(*child, next);
+        return next;
+    }
+
+    std::uint32_t choice(const PatternNode& node, std::uint32_t next) {
+        std::uint32_t entry = emit(node.children.back(), next);
+        for (auto child = node.children.rbegin() + 1; child != node.children.rend(); ++child) {
+            const std::uint32_t other = entry;
+            entry = add({.code = Code::Split, .next = emit(*child, next), .other = other});
+        }
+        return entry;
+    }
+
+    std::uint32_t repeat(const PatternNode& node, std::uint32_t next) {
+        const PatternNode& body = node.children.front();
+        std::uint32_t mandatory = node.min;
+        std::uint32_t entry = next;
+        if (node.max == unbounded) {
+            const std::uint32_t loop = add({.code = Code::Split, .other = next});
+            const std::uint32_t round = emit(body, loop);
+            automaton_.instructions[loop].next = round;
+            // The loop is the last of the mandatory rounds when there is one.
+            entry = mandatory == 0 ? loop : round;
+            mandatory -= mandatory == 0 ? 0 : 1;
+        } else {
+            for (std::uint32_t i = node.min; i < node.max; ++i)
+                entry = add({.code = Code::Split, .next = emit(body, entry), .other = next});
+        }
+        for (std::uint32_t i = 0; i < mandatory; ++i)
+            entry = emit(body, entry);
+        return entry;
+    }
+
+    const CharacterClasses& classes_;
+    Automaton automaton_;
+};
+
+} // namespace
+
+AutomatonSet compilePattern(const PatternSyntax& syntax) {
+    const Uses uses = usesOf(syntax);
+    std::vector<CharSet> sets = syntax.sets;
+    if (uses.boundaries)
+        sets.push_back(wordSet());
+    AutomatonSet result{.classes = CharacterClasses(sets, uses.characters)};
+    result.wordClasses.resize(result.classes.count());
+    for (std::uint32_t i = 0; uses.boundaries && i < result.classes.count(); ++i)
+        result.wordClasses[i] = result.classes.contains(static_cast<std::uint32_t>(sets.size() - 1), i);
+    for (std::size_t i = 0; i < syntax.lookarounds.size(); ++i)
+        result.lookarounds.push_back(
+            Compiler(result.classes, uses.directions[i]).compile(syntax.lookarounds[i]));
+    result.main = Compiler(result.classes, Direction::Forward).compile(syntax.root);
+    return result;
+}
+
+} // namespace specloom::jv::schema

@@ -1,0 +1,73 @@
+#include "jv_schema/openapi_schema.h"
+
+#include "jv/deser.h"
+#include "jv/yaml_reader.h"
+#include "test_support/corpora.h"
+
+#include <cstdio> // std::printf
+
+#include <gtest/gtest.h>
+
+namespace specloom::jv::schema {
+namespace {
+
+namespace fs = std::filesystem;
+
+[[nodiscard]] std::vector<ValidationError> errorsOf(const JV& document) {
+    const JV* version = document.isObject() ? document.get("openapi") : nullptr;
+    const Schema& schema = openapiSchema(version != nullptr && version->isString() ? version->text() : "");
+    const std::vector<ValidationError> errors = schema.validate(document);
+    EXPECT_EQ(schema.isValid(document), errors.empty());
+    return errors;
+}
+
+TEST(OpenapiSchema, JudgesItsOwnTestsAsTheirFoldersSay) {
+    SPECLOOM_NEEDS_CORPORA();
+    std::size_t count = 0;
+    for (const char* folder : {"tests-v3.0", "tests-v3.1"}) {
+        const fs::path root = test_support::corporaFolder() / "openapi-schemas" / folder;
+        for (const fs::path& path : test_support::filesBelow(root, ".yaml")) {
+            SCOPED_TRACE(path);
+            const auto document = loadDocument(path.string()).document;
+            const auto errors = errorsOf(*document->root());
+            EXPECT_EQ(errors.empty(), path.parent_path().filename() == "pass")
+                << (errors.empty() ? "" : errors.front().instancePointer + ": " + errors.front().message);
+            ++count;
+        }
+    }
+    EXPECT_GT(count, 40U);
+}
+
+TEST(OpenapiSchema, LooksIntoSchemasUnlessTheyAreOfAnotherDialect) {
+    const std::string text = "openapi: 3.1.0\ninfo: {title: a, version: b}\n"
+                             "components: {schemas: {A: {properties: {p: {type: strin}}}}}\n";
+    const auto errors = errorsOf(*parseYAML(text)->root());
+    ASSERT_EQ(errors.size(), 1U);
+    EXPECT_EQ(errors[0].instancePointer, "/components/schemas/A/properties/p/type");
+    EXPECT_EQ(errors[0].message,
+              "expected one of 'array', 'boolean', 'integer', 'null', 'number', 'object', 'string', "
+              "found 'strin'");
+    const std::string ownDialect = text + "jsonSchemaDialect: https://example.com/dialect\n";
+    EXPECT_EQ(errorsOf(*parseYAML(ownDialect)->root()).size(), 0U);
+}
+
+TEST(OpenapiSchema, DecidesEveryDocumentOfTheCorpora) {
+    SPECLOOM_NEEDS_CORPORA();
+    for (const char* folder : {"openapi", "pairs"}) {
+        for (const fs::path& path : test_support::filesBelow(test_support::corporaFolder() / folder, "")) {
+            SCOPED_TRACE(path);
+            if (!formatFromPath(path.string()))
+                continue;
+            const auto document = loadDocument(path.string()).document;
+            const auto errors = errorsOf(*document->root());
+            std::printf("%-40s %5zu errors\n", path.filename().c_str(), errors.size());
+            for (const ValidationError& error : errors) {
+                EXPECT_FALSE(error.message.empty() || error.schemaLocation.empty());
+                EXPECT_NE(document->lookup(error.instancePointer), nullptr) << error.instancePointer;
+            }
+        }
+    }
+}
+
+} // namespace
+} // namespace specloom::jv::schema
