@@ -1,0 +1,3 @@
+#include "openapi_diff/configuration.h"
+
+namespace specloom::openapi_diff {} // namespace specloom::openapi_diff
