@@ -9,7 +9,6 @@
 #include <map>         // std::map
 #include <string>      // std::string
 #include <string_view> // std::string_view
-#include <utility>     // std::pair
 
 namespace specloom::openapi_diff {
 
@@ -34,12 +33,14 @@ class Configuration {
     [[nodiscard]] static Configuration recommended();
 
     /// Reads a section, an object; without one, recommended(). What "extends" names comes first, then the
-    /// fields of "rules", each replacing what stood there before.
+    /// fields of "rules", each replacing what stood there before; actions that a field does not name keep
+    /// their levels. Without "extends" that is None for everything.
     ///
     /// Throws jv::JVError, with the value at fault: "Expected string", "Unknown ruleset: {}", "Unexpected
     /// properties", "Expected string or object", "Invalid option", "Expected 'modified' property", and the
-    /// texts of JV's typed getters. A section or field that the table does not have is "Unexpected
-    /// properties", because a misspelt one would otherwise be lost in silence.
+    /// texts of JV's typed getters. A section or field that the table does not have, and a key beside
+    /// "extends" and "rules", is "Unexpected properties", because a misspelt one would otherwise be lost in
+    /// silence.
     [[nodiscard]] static Configuration load(const jv::JV* section);
 
     [[nodiscard]] const NodeDiffConfig& entry(ConfigKey key) const;
@@ -48,12 +49,17 @@ class Configuration {
     [[nodiscard]] const NodeDiffConfig& extension(openapi::NodeType type, std::string_view name) const;
 
   private:
+    void extend();
     void overlay(const jv::JV& rules);
+    void overlayDefaults(const jv::JV& defaults);
+    void overlayField(ConfigKey key, const jv::JV& value);
+    void overlaySection(std::string_view section, const jv::JV& fields);
+    void overlayExtension(std::string_view section, std::string_view name, const jv::JV& value);
 
     std::array<NodeDiffConfig, configKeyCount> entries_{};
     NodeDiffConfig defaultExtension_;
     /// By section and name of the extension.
-    std::map<std::pair<std::string, std::string>, NodeDiffConfig, std::less<>> extensions_;
+    std::map<std::string, std::map<std::string, NodeDiffConfig, std::less<>>, std::less<>> extensions_;
 };
 
 } // namespace specloom::openapi_diff

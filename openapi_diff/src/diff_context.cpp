@@ -153,7 +153,8 @@ void DiffContext::summarise(const DiffScope& scope) {
                                                  : ChangeKind::Modified;
     Change summary{.kind = kindIn(scope, kind),
                    .level = all.restLevel,
-                   .weight = all.restWeight,
+                   // Within a part, what it sums up are parts too, which are not counted.
+                   .weight = scope.inPart ? all.restLevel : all.restWeight,
                    .key = scope.key,
                    .isPart = scope.inPart,
                    .name = scope.name,
