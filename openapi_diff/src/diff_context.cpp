@@ -1,6 +1,8 @@
 #include "openapi_diff/diff_context.h"
 
-#include <algorithm> // std::max
+#include "openapi_diff/component_comparisons.h"
+
+#include <algorithm> // std::equal, std::max
 #include <cstddef>   // std::size_t
 #include <utility>   // std::pair
 
@@ -60,8 +62,27 @@ void countRest(DiffScope& scope, const Change& change) {
 
 DiffContext::DiffContext(const Configuration& configuration, const openapi::ReadResult& source,
                          const openapi::ReadResult& destination, Report& report)
-    : configuration_(configuration), source_(source), destination_(destination), report_(report) {
+    : configuration_(configuration), source_(source), destination_(destination), report_(report),
+      comparisons_(std::make_unique<ComponentComparisons>(*this)) {
     scopes_.reserve(usualDepth);
+}
+
+DiffContext::~DiffContext() = default;
+
+bool DiffContext::areEqual(const openapi::ExclusiveLimit& a, const openapi::ExclusiveLimit& b) {
+    if (a.index() != b.index())
+        return false;
+    if (const auto* number = std::get_if<number::Number>(&a); number != nullptr)
+        return areEqual(*number, std::get<number::Number>(b));
+    return std::get<bool>(a) == std::get<bool>(b);
+}
+
+bool DiffContext::areEqual(const openapi::SchemaExamples& a, const openapi::SchemaExamples& b) {
+    const auto sameEntry = [](const openapi::NamedValue& one, const openapi::NamedValue& other) {
+        return one.name() == other.name() && one.value->equals(*other.value);
+    };
+    return a.isArray == b.isArray &&
+           std::equal(a.entries->begin(), a.entries->end(), b.entries->begin(), b.entries->end(), sameEntry);
 }
 
 // ---- scopes

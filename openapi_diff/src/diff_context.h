@@ -2,6 +2,7 @@
 
 #include "number/number.h"
 #include "openapi/read_result.h"
+#include "openapi/schema.h"
 #include "openapi_diff/comparison.h"
 #include "openapi_diff/configuration.h"
 #include "openapi_diff/diff_scope.h"
@@ -10,11 +11,14 @@
 #include <concepts>    // std::invocable
 #include <cstdint>     // std::int64_t, std::uint64_t
 #include <functional>  // std::invoke
+#include <memory>      // std::unique_ptr
 #include <optional>    // std::optional
 #include <string_view> // std::string_view
 #include <vector>      // std::vector
 
 namespace specloom::openapi_diff {
+
+class ComponentComparisons;
 
 /// One comparison of two documents: a stack of scopes, in which changes gather until their scope is closed.
 /// What reaches the report is decided then:
@@ -42,9 +46,14 @@ class DiffContext {
     /// All must outlive the context.
     DiffContext(const Configuration& configuration, const openapi::ReadResult& source,
                 const openapi::ReadResult& destination, Report& report);
+    DiffContext(const DiffContext&) = delete;
+    DiffContext& operator=(const DiffContext&) = delete;
+    ~DiffContext();
 
     [[nodiscard]] const openapi::ReadResult& source() const noexcept { return source_; }
     [[nodiscard]] const openapi::ReadResult& destination() const noexcept { return destination_; }
+    /// Of what references lead to.
+    [[nodiscard]] ComponentComparisons& comparisons() noexcept { return *comparisons_; }
 
     // A scope for two nodes, of which one may be null: a field, an entry of a map, an element of a list. The
     // name must outlive the report.
@@ -129,6 +138,10 @@ class DiffContext {
     static bool isThere(const T* value) noexcept {
         return value != nullptr;
     }
+    static bool isThere(const openapi::ExclusiveLimit& limit) noexcept { return limit.index() != 0; }
+    static bool isThere(const openapi::SchemaExamples& examples) noexcept {
+        return examples.entries != nullptr;
+    }
     static bool isThere(bool value) noexcept { return value; }
     static bool isThere(std::string_view) noexcept { return true; }
     static bool isThere(const number::Number&) noexcept { return true; }
@@ -151,6 +164,8 @@ class DiffContext {
         return a == b;
     }
     static bool areEqual(const jv::JV* a, const jv::JV* b) { return a->equals(*b); }
+    static bool areEqual(const openapi::ExclusiveLimit& a, const openapi::ExclusiveLimit& b);
+    static bool areEqual(const openapi::SchemaExamples& a, const openapi::SchemaExamples& b);
     static bool areEqual(const number::Number& a, const number::Number& b) { return a.compare(b) == 0; }
     static bool areEqual(std::uint64_t a, std::uint64_t b) noexcept { return a == b; }
     static bool areEqual(bool a, bool b) noexcept { return a == b; }
@@ -179,6 +194,7 @@ class DiffContext {
     Report& report_;
     std::vector<DiffScope> scopes_;
     std::vector<Change> changes_; ///< of all open scopes
+    std::unique_ptr<ComponentComparisons> comparisons_;
 };
 
 } // namespace specloom::openapi_diff
