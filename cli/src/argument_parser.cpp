@@ -37,6 +37,18 @@ void ArgumentParser::addOption(std::string_view name, const ArgumentHelp& help,
     parser_->add(name, help).nargs(1).default_value(std::string(defaultValue));
 }
 
+void ArgumentParser::addOption(std::string_view name, const ArgumentHelp& help, std::string_view defaultValue,
+                               std::initializer_list<std::string_view> choices) {
+    argparse::Argument& argument =
+        parser_->add(name, help).nargs(1).default_value(std::string(defaultValue));
+    for (const std::string_view choice : choices)
+        argument.add_choice(std::string(choice));
+}
+
+void ArgumentParser::addPositional(std::string_view name, const ArgumentHelp& help) {
+    parser_->add(name, help).nargs(1);
+}
+
 void ArgumentParser::addPositionals(std::string_view name, const ArgumentHelp& help) {
     parser_->add(name, help).nargs(argparse::nargs_pattern::at_least_one);
 }
@@ -62,6 +74,10 @@ std::optional<std::string> ArgumentParser::option(std::string_view name) const {
 }
 
 std::string ArgumentParser::optionOrDefault(std::string_view name) const {
+    return parser_->get<std::string>(name);
+}
+
+std::string ArgumentParser::positional(std::string_view name) const {
     return parser_->get<std::string>(name);
 }
 
