@@ -67,7 +67,7 @@ struct Change {
     const openapi::Node* node = nullptr;           ///< of the destination where there is one
     std::string_view name{};                       ///< key of a map, or name of an extension
     std::int64_t index = -1;                       ///< counted from 0; -1 for none
-    jv::Pos pos{};                                 ///< of the node, as ReadResult::positionOf()
+    jv::Pos pos{};                                 ///< of the node, or the nearest around it that has one
     const Comparison* comparison = nullptr;        ///< Included only; null where they are listed elsewhere
 };
 

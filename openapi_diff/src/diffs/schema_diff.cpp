@@ -49,7 +49,7 @@ std::optional<std::uint64_t> typesOf(const Schema& schema) {
 
 /// Formats are compared by name: each document may have been read with a registry of its own.
 std::optional<std::string_view> formatOf(const Schema& schema) {
-    return schema.format() == nullptr ? std::nullopt : std::optional(schema.format()->name());
+    return schema.format() == nullptr ? std::nullopt : std::optional(std::string_view(schema.format()->name));
 }
 
 bool isDeprecated(const Schema& schema) {
@@ -132,6 +132,27 @@ void schema(const Row& row, const Schema* source, const Schema* destination, Dif
                           [&](const Schema& node) { return node.node(*row.keyword); });
 }
 
+/// Whether nothing in a schema could be told.
+bool saysNothing(const Schema& node) {
+    return node.keywordCount() == 0 && node.types().empty() && node.extensions().empty();
+}
+
+/// A schema that says nothing refuses everything when it stands here: so the tree keeps `false`. That it came
+/// or went is all there is to tell of it, and is told as of a value.
+void notSchema(const Row& row, const Schema* source, const Schema* destination, DiffContext& context) {
+    const auto refusesAll = [](const Schema* node) {
+        const openapi::Node* inner = node == nullptr ? nullptr : node->node(SchemaKeyword::Not);
+        return inner != nullptr && inner->type() == openapi::NodeType::Schema &&
+               saysNothing(static_cast<const Schema&>(*inner));
+    };
+    const auto has = [](const Schema* node) { return node != nullptr && node->has(SchemaKeyword::Not); };
+    if (refusesAll(destination) && !has(source))
+        return context.added(row.key, *destination, true);
+    if (refusesAll(source) && !has(destination))
+        return context.removed(row.key, *source, true);
+    schema(row, source, destination, context);
+}
+
 void schemaList(const Row& row, const Schema* source, const Schema* destination, DiffContext& context) {
     const auto list = [&](const Schema& node) -> const openapi::NodeList& { return node.list(*row.keyword); };
     diffComposedSchemas(row.key, childOf(source, list), childOf(destination, list), context);
@@ -198,7 +219,7 @@ constexpr std::array<Row, 55> rows{{
     {SchemaAllOf, K::AllOf, schemaList},
     {SchemaOneOf, K::OneOf, schemaList},
     {SchemaAnyOf, K::AnyOf, schemaList},
-    {SchemaNot, K::Not, schema},
+    {SchemaNot, K::Not, notSchema},
     {SchemaIf, K::If, schema},
     {SchemaThen, K::Then, schema},
     {SchemaElse, K::Else, schema},
