@@ -48,6 +48,8 @@ void describe(jv::JV& object, const NamedChange& change) {
     setPlace(object, change.level, change.pos);
 }
 
+void describe(jv::JV& object, const ModifiedOperation& operation);
+
 template <typename T>
 void setList(jv::JV& object, std::string_view key, const std::vector<T>& list) {
     jv::JV* array = object.setArray(key);

@@ -35,6 +35,8 @@ json describe(const NamedChange& change, EscapeText escape) {
     return data;
 }
 
+json describe(const ModifiedOperation& operation, EscapeText escape);
+
 template <typename T>
 json describeList(const std::vector<T>& list, EscapeText escape) {
     json data = json::array();

@@ -115,11 +115,11 @@ std::string changeText(const Change& change) {
     case ChangeKind::KeyAdded:
     case ChangeKind::KeyRemoved:
     case ChangeKind::KeyModified:
-        return fmt::format("{}: {}[{}]", target, configKeyText(change.key), name);
+        return fmt::format("{}: {} {}", target, configKeyText(change.key), name);
     case ChangeKind::ElementAdded:
     case ChangeKind::ElementRemoved:
     case ChangeKind::ElementModified:
-        return fmt::format("{}: {}[{}]", target, configKeyText(change.key), change.index);
+        return fmt::format("{}: {} {}", target, configKeyText(change.key), change.index);
     default:
         return fmt::format("{}: {}", target, configKeyText(change.key));
     }

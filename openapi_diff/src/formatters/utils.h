@@ -15,8 +15,8 @@ namespace specloom::openapi_diff {
 /// meets is an unreachable path.
 [[nodiscard]] std::string_view nodeKindText(const openapi::Node& node);
 
-/// What changed, in one line: the kind of node and the field, with the key or index behind it in brackets, or
-/// the name of the extension ("operation: operations[get]", "schema: x-unit"). Control characters are escaped.
+/// What changed, in one line: the kind of node and the field, with the key or index behind it, or the name of
+/// the extension ("operation: operations get", "server: servers 0", "schema: x-unit"). Control characters are escaped.
 [[nodiscard]] std::string changeText(const Change& change);
 
 /// As reports print them: 0 where the position is unknown.

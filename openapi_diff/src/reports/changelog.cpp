@@ -217,7 +217,7 @@ bool ChangelogReport::takeOperation(const Change& change) {
     }
     isOperationOpen_ = change.kind == ChangeKind::KeyModified;
     if (isOperationOpen_) {
-        modified_.push_back({operationChange(change, change.name)});
+        static_cast<OperationChange&>(modified_.emplace_back()) = operationChange(change, change.name);
         return true;
     }
     if (pathKind_ != change.kind && pathKind_ != ChangeKind::KeyModified)
