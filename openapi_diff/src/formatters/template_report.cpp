@@ -31,7 +31,7 @@ json describe(const ParameterChange& parameter, EscapeText escape) {
 
 json describe(const NamedChange& change, EscapeText escape) {
     json data = describePlace(change.level, change.pos);
-    data["text"] = escape(change.name);
+    data["text"] = change.name.empty() ? "Request body" : escape(change.name);
     return data;
 }
 

@@ -254,11 +254,11 @@ OperationChange ChangelogReport::operationChange(const Change& change, std::stri
 // ---- what changed in an operation. It counts only where an operation was modified: below one that was added
 // or removed it is part of that, and weighs no more than that.
 
-/// Null for changes that belong to no modified operation, or to one of a callback.
+/// Null for changes that belong to no modified operation, or to one of a callback, and for the security
+/// requirements of the document.
 ModifiedOperation* ChangelogReport::operationOf(const Change& change) {
-    const openapi::Node* operation = enclosingOperation(change.node);
-    const bool isIts = isOperationOpen_ && !change.isPart && operation != nullptr;
-    return isIts && isOfCurrentPath(*operation) ? &modified_.back() : nullptr;
+    const openapi::Node* operation = isOperationOpen_ ? enclosingOperation(change.node) : nullptr;
+    return operation != nullptr && isOfCurrentPath(*operation) ? &modified_.back() : nullptr;
 }
 
 bool ChangelogReport::takeOperationMetadata(const Change& change, bool ModifiedOperation::*flag) {
