@@ -3,6 +3,8 @@
 #include "openapi/components.h"
 #include "openapi_diff/diff_context.h"
 
+#include <algorithm>     // std::min
+#include <cstddef>       // std::size_t
 #include <deque>         // std::deque
 #include <unordered_map> // std::unordered_map
 #include <vector>        // std::vector
@@ -19,6 +21,11 @@ namespace specloom::openapi_diff {
 ///
 /// The changes of a pair are listed in one place only: those of two components of one name under
 /// `components`, all others where the pair was met first.
+///
+/// Documents whose references all go elsewhere than before could bring every object of the one together with
+/// every object of the other. So that the work stays in proportion to the documents, pairs of different names
+/// are no longer followed once they had more changes than the documents have nodes, several times over; that
+/// the reference changed is told all the same.
 class ComponentComparisons {
   public:
     explicit ComponentComparisons(DiffContext& context) noexcept : context_(context) {}
@@ -55,12 +62,14 @@ class ComponentComparisons {
 
     [[nodiscard]] Pair targetsOf(const openapi::Node& source, const openapi::Node& destination) const;
     [[nodiscard]] Unit& unitOf(const Pair& nodes, const Pair& place);
+    void spend(std::size_t changes) noexcept { budget_ -= std::min(budget_, changes); }
     void enqueue(Unit& unit);
     void settle();
     void evaluate(Unit& unit);
 
     DiffContext& context_;
     bool hasAliases_ = true; ///< whether components are references themselves
+    std::size_t budget_ = 0; ///< changes that pairs of different names may still have
     std::unordered_map<Pair, Unit, PairHash> units_;
     std::deque<Unit*> waiting_;
     Unit* evaluated_ = nullptr; ///< the one that is being made
