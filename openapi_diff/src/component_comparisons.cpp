@@ -206,12 +206,12 @@ void ComponentComparisons::settle() {
 }
 
 void ComponentComparisons::evaluate(Unit& unit) {
-    const auto [source, destination] = unit.nodes;
+    const Pair& nodes = unit.nodes;
     unit.isWaiting = false;
     unit.isMade = true;
     evaluated_ = &unit;
-    Comparison found =
-        context_.collect(*source, *destination, [&] { diffComponents(source, destination, context_); });
+    Comparison found = context_.collect(*nodes.source, *nodes.destination,
+                                        [&] { diffComponents(nodes.source, nodes.destination, context_); });
     evaluated_ = nullptr;
     if (unit.place != Pair{})
         spend(found.changes.size() + 1);
