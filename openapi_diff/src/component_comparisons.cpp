@@ -89,8 +89,7 @@ class ReferenceOrder {
 /// The entry of the components that a reference names; what it refers to where that cannot be found.
 const Node* entryOf(const Reference& reference, std::string_view name) {
     const auto section = componentSectionOf(reference.target()->type());
-    const Node* entry =
-        section ? documentOf(reference).components().section(*section).find(name) : nullptr;
+    const Node* entry = section ? documentOf(reference).components().section(*section).find(name) : nullptr;
     return entry == nullptr ? reference.target() : entry;
 }
 
@@ -104,6 +103,8 @@ std::size_t ComponentComparisons::PairHash::operator()(const Pair& pair) const n
 }
 
 void ComponentComparisons::compareComponents(const Components& source, const Components& destination) {
+    constexpr std::size_t changesPerNode = 10; // far more than any two versions of one document have
+    budget_ = changesPerNode * (std::size_t{source.indexLimit()} + destination.indexLimit());
     hasAliases_ = holdsReferences(source) || holdsReferences(destination);
     std::unordered_map<const Node*, const Node*, openapi::NodeHash> partners; // by node of the destination
     forEachSection(destination, [&](const openapi::NamedNodes& section, ComponentSection which) {
@@ -130,6 +131,8 @@ void ComponentComparisons::include(const Node& source, const Node& destination) 
     const Pair targets = targetsOf(source, destination);
     if (targets.source == nullptr || targets.destination == nullptr)
         return;
+    if (budget_ == 0 && !units_.contains(targets))
+        return;
     const Pair place{&source, &destination};
     Unit& unit = unitOf(targets, place);
     if (evaluated_ == nullptr)
@@ -141,7 +144,8 @@ void ComponentComparisons::include(const Node& source, const Node& destination) 
 
 /// Two references of one name lead to the components of that name, be they references again; all others to
 /// the objects at the end.
-ComponentComparisons::Pair ComponentComparisons::targetsOf(const Node& source, const Node& destination) const {
+ComponentComparisons::Pair ComponentComparisons::targetsOf(const Node& source,
+                                                           const Node& destination) const {
     const Reference* before = asReference(&source);
     const Reference* after = asReference(&destination);
     const Pair resolved{source.resolve(), destination.resolve()};
@@ -156,31 +160,61 @@ ComponentComparisons::Pair ComponentComparisons::targetsOf(const Node& source, c
 
 ComponentComparisons::Unit& ComponentComparisons::unitOf(const Pair& nodes, const Pair& place) {
     const auto [entry, isNew] = units_.try_emplace(nodes, Unit{.nodes = nodes, .place = place});
-    if (isNew)
-        enqueue(entry->second);
-    return entry->second;
+    Unit& unit = entry->second;
+    if (isNew) {
+        // Components of one name come in the order of their references; others are met by those that depend
+        // on them.
+        unit.order = place == Pair{} ? ++highestOrder_ : --lowestOrder_;
+        enqueue(unit);
+    }
+    return unit;
 }
 
 void ComponentComparisons::enqueue(Unit& unit) {
-    if (!std::exchange(unit.isWaiting, true))
-        waiting_.push_back(&unit);
+    if (std::exchange(unit.isWaiting, true))
+        return;
+    if (!unit.isMade)
+        fresh_.push_back(&unit);
+    else if (unit.order > position_)
+        round_.push(&unit);
+    else
+        nextRound_.push_back(&unit);
+}
+
+ComponentComparisons::Unit* ComponentComparisons::nextWaiting() {
+    if (!fresh_.empty()) {
+        Unit* unit = fresh_.front();
+        fresh_.pop_front();
+        return unit;
+    }
+    if (round_.empty())
+        for (Unit* unit : std::exchange(nextRound_, {}))
+            round_.push(unit);
+    if (round_.empty()) {
+        position_ = std::numeric_limits<std::int64_t>::min();
+        return nullptr;
+    }
+    Unit* unit = round_.top();
+    round_.pop();
+    position_ = unit->order;
+    return unit;
 }
 
 void ComponentComparisons::settle() {
-    while (!waiting_.empty()) {
-        Unit& unit = *waiting_.front();
-        waiting_.pop_front();
-        unit.isWaiting = false;
-        evaluate(unit);
-    }
+    while (Unit* unit = nextWaiting())
+        evaluate(*unit);
 }
 
 void ComponentComparisons::evaluate(Unit& unit) {
-    const auto [source, destination] = unit.nodes;
+    const Pair& nodes = unit.nodes;
+    unit.isWaiting = false;
+    unit.isMade = true;
     evaluated_ = &unit;
-    Comparison found = context_.collect(
-        *source, *destination, [&] { diffComponents(source, destination, context_); });
+    Comparison found = context_.collect(*nodes.source, *nodes.destination,
+                                        [&] { diffComponents(nodes.source, nodes.destination, context_); });
     evaluated_ = nullptr;
+    if (unit.place != Pair{})
+        spend(found.changes.size() + 1);
     const bool isWorse = found.level > unit.comparison.level || found.weight > unit.comparison.weight;
     unit.comparison = std::move(found);
     if (isWorse)

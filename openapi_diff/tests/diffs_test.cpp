@@ -3,6 +3,7 @@
 #include "jv/deser.h"
 #include "openapi/reader.h"
 #include "test_support/corpora.h"
+#include "test_support/documents.h"
 #include "test_support/read_tree.h"
 
 #include <fmt/format.h> // fmt::format
@@ -673,6 +674,18 @@ key_modified components.schemas(U) breaking 9
 property_modified schema.items breaking 9
 property_modified schema.not breaking 9
 )"},
+        {"with a text beside a reference to a schema",
+         R"(components:
+  schemas: {A: {title: t}, U: {items: {$ref: '#/components/schemas/A', description: d}}}
+)",
+         R"(components:
+  schemas: {A: {title: t}, U: {items: {$ref: '#/components/schemas/A', description: e}}}
+)",
+         R"(property_modified openapi.components non-functional 4
+key_modified components.schemas(U) non-functional 4
+property_modified schema.items non-functional 4
+property_modified reference.description non-functional 4
+)"},
         {"on one side only, and with texts of their own",
          R"(components:
   responses: {R: {description: d}}
@@ -701,7 +714,8 @@ property_modified reference.description non-functional 6
 
 /// A document whose component `A<i>` refers to the next one, and the last to the first if it is a circle.
 std::string chain(std::string_view name, int length, bool isCircle, std::string_view title) {
-    std::string text = R"({"openapi": "3.1.0", "info": {"title": "t", "version": "1"}, "components": {"schemas": {)";
+    std::string text =
+        R"({"openapi": "3.1.0", "info": {"title": "t", "version": "1"}, "components": {"schemas": {)";
     const auto refer = [&](int to) {
         return fmt::format(R"("items": {{"$ref": "#/components/schemas/{}{:05}"}})", name, to);
     };
@@ -732,6 +746,15 @@ TEST(DiffsTest, longChainsOfReferences) {
         EXPECT_GT(compare(*source, *renamed, renamedReport).count, 5U * length);
         EXPECT_TRUE(renamedReport.text.starts_with("property_modified openapi.paths breaking 1\n"));
     }
+}
+
+/// Two circles whose lengths have no common divisor would bring each component together with each.
+TEST(DiffsTest, circlesThatNeverAgree) {
+    Lines report;
+    compare(*read(chain("A", 20'000, true, "t"), jv::DocumentFormat::Json),
+            *read(chain("B", 19'999, true, "u"), jv::DocumentFormat::Json), report);
+    EXPECT_GT(report.count, 200'000U);
+    EXPECT_LT(report.count, 2'000'000U);
 }
 
 TEST(DiffsTest, manyChangesAndLongLists) {
@@ -766,6 +789,9 @@ TEST(DiffsTest, realDocumentsDoNotDifferFromThemselves) {
             SCOPED_TRACE(path.string());
             const auto format = jv::formatFromPath(path.string()).value();
             for (const auto other : {jv::DocumentFormat::Json, jv::DocumentFormat::Yaml}) {
+                if (other == jv::DocumentFormat::Json &&
+                    test_support::hasBigNumber(*tree.result->source().root()))
+                    continue; // which JSON cannot be written with
                 auto document = jv::parseDocument(jv::documentToText(tree.result->source(), other),
                                                   {.format = other, .refLoader = {}});
                 if (other != format)

@@ -4,7 +4,8 @@
 
 namespace specloom::openapi_diff {
 
-void CallbackDiff::diff(const openapi::Callback* source, const openapi::Callback* destination, DiffContext& context) const {
+void CallbackDiff::diff(const openapi::Callback* source, const openapi::Callback* destination,
+                        DiffContext& context) const {
     context.mark(source, destination);
     diffMaps<PathItemDiff>(ConfigKey::Callback, source, destination, context, &openapi::Callback::items);
     diffExtensions(source, destination, context);

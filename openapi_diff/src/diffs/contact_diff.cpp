@@ -2,7 +2,8 @@
 
 namespace specloom::openapi_diff {
 
-void ContactDiff::diff(const openapi::Contact* source, const openapi::Contact* destination, DiffContext& context) const {
+void ContactDiff::diff(const openapi::Contact* source, const openapi::Contact* destination,
+                       DiffContext& context) const {
     using openapi::Contact;
     using enum ConfigKey;
     context.mark(source, destination);

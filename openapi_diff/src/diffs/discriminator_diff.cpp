@@ -2,7 +2,8 @@
 
 namespace specloom::openapi_diff {
 
-void DiscriminatorDiff::diff(const openapi::Discriminator* source, const openapi::Discriminator* destination, DiffContext& context) const {
+void DiscriminatorDiff::diff(const openapi::Discriminator* source, const openapi::Discriminator* destination,
+                             DiffContext& context) const {
     using openapi::Discriminator;
     using enum ConfigKey;
     context.mark(source, destination);

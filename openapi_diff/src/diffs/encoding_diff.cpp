@@ -5,7 +5,8 @@
 
 namespace specloom::openapi_diff {
 
-void EncodingDiff::diff(const openapi::Encoding* source, const openapi::Encoding* destination, DiffContext& context) const {
+void EncodingDiff::diff(const openapi::Encoding* source, const openapi::Encoding* destination,
+                        DiffContext& context) const {
     using openapi::Encoding;
     using enum ConfigKey;
     context.mark(source, destination);

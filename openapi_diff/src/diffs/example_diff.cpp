@@ -2,7 +2,8 @@
 
 namespace specloom::openapi_diff {
 
-void ExampleDiff::diff(const openapi::Example* source, const openapi::Example* destination, DiffContext& context) const {
+void ExampleDiff::diff(const openapi::Example* source, const openapi::Example* destination,
+                       DiffContext& context) const {
     using openapi::Example;
     using enum ConfigKey;
     context.mark(source, destination);

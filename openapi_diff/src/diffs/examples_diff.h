@@ -13,9 +13,8 @@ class ExamplesDiff final : public NodeDiff {
     template <typename N>
     void diff(const N* source, const N* destination, DiffContext& context) const {
         context.field(example_, source, destination, [](const N& node) { return node.examples().single(); });
-        diffMaps<ExampleDiff>(
-            examples_, source, destination, context,
-            [](const N& node) -> const openapi::NodeMap& { return node.examples().map(); });
+        diffMaps<ExampleDiff>(examples_, source, destination, context,
+                              [](const N& node) -> const openapi::NodeMap& { return node.examples().map(); });
     }
 
   private:

@@ -2,7 +2,9 @@
 
 namespace specloom::openapi_diff {
 
-void ExternalDocumentationDiff::diff(const openapi::ExternalDocumentation* source, const openapi::ExternalDocumentation* destination, DiffContext& context) const {
+void ExternalDocumentationDiff::diff(const openapi::ExternalDocumentation* source,
+                                     const openapi::ExternalDocumentation* destination,
+                                     DiffContext& context) const {
     using openapi::ExternalDocumentation;
     using enum ConfigKey;
     context.mark(source, destination);

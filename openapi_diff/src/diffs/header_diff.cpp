@@ -5,7 +5,8 @@
 
 namespace specloom::openapi_diff {
 
-void HeaderDiff::diff(const openapi::Header* source, const openapi::Header* destination, DiffContext& context) const {
+void HeaderDiff::diff(const openapi::Header* source, const openapi::Header* destination,
+                      DiffContext& context) const {
     using openapi::Header;
     using enum ConfigKey;
     context.mark(source, destination);

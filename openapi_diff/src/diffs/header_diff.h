@@ -9,8 +9,7 @@ namespace specloom::openapi_diff {
 class HeaderDiff final : public NodeDiff {
   public:
     using NodeClass = openapi::Header;
-    void diff(const openapi::Header* source, const openapi::Header* destination,
-              DiffContext& context) const;
+    void diff(const openapi::Header* source, const openapi::Header* destination, DiffContext& context) const;
 };
 
 } // namespace specloom::openapi_diff

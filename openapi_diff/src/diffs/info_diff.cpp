@@ -5,7 +5,8 @@
 
 namespace specloom::openapi_diff {
 
-void InfoDiff::diff(const openapi::Info* source, const openapi::Info* destination, DiffContext& context) const {
+void InfoDiff::diff(const openapi::Info* source, const openapi::Info* destination,
+                    DiffContext& context) const {
     using openapi::Info;
     using enum ConfigKey;
     context.mark(source, destination);
@@ -13,8 +14,10 @@ void InfoDiff::diff(const openapi::Info* source, const openapi::Info* destinatio
     context.field(InfoSummary, source, destination, &Info::summary);
     context.field(InfoDescription, source, destination, &Info::description);
     context.field(InfoTermsOfService, source, destination, &Info::termsOfService);
-    diffField<ContactDiff>(InfoContact, source, destination, context, [](const Info& node) { return node.contact(); });
-    diffField<LicenseDiff>(InfoLicense, source, destination, context, [](const Info& node) { return node.license(); });
+    diffField<ContactDiff>(InfoContact, source, destination, context,
+                           [](const Info& node) { return node.contact(); });
+    diffField<LicenseDiff>(InfoLicense, source, destination, context,
+                           [](const Info& node) { return node.license(); });
     context.field(InfoVersion, source, destination, &Info::version);
     diffExtensions(source, destination, context);
 }

@@ -9,8 +9,7 @@ namespace specloom::openapi_diff {
 class InfoDiff final : public NodeDiff {
   public:
     using NodeClass = openapi::Info;
-    void diff(const openapi::Info* source, const openapi::Info* destination,
-              DiffContext& context) const;
+    void diff(const openapi::Info* source, const openapi::Info* destination, DiffContext& context) const;
 };
 
 } // namespace specloom::openapi_diff

@@ -2,7 +2,8 @@
 
 namespace specloom::openapi_diff {
 
-void LicenseDiff::diff(const openapi::License* source, const openapi::License* destination, DiffContext& context) const {
+void LicenseDiff::diff(const openapi::License* source, const openapi::License* destination,
+                       DiffContext& context) const {
     using openapi::License;
     using enum ConfigKey;
     context.mark(source, destination);

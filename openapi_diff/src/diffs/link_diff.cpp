@@ -4,7 +4,8 @@
 
 namespace specloom::openapi_diff {
 
-void LinkDiff::diff(const openapi::Link* source, const openapi::Link* destination, DiffContext& context) const {
+void LinkDiff::diff(const openapi::Link* source, const openapi::Link* destination,
+                    DiffContext& context) const {
     using openapi::Link;
     using enum ConfigKey;
     context.mark(source, destination);

@@ -9,8 +9,7 @@ namespace specloom::openapi_diff {
 class LinkDiff final : public NodeDiff {
   public:
     using NodeClass = openapi::Link;
-    void diff(const openapi::Link* source, const openapi::Link* destination,
-              DiffContext& context) const;
+    void diff(const openapi::Link* source, const openapi::Link* destination, DiffContext& context) const;
 };
 
 } // namespace specloom::openapi_diff

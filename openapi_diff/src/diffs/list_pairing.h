@@ -1,5 +1,6 @@
 #pragma once
 
+#include "jv/jv.h"
 #include "openapi_diff/change.h"
 
 #include <cstddef>       // std::size_t

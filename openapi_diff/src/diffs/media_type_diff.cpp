@@ -6,7 +6,8 @@
 
 namespace specloom::openapi_diff {
 
-void MediaTypeDiff::diff(const openapi::MediaType* source, const openapi::MediaType* destination, DiffContext& context) const {
+void MediaTypeDiff::diff(const openapi::MediaType* source, const openapi::MediaType* destination,
+                         DiffContext& context) const {
     using openapi::MediaType;
     using enum ConfigKey;
     context.mark(source, destination);

@@ -22,7 +22,8 @@ void diffNamedLists(ConfigKey key, const std::vector<std::unique_ptr<N>>* source
         [&](DocumentSide side, std::size_t index) { return std::invoke(nameOf, at(side, index)); },
         [&](std::int64_t before, std::int64_t after) {
             const N* a = before < 0 ? nullptr : &at(DocumentSide::Source, static_cast<std::size_t>(before));
-            const N* b = after < 0 ? nullptr : &at(DocumentSide::Destination, static_cast<std::size_t>(after));
+            const N* b =
+                after < 0 ? nullptr : &at(DocumentSide::Destination, static_cast<std::size_t>(after));
             const auto scope = context.enterIndex(a, b, key, after < 0 ? before : after);
             Diff().diff(a, b, context);
         });

@@ -114,13 +114,14 @@ void walkMaps(const Map* source, const Map* destination, Visit visit) {
 /// Compares two maps of objects and references, each entry in a scope of its own.
 template <typename Diff, typename Map>
 void diffMaps(ConfigKey key, const Map* source, const Map* destination, DiffContext& context) {
-    walkMaps(source, destination,
-             [&](std::string_view name, const openapi::NodePointer* before, const openapi::NodePointer* after) {
-                 const openapi::Node* a = before == nullptr ? nullptr : before->get();
-                 const openapi::Node* b = after == nullptr ? nullptr : after->get();
-                 const auto scope = context.enterKey(a, b, key, name);
-                 diffPlace<Diff>(a, b, context);
-             });
+    walkMaps(
+        source, destination,
+        [&](std::string_view name, const openapi::NodePointer* before, const openapi::NodePointer* after) {
+            const openapi::Node* a = before == nullptr ? nullptr : before->get();
+            const openapi::Node* b = after == nullptr ? nullptr : after->get();
+            const auto scope = context.enterKey(a, b, key, name);
+            diffPlace<Diff>(a, b, context);
+        });
 }
 template <typename Diff, typename N, typename Get>
 void diffMaps(ConfigKey key, const N* source, const N* destination, DiffContext& context, Get get) {

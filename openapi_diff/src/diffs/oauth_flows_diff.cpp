@@ -4,14 +4,17 @@
 
 namespace specloom::openapi_diff {
 
-void OAuthFlowsDiff::diff(const openapi::OAuthFlows* source, const openapi::OAuthFlows* destination, DiffContext& context) const {
+void OAuthFlowsDiff::diff(const openapi::OAuthFlows* source, const openapi::OAuthFlows* destination,
+                          DiffContext& context) const {
     using openapi::OAuthFlows;
     using enum ConfigKey;
     context.mark(source, destination);
     diffField<ImplicitOAuthFlowDiff>(OAuthFlowsImplicit, source, destination, context, &OAuthFlows::implicit);
     diffField<PasswordOAuthFlowDiff>(OAuthFlowsPassword, source, destination, context, &OAuthFlows::password);
-    diffField<ClientCredentialsOAuthFlowDiff>(OAuthFlowsClientCredentials, source, destination, context, &OAuthFlows::clientCredentials);
-    diffField<AuthorizationCodeOAuthFlowDiff>(OAuthFlowsAuthorizationCode, source, destination, context, &OAuthFlows::authorizationCode);
+    diffField<ClientCredentialsOAuthFlowDiff>(OAuthFlowsClientCredentials, source, destination, context,
+                                              &OAuthFlows::clientCredentials);
+    diffField<AuthorizationCodeOAuthFlowDiff>(OAuthFlowsAuthorizationCode, source, destination, context,
+                                              &OAuthFlows::authorizationCode);
     diffExtensions(source, destination, context);
 }
 

@@ -52,9 +52,8 @@ void OpenAPIDiff::diff(const OpenAPI* source, const OpenAPI* destination, DiffCo
         SecurityRequirementListDiff(OpenAPISecurity)
             .diff(&source->security(), &destination->security(), context);
     });
-    diffEntries(OpenAPITags, *source, *destination, context, [&] {
-        TagListDiff(OpenAPITags).diff(&source->tags(), &destination->tags(), context);
-    });
+    diffEntries(OpenAPITags, *source, *destination, context,
+                [&] { TagListDiff(OpenAPITags).diff(&source->tags(), &destination->tags(), context); });
     diffField<ExternalDocumentationDiff>(OpenAPIExternalDocs, source, destination, context,
                                          &OpenAPI::externalDocs);
     diffExtensions(source, destination, context);

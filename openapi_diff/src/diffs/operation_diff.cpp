@@ -58,7 +58,8 @@ void diffSecurity(const openapi::Operation* source, const openapi::Operation* de
 
 } // namespace
 
-void OperationDiff::diff(const openapi::Operation* source, const openapi::Operation* destination, DiffContext& context) const {
+void OperationDiff::diff(const openapi::Operation* source, const openapi::Operation* destination,
+                         DiffContext& context) const {
     using openapi::Operation;
     using enum ConfigKey;
     context.mark(source, destination);
@@ -66,14 +67,19 @@ void OperationDiff::diff(const openapi::Operation* source, const openapi::Operat
     context.field(OperationSummary, source, destination, &Operation::summary);
     context.field(OperationOperationId, source, destination, &Operation::operationId);
     context.field(OperationDescription, source, destination, &Operation::description);
-    diffField<ExternalDocumentationDiff>(OperationExternalDocs, source, destination, context, [](const Operation& node) { return node.externalDocs(); });
+    diffField<ExternalDocumentationDiff>(OperationExternalDocs, source, destination, context,
+                                         [](const Operation& node) { return node.externalDocs(); });
     context.field(OperationDeprecated, source, destination, &Operation::deprecated);
-    ParameterListDiff(OperationParameters).diff(childOf(source, &Operation::parameters), childOf(destination, &Operation::parameters), context);
-    diffField<RequestBodyDiff>(OperationRequestBody, source, destination, context, &Operation::requestBodyNode);
-    diffField<ResponsesDiff>(OperationResponses, source, destination, context, [](const Operation& node) { return &node.responses(); });
+    ParameterListDiff(OperationParameters)
+        .diff(childOf(source, &Operation::parameters), childOf(destination, &Operation::parameters), context);
+    diffField<RequestBodyDiff>(OperationRequestBody, source, destination, context,
+                               &Operation::requestBodyNode);
+    diffField<ResponsesDiff>(OperationResponses, source, destination, context,
+                             [](const Operation& node) { return &node.responses(); });
     diffMaps<CallbackDiff>(OperationCallbacks, source, destination, context, &Operation::callbacks);
     diffSecurity(source, destination, context);
-    ServerListDiff(OperationServers).diff(childOf(source, &Operation::servers), childOf(destination, &Operation::servers), context);
+    ServerListDiff(OperationServers)
+        .diff(childOf(source, &Operation::servers), childOf(destination, &Operation::servers), context);
     diffExtensions(source, destination, context);
 }
 

@@ -28,7 +28,8 @@ void diffAt(openapi::ParameterLocation location, const openapi::Node* source,
 void ParameterListDiff::diff(const openapi::ParameterList* source, const openapi::ParameterList* destination,
                              DiffContext& context) const {
     const auto keyOf = [&](DocumentSide side, std::size_t index) {
-        const openapi::Parameter* parameter = (side == DocumentSide::Source ? source : destination)->at(index);
+        const openapi::Parameter* parameter =
+            (side == DocumentSide::Source ? source : destination)->at(index);
         return openapi::ParameterKey{parameter->location(), parameter->name()};
     };
     const auto nodeAt = [](const openapi::ParameterList* list, std::int64_t index) {

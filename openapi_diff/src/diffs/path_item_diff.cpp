@@ -31,15 +31,18 @@ void diffOperations(const openapi::PathItem* source, const openapi::PathItem* de
 
 } // namespace
 
-void PathItemDiff::diff(const openapi::PathItem* source, const openapi::PathItem* destination, DiffContext& context) const {
+void PathItemDiff::diff(const openapi::PathItem* source, const openapi::PathItem* destination,
+                        DiffContext& context) const {
     using openapi::PathItem;
     using enum ConfigKey;
     context.mark(source, destination);
     context.field(PathItemSummary, source, destination, &PathItem::summary);
     context.field(PathItemDescription, source, destination, &PathItem::description);
-    ParameterListDiff(PathItemParameters).diff(childOf(source, &PathItem::parameters), childOf(destination, &PathItem::parameters), context);
+    ParameterListDiff(PathItemParameters)
+        .diff(childOf(source, &PathItem::parameters), childOf(destination, &PathItem::parameters), context);
     diffOperations(source, destination, context);
-    ServerListDiff(PathItemServers).diff(childOf(source, &PathItem::servers), childOf(destination, &PathItem::servers), context);
+    ServerListDiff(PathItemServers)
+        .diff(childOf(source, &PathItem::servers), childOf(destination, &PathItem::servers), context);
     diffExtensions(source, destination, context);
 }
 

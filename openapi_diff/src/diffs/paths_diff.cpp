@@ -4,7 +4,8 @@
 
 namespace specloom::openapi_diff {
 
-void PathsDiff::diff(const openapi::Paths* source, const openapi::Paths* destination, DiffContext& context) const {
+void PathsDiff::diff(const openapi::Paths* source, const openapi::Paths* destination,
+                     DiffContext& context) const {
     context.mark(source, destination);
     diffMaps<PathItemDiff>(ConfigKey::Paths, source, destination, context, &openapi::Paths::items);
     diffExtensions(source, destination, context);

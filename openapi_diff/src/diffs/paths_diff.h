@@ -9,8 +9,7 @@ namespace specloom::openapi_diff {
 class PathsDiff final : public NodeDiff {
   public:
     using NodeClass = openapi::Paths;
-    void diff(const openapi::Paths* source, const openapi::Paths* destination,
-              DiffContext& context) const;
+    void diff(const openapi::Paths* source, const openapi::Paths* destination, DiffContext& context) const;
 };
 
 } // namespace specloom::openapi_diff

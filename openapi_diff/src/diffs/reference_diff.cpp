@@ -16,6 +16,24 @@ std::optional<std::string_view> nameIn(std::string_view text, openapi::Component
     return text.starts_with(start) && text.size() >= head ? std::optional(text.substr(head)) : std::nullopt;
 }
 
+/// A text beside `$ref`. References to schemas keep none, but from 3.1 on it means something there too.
+std::optional<std::string_view> textBeside(const Reference& reference, std::string_view key,
+                                           std::optional<std::string_view> kept) {
+    const jv::JV* object = reference.source();
+    if (kept || object == nullptr || object->size() == 1 || documentOf(reference).isVersion30())
+        return kept;
+    const jv::JV* text = object->isObject() ? object->get(key) : nullptr;
+    return text != nullptr && text->isString() ? std::optional(text->text()) : std::nullopt;
+}
+
+std::optional<std::string_view> summaryOf(const Reference& reference) {
+    return textBeside(reference, "summary", reference.summary());
+}
+
+std::optional<std::string_view> descriptionOf(const Reference& reference) {
+    return textBeside(reference, "description", reference.description());
+}
+
 } // namespace
 
 std::string_view targetName(const Reference& reference) {
@@ -36,8 +54,8 @@ void diffReferences(const openapi::Node* source, const openapi::Node* destinatio
     const Reference* before = asReference(source);
     const Reference* after = asReference(destination);
     context.field(ReferenceRef, before, after, targetName);
-    context.field(ReferenceSummary, before, after, &Reference::summary);
-    context.field(ReferenceDescription, before, after, &Reference::description);
+    context.field(ReferenceSummary, before, after, summaryOf);
+    context.field(ReferenceDescription, before, after, descriptionOf);
     if (source != nullptr && destination != nullptr)
         context.comparisons().include(*source, *destination);
     diffExtensions(before, after, context);

@@ -4,7 +4,8 @@
 
 namespace specloom::openapi_diff {
 
-void RequestBodyDiff::diff(const openapi::RequestBody* source, const openapi::RequestBody* destination, DiffContext& context) const {
+void RequestBodyDiff::diff(const openapi::RequestBody* source, const openapi::RequestBody* destination,
+                           DiffContext& context) const {
     using openapi::RequestBody;
     using enum ConfigKey;
     context.mark(source, destination);

@@ -6,7 +6,8 @@
 
 namespace specloom::openapi_diff {
 
-void ResponseDiff::diff(const openapi::Response* source, const openapi::Response* destination, DiffContext& context) const {
+void ResponseDiff::diff(const openapi::Response* source, const openapi::Response* destination,
+                        DiffContext& context) const {
     using openapi::Response;
     using enum ConfigKey;
     context.mark(source, destination);

@@ -4,7 +4,8 @@
 
 namespace specloom::openapi_diff {
 
-void ResponsesDiff::diff(const openapi::Responses* source, const openapi::Responses* destination, DiffContext& context) const {
+void ResponsesDiff::diff(const openapi::Responses* source, const openapi::Responses* destination,
+                         DiffContext& context) const {
     context.mark(source, destination);
     diffMaps<ResponseDiff>(ConfigKey::Responses, source, destination, context, &openapi::Responses::items);
     diffExtensions(source, destination, context);

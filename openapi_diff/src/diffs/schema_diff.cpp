@@ -265,9 +265,9 @@ RowSet rowsAbout(const Schema* source, const Schema* destination) {
         return node == nullptr ? openapi::SchemaKeywords() : node->keywords();
     };
     RowSet set = typeRow;
-    openapi::SchemaKeywords::forEachOf(keywordsOf(source), keywordsOf(destination), [&](SchemaKeyword keyword) {
-        set |= rowsOfKeywords[static_cast<std::size_t>(keyword)];
-    });
+    openapi::SchemaKeywords::forEachOf(
+        keywordsOf(source), keywordsOf(destination),
+        [&](SchemaKeyword keyword) { set |= rowsOfKeywords[static_cast<std::size_t>(keyword)]; });
     return set;
 }
 

@@ -9,8 +9,7 @@ namespace specloom::openapi_diff {
 class SchemaDiff final : public NodeDiff {
   public:
     using NodeClass = openapi::Schema;
-    void diff(const openapi::Schema* source, const openapi::Schema* destination,
-              DiffContext& context) const;
+    void diff(const openapi::Schema* source, const openapi::Schema* destination, DiffContext& context) const;
 };
 
 } // namespace specloom::openapi_diff

@@ -11,7 +11,8 @@ namespace specloom::openapi_diff {
 /// type, is an addition and a removal.
 class SchemaOrMediaTypeDiff final : public NodeDiff {
   public:
-    SchemaOrMediaTypeDiff(ConfigKey schema, ConfigKey content) noexcept : schema_(schema), content_(content) {}
+    SchemaOrMediaTypeDiff(ConfigKey schema, ConfigKey content) noexcept
+        : schema_(schema), content_(content) {}
 
     template <typename N>
     void diff(const N* source, const N* destination, DiffContext& context) const {

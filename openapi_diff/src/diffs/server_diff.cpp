@@ -4,7 +4,8 @@
 
 namespace specloom::openapi_diff {
 
-void ServerDiff::diff(const openapi::Server* source, const openapi::Server* destination, DiffContext& context) const {
+void ServerDiff::diff(const openapi::Server* source, const openapi::Server* destination,
+                      DiffContext& context) const {
     using openapi::Server;
     using enum ConfigKey;
     context.mark(source, destination);

@@ -9,8 +9,7 @@ namespace specloom::openapi_diff {
 class ServerDiff final : public NodeDiff {
   public:
     using NodeClass = openapi::Server;
-    void diff(const openapi::Server* source, const openapi::Server* destination,
-              DiffContext& context) const;
+    void diff(const openapi::Server* source, const openapi::Server* destination, DiffContext& context) const;
 };
 
 } // namespace specloom::openapi_diff

@@ -7,7 +7,7 @@ namespace specloom::openapi_diff {
 
 void ServerListDiff::diff(const List* source, const List* destination, DiffContext& context) const {
     diffNamedLists<ServerDiff, std::hash<std::string_view>>(key_, source, destination, &openapi::Server::url,
-                                                          context);
+                                                            context);
 }
 
 } // namespace specloom::openapi_diff

@@ -15,7 +15,8 @@ void diffEnumeration(const openapi::ServerVariable* source, const openapi::Serve
 
 } // namespace
 
-void ServerVariableDiff::diff(const openapi::ServerVariable* source, const openapi::ServerVariable* destination, DiffContext& context) const {
+void ServerVariableDiff::diff(const openapi::ServerVariable* source,
+                              const openapi::ServerVariable* destination, DiffContext& context) const {
     using openapi::ServerVariable;
     using enum ConfigKey;
     context.mark(source, destination);

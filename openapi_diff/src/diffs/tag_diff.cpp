@@ -10,7 +10,8 @@ void TagDiff::diff(const openapi::Tag* source, const openapi::Tag* destination, 
     context.mark(source, destination);
     context.field(TagName, source, destination, &Tag::name);
     context.field(TagDescription, source, destination, &Tag::description);
-    diffField<ExternalDocumentationDiff>(TagExternalDocs, source, destination, context, [](const Tag& node) { return node.externalDocs(); });
+    diffField<ExternalDocumentationDiff>(TagExternalDocs, source, destination, context,
+                                         [](const Tag& node) { return node.externalDocs(); });
     diffExtensions(source, destination, context);
 }
 

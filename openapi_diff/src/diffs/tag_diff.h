@@ -9,8 +9,7 @@ namespace specloom::openapi_diff {
 class TagDiff final : public NodeDiff {
   public:
     using NodeClass = openapi::Tag;
-    void diff(const openapi::Tag* source, const openapi::Tag* destination,
-              DiffContext& context) const;
+    void diff(const openapi::Tag* source, const openapi::Tag* destination, DiffContext& context) const;
 };
 
 } // namespace specloom::openapi_diff

@@ -7,7 +7,7 @@ namespace specloom::openapi_diff {
 
 void TagListDiff::diff(const List* source, const List* destination, DiffContext& context) const {
     diffNamedLists<TagDiff, std::hash<std::string_view>>(key_, source, destination, &openapi::Tag::name,
-                                                          context);
+                                                         context);
 }
 
 } // namespace specloom::openapi_diff

@@ -9,8 +9,7 @@ namespace specloom::openapi_diff {
 class XMLDiff final : public NodeDiff {
   public:
     using NodeClass = openapi::XML;
-    void diff(const openapi::XML* source, const openapi::XML* destination,
-              DiffContext& context) const;
+    void diff(const openapi::XML* source, const openapi::XML* destination, DiffContext& context) const;
 };
 
 } // namespace specloom::openapi_diff
