@@ -39,8 +39,9 @@ void ArgumentParser::addOption(std::string_view name, const ArgumentHelp& help,
 
 void ArgumentParser::addOption(std::string_view name, const ArgumentHelp& help, std::string_view defaultValue,
                                std::initializer_list<std::string_view> choices) {
-    argparse::Argument& argument =
-        parser_->add(name, help).nargs(1).default_value(std::string(defaultValue));
+    // A default value behind nargs() would make the value itself optional: one that is no choice would then
+    // be left to the positional arguments.
+    argparse::Argument& argument = parser_->add(name, help).default_value(std::string(defaultValue)).nargs(1);
     for (const std::string_view choice : choices)
         argument.add_choice(std::string(choice));
 }

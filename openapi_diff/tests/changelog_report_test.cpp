@@ -38,8 +38,8 @@ std::unique_ptr<openapi::ReadResult> document(std::string_view members) {
 
 std::string eventsOf(const ChangelogReport& report) {
     constexpr EventFormats eventFormats{
-        "metadata {3}\n",        "added {4} {5} {3}\n",   "removed {4} {5} {3}\n", "deprecated {4} {5} {3}\n",
-        "modified {4} {5} {3}\n", "  metadata {3}\n",      "  + {4} {5} {3}\n",     "  - {4} {5} {3}\n",
+        "metadata {3}\n",         "added {4} {5} {3}\n",  "removed {4} {5} {3}\n", "deprecated {4} {5} {3}\n",
+        "modified {4} {5} {3}\n", "  metadata {3}\n",     "  + {4} {5} {3}\n",     "  - {4} {5} {3}\n",
         "  ~ {4} {5} {3}\n",      "  request body {3}\n", "  + {4} {3}\n",         "  - {4} {3}\n",
         "  ~ {4} {3}\n",          "  security {3}\n"};
     std::string events;
@@ -63,7 +63,8 @@ TEST(ChangelogReport, takesWhatConcernsUsers) {
          "added get /a non-breaking\n"},
         {"a new operation is added, whatever it holds", "paths: {/a: {get: {responses: {}}}}",
          "paths: {/a: {get: {responses: {}}, put: {deprecated: true, summary: s, security: [], parameters: "
-         "[{name: p, in: query, schema: {}}], requestBody: {content: {}}, responses: {'200': {description: d}}}}}",
+         "[{name: p, in: query, schema: {}}], requestBody: {content: {}}, responses: {'200': {description: "
+         "d}}}}}",
          NonBreaking, "added put /a non-breaking\n"},
         {"paths that refer to a shared item bring and take its operations",
          "paths: {/a: {$ref: '#/components/pathItems/I'}}\n"
@@ -78,9 +79,11 @@ TEST(ChangelogReport, takesWhatConcernsUsers) {
          "components: {pathItems: {J: {get: {responses: {'200': {description: d}}}}}}", None, ""},
         {"a path may turn to another shared item",
          "paths: {/a: {$ref: '#/components/pathItems/I'}}\n"
-         "components: {pathItems: {I: {get: {responses: {}}}, J: {put: {responses: {'2XX': {description: d}}}}}}",
+         "components: {pathItems: {I: {get: {responses: {}}}, J: {put: {responses: {'2XX': {description: "
+         "d}}}}}}",
          "paths: {/a: {$ref: '#/components/pathItems/J'}}\n"
-         "components: {pathItems: {I: {get: {responses: {}}}, J: {put: {responses: {'2XX': {description: d}}}}}}",
+         "components: {pathItems: {I: {get: {responses: {}}}, J: {put: {responses: {'2XX': {description: "
+         "d}}}}}}",
          Breaking, "added put /a non-breaking\n"},
         {"operations of callbacks are part of the one that calls back",
          "paths: {/a: {get: {callbacks: {c: {e: {post: {summary: s, responses: {}}, put: {summary: s, "
@@ -95,13 +98,16 @@ TEST(ChangelogReport, takesWhatConcernsUsers) {
          "components: {callbacks: {c: {e: {post: {summary: t, responses: {}}}}}}", None, ""},
         {"a callback may turn to another shared path item",
          "paths: {/a: {get: {callbacks: {c: {e: {$ref: '#/components/pathItems/I'}}}, responses: {}}}}\n"
-         "components: {pathItems: {I: {get: {summary: s, responses: {}}}, J: {get: {summary: t, responses: {}}}}}",
+         "components: {pathItems: {I: {get: {summary: s, responses: {}}}, J: {get: {summary: t, responses: "
+         "{}}}}}",
          "paths: {/a: {get: {callbacks: {c: {e: {$ref: '#/components/pathItems/J'}}}, responses: {}}}}\n"
-         "components: {pathItems: {I: {get: {summary: s, responses: {}}}, J: {get: {summary: t, responses: {}}}}}",
+         "components: {pathItems: {I: {get: {summary: s, responses: {}}}, J: {get: {summary: t, responses: "
+         "{}}}}}",
          Breaking, "modified get /a breaking\n"},
         {"webhooks are known by their names",
          "webhooks: {a: {post: {summary: s, responses: {}}}, b: {post: {summary: s, responses: {}}}}",
-         "webhooks: {a: {post: {summary: t, responses: {}}}, c: {post: {summary: s, responses: {}}}}", Breaking,
+         "webhooks: {a: {post: {summary: t, responses: {}}}, c: {post: {summary: s, responses: {}}}}",
+         Breaking,
          "added post c non-breaking\nremoved post b breaking\n"
          "modified post a non-functional\n  metadata non-functional\n"},
         {"the document's own security has no row behind an operation's",
@@ -112,8 +118,8 @@ TEST(ChangelogReport, takesWhatConcernsUsers) {
          NonFunctional, "modified get /a non-functional\n  metadata non-functional\n"},
         {"extensions are told by the nodes that hold them",
          "x-a: 1\nservers: [{url: /, x-a: 1}]\npaths: {/a: {x-a: 1, get: {x-a: 1, responses: {}}}}",
-         "x-a: 2\nservers: [{url: /, x-a: 2}]\npaths: {/a: {x-a: 2, get: {x-a: 2, responses: {}}}}", NonFunctional,
-         "modified get /a non-functional\n"},
+         "x-a: 2\nservers: [{url: /, x-a: 2}]\npaths: {/a: {x-a: 2, get: {x-a: 2, responses: {}}}}",
+         NonFunctional, "modified get /a non-functional\n"},
         {"an operation may be deprecated no more", "paths: {/a: {get: {deprecated: true, responses: {}}}}",
          "paths: {/a: {get: {responses: {}}}}", NonBreaking,
          "deprecated get /a non-breaking\nmodified get /a non-breaking\n"},
@@ -139,7 +145,8 @@ TEST(ChangelogReport, takesWhatConcernsUsers) {
 class HandMadeChanges : public testing::Test {
   protected:
     [[nodiscard]] Change path(ChangeKind kind) const {
-        return {.kind = kind, .weight = NonBreaking, .key = Paths, .node = root.paths().find("/a"), .name = "/a"};
+        return {
+            .kind = kind, .weight = NonBreaking, .key = Paths, .node = root.paths().find("/a"), .name = "/a"};
     }
     [[nodiscard]] Change operation(ChangeKind kind) const {
         return {.kind = kind, .weight = NonBreaking, .key = PathItemOperations, .node = get(), .name = "get"};
@@ -153,15 +160,16 @@ class HandMadeChanges : public testing::Test {
             report.add(change);
     }
 
-    const std::unique_ptr<openapi::ReadResult> read = document(
-        "servers: [{url: /}]\npaths: {/a: {get: {security: [{}], responses: {}}}}");
+    const std::unique_ptr<openapi::ReadResult> read =
+        document("servers: [{url: /}]\npaths: {/a: {get: {security: [{}], responses: {}}}}");
     const openapi::OpenAPI& root = read->root();
 };
 
 TEST_F(HandMadeChanges, mustBeOnesOfAComparison) {
     const char* place = "Unreachable code at openapi_diff/src/reports/changelog";
     const char* missing = "Unreachable code: \\(Not implemented yet\\) at openapi_diff/src/reports/changelog";
-    const Change server{.kind = PropertyModified, .key = OpenAPIServers, .node = root.servers().front().get()};
+    const Change server{
+        .kind = PropertyModified, .key = OpenAPIServers, .node = root.servers().front().get()};
     EXPECT_DEATH(add({server}), missing);
     EXPECT_DEATH(add({path(ElementAdded)}), missing);
     EXPECT_DEATH(add({path(KeyModified), operation(PropertyAdded)}), missing);
@@ -175,8 +183,10 @@ TEST_F(HandMadeChanges, wrapTheCountersOfSecurityRequirements) {
     ChangelogReport report;
     report.add(path(KeyModified));
     report.add(operation(KeyModified));
-    const Change requirement{
-        .kind = ElementAdded, .weight = Breaking, .key = SecurityRequirement, .node = get()->security()[0].get()};
+    const Change requirement{.kind = ElementAdded,
+                             .weight = Breaking,
+                             .key = SecurityRequirement,
+                             .node = get()->security()[0].get()};
     for (int i = 0; i < 256; ++i)
         report.add(requirement);
     EXPECT_EQ(report.modified().front().security.get(ElementAdded), 0);

@@ -1,7 +1,7 @@
-// All pairs of report and format over three pairs of documents: golden/before.yaml and golden/after.yaml, which
-// differ in everything that a report tells, in golden/changes.REPORT.FORMAT; documents from no file whose texts
-// try to break the reports, in golden/hostile.txt; and one that stays the same, in golden/nothing.txt. With
-// SPECLOOM_UPDATE_GOLDEN set they are written anew, for review.
+// All pairs of report and format over three pairs of documents: golden/before.yaml and golden/after.yaml,
+// which differ in everything that a report tells, in golden/changes.REPORT.FORMAT; documents from no file
+// whose texts try to break the reports, in golden/hostile.txt; and one that stays the same, in
+// golden/nothing.txt. With SPECLOOM_UPDATE_GOLDEN set they are written anew, for review.
 
 #include "openapi_diff/differ.h"
 

@@ -47,9 +47,27 @@ TEST(VersionBump, raisesAsMuchAsIsNeeded) {
 }
 
 TEST(VersionBump, readsOnlyVersions) {
-    for (const char* text : {"", "1", "1.2", "1.2.3.4", "v1.2.3", "1.2.3 ", " 1.2.3", "256.0.0", "1.02.3", "1.-2.3",
-                             "+1.2.3", "1.2.x", "1.2.3-", "1.2.3-gamma.1", "1.2.3-alpha.", "1.2.3-rc.256",
-                             "1.2.3-rc1", "1.2.3-alpha.01", "1.2.3-rc.1.2", "1.2.3+build", "2026-11-21"})
+    for (const char* text : {"",
+                             "1",
+                             "1.2",
+                             "1.2.3.4",
+                             "v1.2.3",
+                             "1.2.3 ",
+                             " 1.2.3",
+                             "256.0.0",
+                             "1.02.3",
+                             "1.-2.3",
+                             "+1.2.3",
+                             "1.2.x",
+                             "1.2.3-",
+                             "1.2.3-gamma.1",
+                             "1.2.3-alpha.",
+                             "1.2.3-rc.256",
+                             "1.2.3-rc1",
+                             "1.2.3-alpha.01",
+                             "1.2.3-rc.1.2",
+                             "1.2.3+build",
+                             "2026-11-21"})
         try {
             (void)bumpVersion("1.0.0", text, Breaking);
             ADD_FAILURE() << text;

@@ -14,24 +14,24 @@ namespace specloom::openapi_diff {
 /// What a changelog tells in one line each.
 enum class ChangelogEvent : std::uint8_t {
     MetadataChanged,
-    OperationAdded,      ///< of a method and a path, as the two below
+    OperationAdded, ///< of a method and a path, as the two below
     OperationRemoved,
     OperationDeprecated,
-    OperationModified,   ///< of a method and a path; what was modified follows
+    OperationModified, ///< of a method and a path; what was modified follows
     OperationMetadataChanged,
-    ParameterAdded,      ///< of a name and a location, as the two below
+    ParameterAdded, ///< of a name and a location, as the two below
     ParameterRemoved,
     ParameterModified,
     RequestBodyChanged,
-    ResponseAdded,       ///< of a response code, as the two below
+    ResponseAdded, ///< of a response code, as the two below
     ResponseRemoved,
     ResponseModified,
     SecurityChanged,
 };
 inline constexpr std::size_t changelogEventCount = 14;
 
-/// A format for each event, in which {0} is the file, {1} the line, {2} the column, {3} the level, and {4} and
-/// {5} are what the event is of. An event without one is not told.
+/// A format for each event, in which {0} is the file, {1} the line, {2} the column, {3} the level, and {4}
+/// and {5} are what the event is of. An event without one is not told.
 using EventFormats = std::array<std::string_view, changelogEventCount>;
 
 /// An event with its text.

@@ -20,8 +20,8 @@ bool isWordCharacter(std::string_view text, std::size_t at) noexcept {
     return at < text.size() && std::isalnum(static_cast<unsigned char>(text[at])) != 0;
 }
 
-/// Whether a character would be taken for Markdown (CommonMark 0.30, section 2.4). An underscore within a word
-/// is none, and paths are full of them.
+/// Whether a character would be taken for Markdown (CommonMark 0.30, section 2.4). An underscore within a
+/// word is none, and paths are full of them.
 bool isMarkup(std::string_view text, std::size_t at) noexcept {
     if (text[at] == '_')
         return at == 0 || !isWordCharacter(text, at - 1) || !isWordCharacter(text, at + 1);

@@ -11,12 +11,13 @@
 // What formatters of several formats say alike.
 namespace specloom::openapi_diff {
 
-/// "path_item", "schema" and so on; "webhook" for the path item of a webhook. A kind of node that no comparison
-/// meets is an unreachable path.
+/// "path_item", "schema" and so on; "webhook" for the path item of a webhook. A kind of node that no
+/// comparison meets is an unreachable path.
 [[nodiscard]] std::string_view nodeKindText(const openapi::Node& node);
 
 /// What changed, in one line: the kind of node and the field, with the key or index behind it, or the name of
-/// the extension ("operation: operations get", "server: servers 0", "schema: x-unit"). Control characters are escaped.
+/// the extension ("operation: operations get", "server: servers 0", "schema: x-unit"). Control characters are
+/// escaped.
 [[nodiscard]] std::string changeText(const Change& change);
 
 /// As reports print them: 0 where the position is unknown.

@@ -107,8 +107,8 @@ bool ChangelogReport::take(const Change& change) {
     case ConfigKey::InfoTermsOfService:
     case ConfigKey::InfoContact:
     case ConfigKey::InfoLicense: // their bits stand in the order of the keys
-        return takeMetadata(change, 1U << (static_cast<unsigned>(change.key) -
-                                           static_cast<unsigned>(ConfigKey::InfoTitle)));
+        return takeMetadata(
+            change, 1U << (static_cast<unsigned>(change.key) - static_cast<unsigned>(ConfigKey::InfoTitle)));
     case ConfigKey::OpenAPIServers:
         return takeServer(change);
     case ConfigKey::Paths:
@@ -291,8 +291,8 @@ bool ChangelogReport::takeParameter(const Change& change) {
     if (parameter == nullptr)
         return false;
     listOf(operation->parameters, change.kind)
-        .push_back({entryOf(change), parameter->name(),
-                    openapi::parameterLocationName(parameter->location()), parameter->isRequired()});
+        .push_back({entryOf(change), parameter->name(), openapi::parameterLocationName(parameter->location()),
+                    parameter->isRequired()});
     return true;
 }
 
