@@ -9,7 +9,8 @@ namespace specloom::openapi_diff {
 /// What a comparison of two objects found below them.
 struct Comparison {
     std::vector<Change> changes;
-    ChangeLevel level = ChangeLevel::None;  ///< the worst of the changes
+    const openapi::Node* destination = nullptr; ///< the object of the destination
+    ChangeLevel level = ChangeLevel::None;      ///< the worst of the changes
     ChangeLevel weight = ChangeLevel::None; ///< the worst Change::weight of those that are no part of another
 };
 

@@ -26,6 +26,11 @@ bool isRemoving(ChangeKind kind) noexcept {
            kind == ChangeKind::ExtensionRemoved;
 }
 
+bool isOfExtension(ChangeKind kind) noexcept {
+    return kind == ChangeKind::ExtensionAdded || kind == ChangeKind::ExtensionRemoved ||
+           kind == ChangeKind::ExtensionModified;
+}
+
 /// Added, Removed and Modified, and the three of properties, stand in this order in each family of kinds.
 ChangeKind inFamily(ChangeKind kind, ChangeKind from, ChangeKind to) noexcept {
     return static_cast<ChangeKind>(static_cast<int>(to) + static_cast<int>(kind) - static_cast<int>(from));
@@ -265,6 +270,7 @@ void DiffContext::include(const Comparison& comparison, bool listed) {
     append({.level = comparison.level,
             .weight = comparison.weight,
             .key = scopes_.back().key,
+            .node = scopes_.back().destination,
             .comparison = listed ? &comparison : nullptr});
 }
 
@@ -289,25 +295,33 @@ void DiffContext::place(Change& change, const openapi::Node& node, DocumentSide 
         change.pos = document.positionOf(*around);
 }
 
-/// Comparisons may include others, as deep as the references of the documents lead.
+/// Comparisons may include others, as deep as the references of the documents lead. Whatever refers to an
+/// object may have had it compared first: only the place that lists the changes is the field that holds it.
 void DiffContext::report(const Change& change) {
     if (change.kind != ChangeKind::Included)
         return report_.add(change);
-    using Cursor = std::pair<const Comparison*, std::size_t>;
+    struct Cursor {
+        const Comparison* comparison;
+        ConfigKey key; ///< of the place that lists it
+        std::size_t next = 0;
+    };
     std::vector<Cursor> open;
     if (change.comparison != nullptr)
-        open.emplace_back(change.comparison, 0);
+        open.push_back({change.comparison, change.key});
     while (!open.empty()) {
-        auto& [comparison, next] = open.back();
+        auto& [comparison, key, next] = open.back();
         if (next == comparison->changes.size()) {
             open.pop_back();
             continue;
         }
-        const Change& inner = comparison->changes[next++];
+        Change inner = comparison->changes[next++];
+        const bool hasPlace = inner.kind == ChangeKind::Included || isOfExtension(inner.kind);
+        if (hasPlace && inner.node == comparison->destination)
+            inner.key = key;
         if (inner.kind != ChangeKind::Included)
             report_.add(inner);
         else if (inner.comparison != nullptr)
-            open.emplace_back(inner.comparison, 0);
+            open.push_back({inner.comparison, inner.key});
     }
 }
 
@@ -322,7 +336,10 @@ void DiffContext::openCollecting(const openapi::Node& source, const openapi::Nod
 Comparison DiffContext::takeCollected() {
     const DiffScope scope = scopes_.back();
     scopes_.pop_back();
-    Comparison found{.changes = {}, .level = scope.restLevel, .weight = scope.restWeight};
+    Comparison found{.changes = {},
+                     .destination = scope.destination,
+                     .level = scope.restLevel,
+                     .weight = scope.restWeight};
     if (changes_.size() > scope.begin + 1) {
         const auto first = changes_.begin() + static_cast<std::ptrdiff_t>(scope.begin);
         found.changes.assign(first + 1, changes_.end());

@@ -299,6 +299,8 @@ TEST_F(DiffContextTest, comparisonsAreMadeOnceAndIncluded) {
         return context.collect(*before, *after, [&] {
             context.mark(before, after);
             context.compare(key, *before, *after, "a"sv, "b"sv);
+            if (key == InfoTitle)
+                context.extensionModified(*after, "x-a");
             if (included != nullptr)
                 context.include(*included, true);
         });
@@ -323,7 +325,8 @@ TEST_F(DiffContextTest, comparisonsAreMadeOnceAndIncluded) {
         }),
         ElementsAre("property_modified components breaking 12", "key_modified properties(place) breaking 12",
                     "key_modified properties(list) breaking 12",
-                    "property_modified summary non-functional 12", "property_modified title breaking 12"));
+                    "property_modified summary non-functional 12", "property_modified title breaking 12",
+                    "extension_modified properties(x-a) non-functional 12"));
 }
 
 TEST_F(DiffContextTest, scopesCloseWhenAnExceptionPasses) {
