@@ -3,7 +3,6 @@
 #include <cctype>  // std::isalnum
 #include <ostream> // std::ostream
 #include <string>  // std::string
-#include <utility> // std::move
 
 #include <nlohmann/json.hpp>
 
@@ -45,13 +44,13 @@ std::string render(std::string_view name, const nlohmann::json& data) {
     return templating::renderNamed(name, markdownTemplate, data);
 }
 
-/// The changes of one level under its heading.
-nlohmann::json describeGroup(const DetailedReport& report, ChangeLevel level) {
+/// The changes of one level.
+nlohmann::json describeChanges(const DetailedReport& report, ChangeLevel level) {
     nlohmann::json changes = nlohmann::json::array();
     for (const Change& change : report.changes())
         if (change.level == level)
             changes.push_back(describeChange(change, markdownText));
-    return {{"heading", changeLevelHeading(level)}, {"changes", std::move(changes)}};
+    return changes;
 }
 
 } // namespace
@@ -68,12 +67,15 @@ void MarkdownChangelogFormatter::format(const Report& report) {
 
 void MarkdownDetailsFormatter::format(const Report& report) {
     const auto& details = static_cast<const DetailedReport&>(report);
-    nlohmann::json groups = nlohmann::json::array();
+    // One level at a time, because what templates take is many times larger than changes are.
     for (const ChangeLevel level :
          {ChangeLevel::Breaking, ChangeLevel::NonBreaking, ChangeLevel::NonFunctional})
         if (report.count(level) > 0)
-            groups.push_back(describeGroup(details, level));
-    stream() << render("markdown_details.jinja", {{"level", describeLevel(report)}, {"groups", groups}});
+            stream() << render("markdown_details.jinja", {{"heading", changeLevelHeading(level)},
+                                                          {"changes", describeChanges(details, level)}});
+    if (report.level() == ChangeLevel::None)
+        stream() << render("markdown_details.jinja", {{"heading", changeLevelHeading(ChangeLevel::None)},
+                                                      {"changes", nlohmann::json::array()}});
 }
 
 } // namespace specloom::openapi_diff
