@@ -160,30 +160,58 @@ ComponentComparisons::Pair ComponentComparisons::targetsOf(const Node& source,
 
 ComponentComparisons::Unit& ComponentComparisons::unitOf(const Pair& nodes, const Pair& place) {
     const auto [entry, isNew] = units_.try_emplace(nodes, Unit{.nodes = nodes, .place = place});
-    if (isNew)
-        enqueue(entry->second);
-    return entry->second;
+    Unit& unit = entry->second;
+    if (isNew) {
+        // Components of one name come in the order of their references; others are met by those that depend
+        // on them.
+        unit.order = place == Pair{} ? ++highestOrder_ : --lowestOrder_;
+        enqueue(unit);
+    }
+    return unit;
 }
 
 void ComponentComparisons::enqueue(Unit& unit) {
-    if (!std::exchange(unit.isWaiting, true))
-        waiting_.push_back(&unit);
+    if (std::exchange(unit.isWaiting, true))
+        return;
+    if (!unit.isMade)
+        fresh_.push_back(&unit);
+    else if (unit.order > position_)
+        round_.push(&unit);
+    else
+        nextRound_.push_back(&unit);
+}
+
+ComponentComparisons::Unit* ComponentComparisons::nextWaiting() {
+    if (!fresh_.empty()) {
+        Unit* unit = fresh_.front();
+        fresh_.pop_front();
+        return unit;
+    }
+    if (round_.empty())
+        for (Unit* unit : std::exchange(nextRound_, {}))
+            round_.push(unit);
+    if (round_.empty()) {
+        position_ = std::numeric_limits<std::int64_t>::min();
+        return nullptr;
+    }
+    Unit* unit = round_.top();
+    round_.pop();
+    position_ = unit->order;
+    return unit;
 }
 
 void ComponentComparisons::settle() {
-    while (!waiting_.empty()) {
-        Unit& unit = *waiting_.front();
-        waiting_.pop_front();
-        unit.isWaiting = false;
-        evaluate(unit);
-    }
+    while (Unit* unit = nextWaiting())
+        evaluate(*unit);
 }
 
 void ComponentComparisons::evaluate(Unit& unit) {
-    const auto [source, destination] = unit.nodes;
+    const Pair& nodes = unit.nodes;
+    unit.isWaiting = false;
+    unit.isMade = true;
     evaluated_ = &unit;
-    Comparison found =
-        context_.collect(*source, *destination, [&] { diffComponents(source, destination, context_); });
+    Comparison found = context_.collect(*nodes.source, *nodes.destination,
+                                        [&] { diffComponents(nodes.source, nodes.destination, context_); });
     evaluated_ = nullptr;
     if (unit.place != Pair{})
         spend(found.changes.size() + 1);

@@ -5,7 +5,10 @@
 
 #include <algorithm>     // std::min
 #include <cstddef>       // std::size_t
+#include <cstdint>       // std::int64_t
 #include <deque>         // std::deque
+#include <limits>        // std::numeric_limits
+#include <queue>         // std::priority_queue
 #include <unordered_map> // std::unordered_map
 #include <vector>        // std::vector
 
@@ -54,9 +57,11 @@ class ComponentComparisons {
     };
     struct Unit {
         Pair nodes;
-        Pair place{}; ///< where it was met first; none for components of one name
+        Pair place{};           ///< where it was met first; none for components of one name
+        std::int64_t order = 0; ///< that of units which others depend on is lower, as far as circles allow
         Comparison comparison{};
         std::vector<Unit*> dependents{}; ///< made with the present level
+        bool isMade = false;
         bool isWaiting = false;
     };
 
@@ -64,6 +69,7 @@ class ComponentComparisons {
     [[nodiscard]] Unit& unitOf(const Pair& nodes, const Pair& place);
     void spend(std::size_t changes) noexcept { budget_ -= std::min(budget_, changes); }
     void enqueue(Unit& unit);
+    [[nodiscard]] Unit* nextWaiting();
     void settle();
     void evaluate(Unit& unit);
 
@@ -71,8 +77,21 @@ class ComponentComparisons {
     bool hasAliases_ = true; ///< whether components are references themselves
     std::size_t budget_ = 0; ///< changes that pairs of different names may still have
     std::unordered_map<Pair, Unit, PairHash> units_;
-    std::deque<Unit*> waiting_;
-    Unit* evaluated_ = nullptr; ///< the one that is being made
+    std::int64_t lowestOrder_ = 0;
+    std::int64_t highestOrder_ = 0;
+
+    // What waits: first all that were never made, then the others in rounds, each in order, so that one that
+    // depends on many is not made again for each of them.
+    struct Later {
+        [[nodiscard]] bool operator()(const Unit* a, const Unit* b) const noexcept {
+            return a->order > b->order;
+        }
+    };
+    std::deque<Unit*> fresh_;
+    std::priority_queue<Unit*, std::vector<Unit*>, Later> round_;
+    std::vector<Unit*> nextRound_;
+    std::int64_t position_ = std::numeric_limits<std::int64_t>::min(); ///< of the round: the order it is at
+    Unit* evaluated_ = nullptr;                                        ///< the one that is being made
 };
 
 } // namespace specloom::openapi_diff

@@ -674,6 +674,18 @@ key_modified components.schemas(U) breaking 9
 property_modified schema.items breaking 9
 property_modified schema.not breaking 9
 )"},
+        {"with a text beside a reference to a schema",
+         R"(components:
+  schemas: {A: {title: t}, U: {items: {$ref: '#/components/schemas/A', description: d}}}
+)",
+         R"(components:
+  schemas: {A: {title: t}, U: {items: {$ref: '#/components/schemas/A', description: e}}}
+)",
+         R"(property_modified openapi.components non-functional 4
+key_modified components.schemas(U) non-functional 4
+property_modified schema.items non-functional 4
+property_modified reference.description non-functional 4
+)"},
         {"on one side only, and with texts of their own",
          R"(components:
   responses: {R: {description: d}}

@@ -81,6 +81,7 @@ void enumeration(const Row& row, const Schema* source, const Schema* destination
         return;
     const auto keysOf = [](const std::vector<openapi::Value>& values) {
         std::vector<ValueKey> keys;
+        keys.reserve(values.size());
         for (const openapi::Value& entry : values)
             keys.emplace_back(*entry);
         return keys;
