@@ -52,6 +52,10 @@ class Lines : public Report {
         line.append(" ").append(changeLevelText(change.level));
         line += change.side == DocumentSide::Source ? " -" : " +";
         line += pointerOf(*change.node);
+        if (change.isPart)
+            line += ", part";
+        else if (change.weight != change.level)
+            line.append(", weighs ").append(changeLevelText(change.weight));
         lines.insert(line);
     }
 
