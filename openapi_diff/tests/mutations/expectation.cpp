@@ -2,6 +2,7 @@
 
 #include <algorithm>  // std::max, std::find
 #include <functional> // std::function
+#include <tuple>      // std::tie
 
 namespace specloom::openapi_diff::mutations {
 namespace {
@@ -97,11 +98,10 @@ std::multiset<std::string> Expectation::lines() {
         found = objects("openapi", "openapi.openapi", {{&before_, ""}, {&after_, ""}});
         for (auto& [id, targets] : targets_) {
             targets.changes = between(targets.section, targets.key, targets.pair);
-            for (const Change& change : targets.changes)
-                if (change.level > targets.level) {
-                    targets.level = change.level;
-                    isNew = true;
-                }
+            const auto [level, weight] = worst(targets.changes);
+            isNew = isNew || level > targets.level || weight > targets.weight;
+            targets.level = level;
+            targets.weight = weight;
         }
         isNew = isNew || targets_.size() != known;
     }
@@ -114,10 +114,25 @@ std::multiset<std::string> Expectation::lines() {
     return lines;
 }
 
+/// The highest level of changes, and that of those that count where additions and removals are wholes.
+std::pair<int, int> Expectation::worst(const Changes& changes) {
+    std::pair<int, int> result{0, 0};
+    for (const Change& change : changes) {
+        result.first = std::max(result.first, change.level);
+        if (!change.isPart)
+            result.second = std::max(result.second, change.weight);
+    }
+    return result;
+}
+
 void Expectation::list(const Changes& changes, std::multiset<std::string>& lines) {
     for (const Change& change : changes) {
+        const std::string more = change.isPart ? ", part"
+                                 : change.weight != change.level
+                                     ? std::string(", weighs ") + levelNames[change.weight]
+                                     : "";
         if (!change.text.empty())
-            lines.insert(change.text + " " + levelNames[change.level] + " " + change.place);
+            lines.insert(change.text + " " + levelNames[change.level] + " " + change.place + more);
         else if (change.targets && listed_.insert(*change.targets).second)
             list(targets_.at(*change.targets).changes, lines);
     }
@@ -131,22 +146,23 @@ std::string Expectation::sideOf(const Spot& spot, bool inSource) {
 
 /// What stands in a place is told by a change of the place and the changes below it.
 void Expectation::place(Changes& found, const Scope& scope, const std::string& section, const Pair& pair) {
-    const Changes below = between(section, scope.key, pair);
+    Changes below = between(section, scope.key, pair);
     if (below.empty())
         return;
     const bool isItem = scope.name || scope.index >= 0;
     const std::string action = actionOf(bool(pair.before), bool(pair.after));
     int level = table_.level(scope.key, action + (isItem ? "_item" : ""));
-    if (level == nested) {
-        level = 0;
-        for (const Change& change : below)
-            level = std::max(level, change.level);
-    }
+    int weight = level;
+    if (level == nested)
+        std::tie(level, weight) = worst(below);
+    else if (action != "modify")
+        for (Change& change : below)
+            change.isPart = true;
     if (level == 0)
         return;
     plain(found, scope, action.c_str(), pair.after ? pair.after : pair.before);
     found.back().level = level;
-    found.back().place = sideOf(pair.after ? pair.after : pair.before, !pair.after);
+    found.back().weight = weight;
     found.insert(found.end(), below.begin(), below.end());
 }
 
@@ -429,6 +445,7 @@ void Expectation::requirements(Changes& found, const Field& field, Pair lists) {
         const char* action = isAdded ? "add" : "remove";
         plain(found, {field.key, {}, index}, action, at);
         plain(found, {"securityRequirement", {}, index}, action, at);
+        found.back().isPart = true;
     }
 }
 
@@ -491,7 +508,10 @@ void Expectation::include(Changes& found, const std::string& section, const std:
     isListed = isListed && id.first != id.second;
     const auto entry = targets_.try_emplace(id, Targets{section, key, pair}).first;
     if (entry->second.level > 0)
-        found.push_back({"", entry->second.level, "", isListed ? std::optional(id) : std::nullopt});
+        found.push_back({.text = "",
+                         .level = entry->second.level,
+                         .weight = entry->second.weight,
+                         .targets = isListed ? std::optional(id) : std::nullopt});
 }
 
 } // namespace specloom::openapi_diff::mutations

@@ -13,7 +13,8 @@
 namespace specloom::openapi_diff::mutations {
 
 /// The changes from one document to another, as a multiset of lines: "kind key (name) [index] level place",
-/// the place being "-" (source) or "+" (destination) and a JSON pointer. Judges the comparison of the
+/// the place being "-" (source) or "+" (destination) and a JSON pointer; behind it ", part" or ", weighs" and
+/// a level, where that is not as usual. Judges the comparison of the
 /// program by the values of the documents alone.
 class Expectation {
   public:
@@ -38,6 +39,8 @@ class Expectation {
         std::string text; ///< all but the level; empty for one that stands for those between two targets
         int level;
         std::string place{};
+        int weight = level;              ///< the level where an addition or removal counts as a whole
+        bool isPart = false;             ///< of an addition or removal that does
         std::optional<PairId> targets{}; ///< whose changes are to be listed here, unless they already are
     };
     using Changes = std::vector<Change>;
@@ -53,6 +56,7 @@ class Expectation {
         std::string key;
         Pair pair;
         int level = 0;
+        int weight = 0;
         Changes changes{};
     };
 
@@ -79,6 +83,7 @@ class Expectation {
     [[nodiscard]] Spot resolved(const std::string& section, const Spot& spot, bool inSource) const;
     [[nodiscard]] static Spot child(const Spot& spot, const std::string& section, const Field& field);
     [[nodiscard]] static std::string sideOf(const Spot& spot, bool inSource);
+    [[nodiscard]] static std::pair<int, int> worst(const Changes& changes);
     void list(const Changes& changes, std::multiset<std::string>& lines);
 
     const Json& before_;

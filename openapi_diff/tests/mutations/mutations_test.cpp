@@ -52,6 +52,10 @@ class Lines : public Report {
         line.append(" ").append(changeLevelText(change.level));
         line += change.side == DocumentSide::Source ? " -" : " +";
         line += pointerOf(*change.node);
+        if (change.isPart)
+            line += ", part";
+        else if (change.weight != change.level)
+            line.append(", weighs ").append(changeLevelText(change.weight));
         lines.insert(line);
     }
 
@@ -270,6 +274,33 @@ TEST_P(Mutations, areReportedAsTheTableTells) {
         trial.check(mutation);
     print(GetParam().path, trial, mutations.size());
 }
+
+class Pairs : public testing::TestWithParam<const char*> {};
+
+/// Two versions of an API: many changes at once.
+TEST_P(Pairs, areReportedAsTheTableTells) {
+    SPECLOOM_NEEDS_CORPORA();
+    const fs::path folder = test_support::corporaFolder() / "pairs";
+    const std::string name = GetParam();
+    const std::string extension = fs::exists(folder / (name + "-old.json")) ? ".json" : ".yaml";
+    const auto pathOf = [&](const char* version) { return folder / (name + version + extension); };
+    const test_support::ReadTree source = test_support::readTree(pathOf("-old"));
+    const test_support::ReadTree destination = test_support::readTree(pathOf("-new"));
+    ASSERT_EQ(source.refusal + destination.refusal, "");
+    const Json before = Json::parse(jsonOf(pathOf("-old")));
+    const Json after = Json::parse(jsonOf(pathOf("-new")));
+    const auto expected = Expectation(before, after, table()).lines();
+    const auto actual = changesBetween(*source.result, *destination.result);
+    EXPECT_GT(expected.size(), 10u);
+    std::cout << name << ": " << expected.size() << " changes\n";
+    EXPECT_TRUE(actual == expected) << "tells\n"
+                                    << missing(actual, expected) << "and does not tell\n"
+                                    << missing(expected, actual);
+}
+
+INSTANTIATE_TEST_SUITE_P(Corpora, Pairs,
+                         testing::Values("adyen-checkout", "discord", "github-enterprise", "meilisearch",
+                                         "spotify", "twilio-lookups", "xero-projects"));
 
 INSTANTIATE_TEST_SUITE_P(Corpora, Mutations,
                          testing::Values(Corpus{"openapi/oai-petstore-expanded-3.0.json", 400},
