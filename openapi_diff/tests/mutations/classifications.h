@@ -17,6 +17,9 @@ class Classifications {
     [[nodiscard]] int level(const std::string& key, const std::string& action,
                             std::optional<bool> condition = std::nullopt) const;
 
+    /// Whether a key has this one level for all actions.
+    [[nodiscard]] bool isNone(const std::string& key) const { return entries_.at(key) == "none"; }
+
   private:
     std::map<std::string, std::string> entries_; ///< what stands behind the colon, by key
 };

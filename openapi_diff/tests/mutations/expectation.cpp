@@ -261,27 +261,15 @@ void Expectation::field(Changes& found, const std::string& section, const Field&
     case Shape::Map:
     case Shape::Operations:
         return maps(found, field, members);
-    case Shape::Variables: {
-        Pair variables = pair;
-        return maps(found, field, variables);
-    }
+    case Shape::Variables:
+        return maps(found, field, pair);
     case Shape::TextMap:
         return textMaps(found, field, members, pair);
     case Shape::Set:
     case Shape::NameSet:
         return sets(found, field, before, after, pair);
-    case Shape::Requirements: {
-        // To inherit the requirements of the document is to have them, where the other side has none.
-        Pair lists = members;
-        const auto inherit = [&](Spot& own, const Spot& owner, const Spot& other, const Json& root) {
-            if (section == "operation" && owner && !own && other && other.value->empty() &&
-                root.contains("security"))
-                own = {&root.at("security"), "/security"};
-        };
-        inherit(lists.before, pair.before, members.after, before_);
-        inherit(lists.after, pair.after, members.before, after_);
-        return requirements(found, field, lists);
-    }
+    case Shape::Requirements:
+        return requirements(found, field, pair, members);
     case Shape::Named:
     case Shape::Parameters:
     case Shape::Schemas:
@@ -427,7 +415,16 @@ void Expectation::lists(Changes& found, const Field& field, const Pair& pair) {
               {at(pair.before, from), at(pair.after, to)});
 }
 
-void Expectation::requirements(Changes& found, const Field& field, Pair lists) {
+void Expectation::requirements(Changes& found, const Field& field, const Pair& pair, Pair lists) {
+    // To inherit the requirements of the document is to have them, where the other side is free of all.
+    const auto inherit = [&](Spot& own, const Spot& owner, const Spot& other, const Json& root) {
+        if (field.key == "operation.security" && owner && !own && other && other.value->empty() &&
+            root.contains("security"))
+            own = {&root.at("security"), "/security"};
+    };
+    const Pair written = lists;
+    inherit(lists.before, pair.before, written.after, before_);
+    inherit(lists.after, pair.after, written.before, after_);
     static const Json none = Json::array();
     const auto meaning = [](bool, const Json& requirement) {
         Json sorted = requirement;

@@ -73,7 +73,7 @@ class Expectation {
     void maps(Changes& found, const Field& field, const Pair& pair);
     void textMaps(Changes& found, const Field& field, const Pair& entries, const Pair& pair);
     void lists(Changes& found, const Field& field, const Pair& pair);
-    void requirements(Changes& found, const Field& field, Pair lists);
+    void requirements(Changes& found, const Field& field, const Pair& pair, Pair lists);
     void sets(Changes& found, const Field& field, const Json* before, const Json* after, const Pair& pair);
     void extensions(Changes& found, const std::string& key, const Pair& pair);
     void include(Changes& found, const std::string& section, const std::string& key, const Pair& pair,

@@ -39,7 +39,7 @@ Json sample(const std::string& section) {
     return samples.at(section);
 }
 
-/// A value for a text or value; another one than `present`.
+/// A value for a member of an object; another one than `present`, which may be null.
 Json sampleValue(const std::string& key, bool isOpenAPI30, const Json& object, const Json& present) {
     const auto other = [&](std::vector<Json> values) { return values[values[0] == present ? 1 : 0]; };
     const std::string member = key.substr(key.find('.') + 1);
@@ -188,8 +188,7 @@ class Generator {
         const auto value = [&]() -> Json {
             switch (field.shape) {
             case Shape::Object:
-            case Shape::Always:
-                return sample(child == "components" || child == "paths" ? "contact" : child);
+                return sample(child);
             case Shape::Map:
                 return Json{{"added", sample(child)}};
             case Shape::TextMap:

@@ -10,7 +10,7 @@
 #include "test_support/corpora.h"
 #include "test_support/read_tree.h"
 
-#include <algorithm> // std::set_difference, std::shuffle, std::sort
+#include <algorithm> // std::all_of, std::any_of, std::set_difference, std::shuffle, std::sort
 #include <cstdint>   // std::uint32_t
 #include <iostream>  // std::cout
 #include <iterator>  // std::back_inserter
@@ -128,15 +128,10 @@ class Trial {
         EXPECT_TRUE(actual == expected) << mutation.text() << "\ntells\n"
                                         << missing(actual, expected) << "and does not tell\n"
                                         << missing(expected, actual);
-        const std::string subject =
-            mutation.key.empty() ? "(" + mutation.member + ")" : " " + mutation.key + " ";
-        bool isTold = false;
-        for (const std::string& line : expected) {
-            keys.insert(
-                line.substr(line.find(' ') + 1, line.find(' ', line.find(' ') + 1) - line.find(' ') - 1));
-            isTold = isTold || line.find(subject) != std::string::npos;
-        }
-        if (isTold == (mutation.kind == Kind::Unseen))
+        noteKeys(expected);
+        if (mutation.kind == Kind::Unseen)
+            EXPECT_TRUE(expected.empty()) << mutation.text();
+        else if (!isTold(mutation, expected))
             noteSilence(mutation, edited);
     }
 
@@ -146,44 +141,59 @@ class Trial {
     std::size_t refused = 0;
 
   private:
-    /// Why an edit is no change.
+    void noteKeys(const std::multiset<std::string>& lines) {
+        for (const std::string& line : lines) {
+            const std::size_t begin = line.find(' ') + 1;
+            keys.insert(line.substr(begin, line.find(' ', begin) - begin));
+        }
+    }
+
+    /// Whether any line is about what was edited.
+    static bool isTold(const Mutation& mutation, const std::multiset<std::string>& lines) {
+        const std::string subject =
+            mutation.key.empty() ? "(" + mutation.member + ")" : " " + mutation.key + " ";
+        return std::any_of(lines.begin(), lines.end(),
+                           [&](const std::string& line) { return line.find(subject) != std::string::npos; });
+    }
+
     void noteSilence(const Mutation& mutation, const Json& edited) {
         const char* reason = reasonOfSilence(mutation, edited);
         ASSERT_NE(reason, nullptr) << mutation.text() << " should be a change";
         ++silent[reason];
     }
 
+    /// Why an edit is no change; null when it should be one.
     const char* reasonOfSilence(const Mutation& mutation, const Json& edited) const {
-        if (mutation.kind == Kind::Unseen)
-            return nullptr;
         if (mutation.kind == Kind::ItemMoved)
             return "no more than the order";
-        const std::string section = mutation.key.substr(0, mutation.key.find('.'));
-        const char* action = mutation.kind == Kind::MemberAdded     ? "add"
-                             : mutation.kind == Kind::MemberRemoved ? "remove"
-                                                                    : "modify";
-        if (table().level(mutation.key, action, true) == 0)
+        if (table().isNone(mutation.key))
             return "classified as none";
-        const auto valueIn = [&](const Json& document) -> const Json* {
-            const Json::json_pointer pointer(mutation.at);
-            const Json* owner = document.contains(pointer) ? &document.at(pointer) : nullptr;
-            if (owner == nullptr || !owner->is_object())
-                return nullptr;
-            for (const Field& field : fieldsOf(section))
-                if (field.key == mutation.key)
-                    return memberOf(section, *owner, field);
-            return nullptr;
-        };
-        const Json* before = valueIn(document_);
-        const Json* after = valueIn(edited);
+        const Json* before = valueIn(document_, mutation);
+        const Json* after = valueIn(edited, mutation);
         if (before == nullptr && after == nullptr)
             return "void beside another member";
-        const auto isHollow = [](const Json* value) {
-            return value == nullptr || value->empty() || *value == true;
-        };
-        if (isHollow(before) && isHollow(after))
-            return "an object without content";
-        return nullptr;
+        const auto isUnset = [](const Json* value) { return value == nullptr || *value == false; };
+        if (isUnset(before) && isUnset(after))
+            return "a flag that is unset anyway";
+        return isHollow(before) && isHollow(after) ? "an object without content" : nullptr;
+    }
+
+    /// Whether there is nothing in a value that could be told.
+    static bool isHollow(const Json* value) {
+        if (value == nullptr || *value == true)
+            return true;
+        return value->is_structured() &&
+               std::all_of(value->begin(), value->end(), [](const Json& child) { return isHollow(&child); });
+    }
+
+    /// The edited member of a document; null where it is absent or does not count.
+    static const Json* valueIn(const Json& document, const Mutation& mutation) {
+        const Json& owner = document.at(Json::json_pointer(mutation.at));
+        const std::string section = mutation.key.substr(0, mutation.key.find('.'));
+        for (const Field& field : fieldsOf(section))
+            if (field.key == mutation.key && field.member == mutation.member)
+                return memberOf(section, owner, field);
+        return owner.is_object() && owner.contains(mutation.member) ? &owner.at(mutation.member) : nullptr;
     }
 
     test_support::ReadTree source_;
@@ -196,11 +206,10 @@ std::vector<Mutation> oneOfEach(std::vector<Mutation> mutations) {
     std::shuffle(mutations.begin(), mutations.end(), random);
     std::set<std::pair<Kind, std::string>> seen;
     std::erase_if(mutations, [&](const Mutation& mutation) {
-        const bool isOfExtension = mutation.key.empty() && mutation.kind != Kind::Unseen;
-        return !seen.emplace(mutation.kind,
-                             isOfExtension ? mutation.at
-                                           : mutation.key + (mutation.key.empty() ? mutation.member : ""))
-                    .second;
+        const std::string& subject = !mutation.key.empty()           ? mutation.key
+                                     : mutation.kind == Kind::Unseen ? mutation.member
+                                                                     : mutation.at;
+        return !seen.emplace(mutation.kind, subject).second;
     });
     return mutations;
 }
