@@ -159,7 +159,7 @@ std::vector<std::string> wordsOf(const std::string& command) {
 }
 
 /// What a user sees who types the commands of a block, which begin with "$ specloom" or are "$ echo $?".
-std::string session(const Workspace& workspace, const std::string& block) {
+std::string transcript(const Workspace& workspace, const std::string& block) {
     std::istringstream lines(block);
     std::string shown;
     int status = 0;
@@ -206,7 +206,7 @@ TEST(Diff, DoesWhatTheManualShows) {
         const std::size_t end = page.find("```\n", begin);
         ASSERT_NE(end, std::string::npos);
         const std::string block = page.substr(begin, end - begin);
-        const std::string shown = session(workspace, block);
+        const std::string shown = transcript(workspace, block);
         if (isUpdating)
             page.replace(begin, end - begin, shown);
         EXPECT_EQ(isUpdating ? shown : block, shown);
