@@ -51,9 +51,10 @@ TEST(CommandLine, HelpShowsWhatThereIs) {
     };
     const std::vector<Row> rows = {
         {{"--help"},
-         {"{credits,format,license,lint,server}", "Show credits to 3rd party libraries used in this project.",
-          "Format one or more OpenAPI files.", "Show licenses of 3rd party libraries used in this project.",
-          "Starts mock server."}},
+         {"{credits,diff,format,license,lint,server}",
+          "Show credits to 3rd party libraries used in this project.", "Format one or more OpenAPI files.",
+          "Show licenses of 3rd party libraries used in this project.", "Starts mock server.",
+          "Compares two OpenAPI files and prints the differences."}},
         {{"-h"}, {"-v, --version", "prints version information and exits"}},
         // Also where required arguments are missing.
         {{"format", "--help"},
@@ -64,6 +65,11 @@ TEST(CommandLine, HelpShowsWhatThereIs) {
          {"Usage: specloom lint", "Lint one or more OpenAPI files.", "--config CONFIG",
           "Path to the configuration file.", "--fix", "Automatically fixes problems where possible.",
           "--formatter", "Specifies the formatter", "stylish", "FILES", "Path to OpenAPI files to lint."}},
+        {{"diff", "--help"},
+         {"Usage: specloom diff", "--config", "--report", "Specifies what to print", "changelog",
+          "--formatter", "Specifies the formatter", "stylish", "--update-version",
+          "Updates the version of the OpenAPI file to the minimal suggested version.", "source_file",
+          "Path to the original OpenAPI file.", "dest_file", "Path to final OpenAPI file."}},
         {{"license", "--help"},
          {"--list", "List all 3rd party libraries used in this project.", "--library",
           "Name of the library to show license for."}},

@@ -37,6 +37,19 @@ void ArgumentParser::addOption(std::string_view name, const ArgumentHelp& help,
     parser_->add(name, help).nargs(1).default_value(std::string(defaultValue));
 }
 
+void ArgumentParser::addOption(std::string_view name, const ArgumentHelp& help, std::string_view defaultValue,
+                               std::initializer_list<std::string_view> choices) {
+    // A default value behind nargs() would make the value itself optional: one that is no choice would then
+    // be left to the positional arguments.
+    argparse::Argument& argument = parser_->add(name, help).default_value(std::string(defaultValue)).nargs(1);
+    for (const std::string_view choice : choices)
+        argument.add_choice(std::string(choice));
+}
+
+void ArgumentParser::addPositional(std::string_view name, const ArgumentHelp& help) {
+    parser_->add(name, help).nargs(1);
+}
+
 void ArgumentParser::addPositionals(std::string_view name, const ArgumentHelp& help) {
     parser_->add(name, help).nargs(argparse::nargs_pattern::at_least_one);
 }
@@ -62,6 +75,10 @@ std::optional<std::string> ArgumentParser::option(std::string_view name) const {
 }
 
 std::string ArgumentParser::optionOrDefault(std::string_view name) const {
+    return parser_->get<std::string>(name);
+}
+
+std::string ArgumentParser::positional(std::string_view name) const {
     return parser_->get<std::string>(name);
 }
 

@@ -1,10 +1,11 @@
 #pragma once
 
-#include <memory>      // std::unique_ptr
-#include <optional>    // std::optional
-#include <string>      // std::string
-#include <string_view> // std::string_view
-#include <vector>      // std::vector
+#include <initializer_list> // std::initializer_list
+#include <memory>           // std::unique_ptr
+#include <optional>         // std::optional
+#include <string>           // std::string
+#include <string_view>      // std::string_view
+#include <vector>           // std::vector
 
 namespace specloom::cli {
 
@@ -38,6 +39,13 @@ class ArgumentParser {
     /// The same with the value that it has when it is left out.
     void addOption(std::string_view name, const ArgumentHelp& help, std::string_view defaultValue);
 
+    /// The same for a value that must be one of `choices`, of which the default is one.
+    void addOption(std::string_view name, const ArgumentHelp& help, std::string_view defaultValue,
+                   std::initializer_list<std::string_view> choices);
+
+    /// One value without a name before it. `name` has no dashes.
+    void addPositional(std::string_view name, const ArgumentHelp& help);
+
     /// Values without a name before them, one or more of them. `name` has no dashes.
     void addPositionals(std::string_view name, const ArgumentHelp& help);
 
@@ -56,6 +64,7 @@ class ArgumentParser {
     [[nodiscard]] std::optional<std::string> option(std::string_view name) const;
     /// Of an option with a default value.
     [[nodiscard]] std::string optionOrDefault(std::string_view name) const;
+    [[nodiscard]] std::string positional(std::string_view name) const;
     [[nodiscard]] std::vector<std::string> positionals(std::string_view name) const;
 
   private:

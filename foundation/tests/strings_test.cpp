@@ -8,6 +8,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "foundation/report_text.h"
+
 using namespace std::string_literals;
 
 namespace specloom {
@@ -210,6 +212,13 @@ TEST(Strings, ToValidUtf8) {
         EXPECT_EQ(toValidUtf8(text).substr(0, 3), "\xef\xbf\xbd");
         EXPECT_EQ(toValidUtf8(text + std::string("(")).back(), '(');
     }
+}
+
+TEST(Strings, SingleLine) {
+    EXPECT_EQ(singleLine("a\tb\r\n\x1b[1m\x7f \xc2\x9b"
+                         "2J \xc2\xa0\xc3\xa4\xff"s),
+              "a\\tb\\r\\n\\u001b[1m\\u007f \\u009b2J \xc2\xa0\xc3\xa4\xff");
+    EXPECT_EQ(columnsOf("a\xc3\xa4\xe2\x82\xac\xf0\x9f\x98\x80"), 4U);
 }
 
 } // namespace

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <bit>     // std::popcount
+#include <bit>     // std::countr_zero, std::popcount
 #include <cstddef> // std::size_t
 #include <cstdint> // std::uint8_t, std::uint64_t
 
@@ -84,6 +84,12 @@ class SchemaKeywords {
     }
     constexpr void add(SchemaKeyword keyword) noexcept { bits_ |= bitOf(keyword); }
     constexpr void remove(SchemaKeyword keyword) noexcept { bits_ &= ~bitOf(keyword); }
+    /// Calls use(keyword) for each keyword of either set, in their order.
+    template <typename Use>
+    static constexpr void forEachOf(SchemaKeywords a, SchemaKeywords b, Use use) {
+        for (std::uint64_t bits = a.bits_ | b.bits_; bits != 0; bits &= bits - 1)
+            use(static_cast<SchemaKeyword>(std::countr_zero(bits)));
+    }
     /// How many of the set come before `keyword`.
     [[nodiscard]] constexpr std::size_t rankOf(SchemaKeyword keyword) const noexcept {
         return static_cast<std::size_t>(std::popcount(bits_ & (bitOf(keyword) - 1)));

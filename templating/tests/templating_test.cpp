@@ -33,5 +33,26 @@ TEST(Templating, refusesFaults) {
         EXPECT_THROW((void)render(text, nlohmann::json::object()), std::runtime_error) << text;
 }
 
+TEST(Templating, takesTemplatesFromTheirSource) {
+    const auto source = [](std::string_view name) -> std::string_view {
+        if (name == "page")
+            return "<{{ title }}>\r\n{% include \"style\" %}\r\n{% block body %}{% endblock %}\r\n.\r\n";
+        if (name == "style")
+            return "* {{ title }}";
+        if (name == "report")
+            return "{% extends \"page\" %}\r\n{% block body %}\r\n{% for x in list %}\r\n"
+                   "{% include \"item\" %}\r\n{% endfor %}\r\n{% endblock %}\r\n";
+        if (name == "item")
+            return "- {{ x.name }}\r\n";
+        if (name == "lost")
+            return "{% include \"nothing\" %}";
+        return {};
+    };
+    const nlohmann::json data = {{"title", "T"}, {"list", {{{"name", "a"}}, {{"name", "{{ title }}"}}}}};
+    EXPECT_EQ(renderNamed("report", source, data), "<T>\r\n* T- a\r\n- {{ title }}\r\n.\r\n");
+    EXPECT_THROW((void)renderNamed("nothing", source, data), std::runtime_error);
+    EXPECT_THROW((void)renderNamed("lost", source, data), std::runtime_error);
+}
+
 } // namespace
 } // namespace specloom::templating

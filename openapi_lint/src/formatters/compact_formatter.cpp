@@ -6,8 +6,8 @@
 
 #include <fmt/format.h>
 
+#include "foundation/report_text.h"
 #include "openapi_lint/lint_context.h"
-#include "openapi_lint/report_text.h"
 
 namespace specloom::openapi_lint {
 

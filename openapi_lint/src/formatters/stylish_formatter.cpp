@@ -8,9 +8,9 @@
 
 #include <fmt/format.h>
 
+#include "foundation/report_text.h"
 #include "foundation/unreachable.h"
 #include "openapi_lint/lint_context.h"
-#include "openapi_lint/report_text.h"
 
 namespace specloom::openapi_lint {
 namespace {

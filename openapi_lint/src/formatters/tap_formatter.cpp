@@ -8,11 +8,11 @@
 
 #include <fmt/format.h>
 
+#include "foundation/report_text.h"
 #include "foundation/strings.h"
 #include "foundation/unreachable.h"
 #include "jv/yaml_writer.h"
 #include "openapi_lint/lint_context.h"
-#include "openapi_lint/report_text.h"
 #include "openapi_lint/result_value.h"
 
 namespace specloom::openapi_lint {

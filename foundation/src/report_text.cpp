@@ -1,11 +1,11 @@
-#include "openapi_lint/report_text.h"
+#include "foundation/report_text.h"
 
 #include <algorithm> // std::count_if
 #include <iterator>  // std::back_inserter
 
 #include <fmt/format.h>
 
-namespace specloom::openapi_lint {
+namespace specloom {
 namespace {
 
 void appendEscape(std::string& result, unsigned char c) {
@@ -47,4 +47,4 @@ std::size_t columnsOf(std::string_view text) noexcept {
         text.begin(), text.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; }));
 }
 
-} // namespace specloom::openapi_lint
+} // namespace specloom

@@ -1,0 +1,303 @@
+#include "openapi_diff/configuration.h"
+
+#include "jv/deser.h"
+#include "jv/jv_error.h"
+#include "openapi_diff/embedded_configuration.h"
+
+#include <algorithm> // std::any_of, std::max, std::upper_bound
+#include <cstddef>   // std::size_t
+#include <iterator>  // std::prev
+#include <optional>  // std::optional
+#include <span>      // std::span
+#include <stdexcept> // std::runtime_error
+#include <utility>   // std::as_const, std::pair
+
+#include <fmt/format.h>
+
+namespace specloom::openapi_diff {
+namespace {
+
+[[nodiscard]] jv::JVError fault(const char* message, const jv::JV& value) {
+    return {message, &value};
+}
+
+// ---- classifications
+
+/// An action as an entry names it, with the two that stand in for it where a condition is known.
+struct NamedAction {
+    std::string_view name;
+    Action plain;
+    std::optional<Action> whenTrue{};
+    std::optional<Action> whenFalse{};
+};
+
+constexpr std::array<NamedAction, 3> fieldActions{
+    {{"add", Action::Add, Action::AddThen, Action::AddElse},
+     {"remove", Action::Remove, Action::RemoveThen, Action::RemoveElse},
+     {"modify", Action::Modify, Action::ModifyThen, Action::ModifyElse}}};
+constexpr std::array<NamedAction, 3> itemActions{{{"add_item", Action::AddItem},
+                                                  {"remove_item", Action::RemoveItem},
+                                                  {"modify_item", Action::ModifyItem}}};
+
+[[nodiscard]] std::span<const NamedAction> actionsOf(EntryForm form) {
+    switch (form) {
+    case EntryForm::Item:
+        return itemActions;
+    case EntryForm::ModifyOnly:
+        return std::span(fieldActions).last(1);
+    default:
+        return fieldActions;
+    }
+}
+
+[[nodiscard]] bool allowsConditions(EntryForm form) {
+    return form == EntryForm::Conditional || form == EntryForm::ModifyOnly;
+}
+
+[[nodiscard]] ChangeLevel readLevel(const jv::JV& value) {
+    constexpr std::array<std::pair<std::string_view, ChangeLevel>, 5> texts{
+        {{"breaking", ChangeLevel::Breaking},
+         {"non_breaking", ChangeLevel::NonBreaking},
+         {"non_functional", ChangeLevel::NonFunctional},
+         {"none", ChangeLevel::None},
+         {"nested", ChangeLevel::Nested}}};
+    if (!value.isString())
+        throw fault("Expected string", value);
+    for (const auto& [text, level] : texts)
+        if (value.text() == text)
+            return level;
+    throw fault("Invalid option", value);
+}
+
+/// Refuses members of other names: a misspelt one would otherwise be lost in silence.
+template <typename IsKnown>
+void requireKnownMembers(const jv::JV& object, IsKnown isKnown) {
+    for (const auto& [name, value] : object.members())
+        if (!isKnown(name))
+            throw fault("Unexpected properties", *value);
+}
+
+void setLevels(NodeDiffConfig& entry, const NamedAction& action, ChangeLevel plain, ChangeLevel whenTrue,
+               ChangeLevel whenFalse) {
+    entry.set(action.plain, plain);
+    if (action.whenTrue) {
+        entry.set(*action.whenTrue, whenTrue);
+        entry.set(*action.whenFalse, whenFalse);
+    }
+}
+
+/// Flags are looked up by their condition in any entry, and so one level stands for both of its values.
+void setLevel(NodeDiffConfig& entry, const NamedAction& action, ChangeLevel level) {
+    setLevels(entry, action, level, level, level);
+}
+
+void readCondition(NodeDiffConfig& entry, const NamedAction& action, const jv::JV& value) {
+    requireKnownMembers(
+        value, [](std::string_view name) { return name == "if" || name == "then" || name == "else"; });
+    const bool expected = value.getRequiredBoolean("if")->boolean();
+    const ChangeLevel then = readLevel(*value.getRequired("then"));
+    const ChangeLevel otherwise = readLevel(*value.getRequired("else"));
+    // Where no value is at hand, the worse of the two.
+    setLevels(entry, action, std::max(then, otherwise), expected ? then : otherwise,
+              expected ? otherwise : then);
+}
+
+[[nodiscard]] bool isExtension(std::string_view name) {
+    return name.starts_with("x-");
+}
+
+/// A text is the level of all actions of the form; an object names the actions that it sets, and leaves the
+/// others as they are.
+void readEntry(
+    NodeDiffConfig& entry, EntryForm form, const jv::JV& value,
+    bool (*isNoAction)(std::string_view) = [](std::string_view) { return false; }) {
+    const std::span<const NamedAction> actions = actionsOf(form);
+    if (value.isString()) {
+        for (const NamedAction& action : actions)
+            setLevel(entry, action, readLevel(value));
+        return;
+    }
+    if (!value.isObject())
+        throw fault("Expected string or object", value);
+    requireKnownMembers(value, [&](std::string_view name) {
+        return isNoAction(name) ||
+               std::any_of(actions.begin(), actions.end(),
+                           [&](const NamedAction& action) { return action.name == name; });
+    });
+    if (form == EntryForm::ModifyOnly && !value.has("modify"))
+        throw fault("Expected 'modified' property", value); // The text names the key with a "d"; so be it.
+    for (const NamedAction& action : actions) {
+        const jv::JV* level = value.get(action.name);
+        if (level == nullptr)
+            continue;
+        if (!allowsConditions(form) || level->isString())
+            setLevel(entry, action, readLevel(*level));
+        else if (level->isObject())
+            readCondition(entry, action, *level);
+        else
+            throw fault("Expected string or object", *level);
+    }
+}
+
+// ---- sections
+
+/// The key of a field, or of a section that is a field by itself, which has an empty name.
+[[nodiscard]] std::optional<ConfigKey> findKey(std::string_view section, std::string_view name) {
+    for (std::uint32_t number = 0; number < configKeyCount; ++number) {
+        const auto key = static_cast<ConfigKey>(number);
+        if (configField(key).section == section && configField(key).name == name)
+            return key;
+    }
+    return std::nullopt;
+}
+
+/// The node types of a section follow one another: those from `first` to the next section's.
+struct Section {
+    openapi::NodeType first;
+    std::string_view name;
+};
+constexpr std::array<Section, 30> sections{{
+    {openapi::NodeType::OpenAPI, "openapi"},
+    {openapi::NodeType::Info, "info"},
+    {openapi::NodeType::Contact, "contact"},
+    {openapi::NodeType::License, "license"},
+    {openapi::NodeType::Server, "server"},
+    {openapi::NodeType::ServerVariable, "serverVariable"},
+    {openapi::NodeType::Components, "components"},
+    {openapi::NodeType::Paths, "paths"},
+    {openapi::NodeType::PathItem, "pathItem"},
+    {openapi::NodeType::Operation, "operation"},
+    {openapi::NodeType::ExternalDocumentation, "externalDocumentation"},
+    {openapi::NodeType::Parameter, "parameter"},
+    {openapi::NodeType::RequestBody, "requestBody"},
+    {openapi::NodeType::MediaType, "mediaType"},
+    {openapi::NodeType::Encoding, "encoding"},
+    {openapi::NodeType::Responses, "responses"},
+    {openapi::NodeType::Response, "response"},
+    {openapi::NodeType::Callback, "callback"},
+    {openapi::NodeType::Example, "example"},
+    {openapi::NodeType::Link, "link"},
+    {openapi::NodeType::Header, "header"},
+    {openapi::NodeType::Tag, "tag"},
+    {openapi::NodeType::Reference, "reference"},
+    {openapi::NodeType::Schema, "schema"},
+    {openapi::NodeType::Discriminator, "discriminator"},
+    {openapi::NodeType::XML, "xml"},
+    {openapi::NodeType::SecurityScheme, "securityScheme"},
+    {openapi::NodeType::OAuthFlows, "oauthFlows"},
+    {openapi::NodeType::OAuthFlow, "oauthFlow"},
+    {openapi::NodeType::SecurityRequirement, "securityRequirement"},
+}};
+
+[[nodiscard]] bool isSection(std::string_view name) {
+    return std::any_of(sections.begin(), sections.end(),
+                       [&](const Section& section) { return section.name == name; });
+}
+
+[[nodiscard]] std::string_view sectionOf(openapi::NodeType type) {
+    if (type > openapi::NodeType::SecurityRequirement)
+        throw std::runtime_error("Unsupported node type");
+    const auto next = std::upper_bound(
+        sections.begin(), sections.end(), type,
+        [](openapi::NodeType wanted, const Section& section) { return wanted < section.first; });
+    return std::prev(next)->name;
+}
+
+} // namespace
+
+// ---- reading
+
+Configuration Configuration::recommended() {
+    Configuration configuration;
+    configuration.extend();
+    return configuration;
+}
+
+Configuration Configuration::load(const jv::JV* section) {
+    if (section == nullptr)
+        return recommended();
+    requireKnownMembers(*section, [](std::string_view name) { return name == "extends" || name == "rules"; });
+    Configuration configuration;
+    if (const jv::JV* rulesets = section->getArray("extends"); rulesets != nullptr)
+        for (const jv::JV* ruleset : std::as_const(*rulesets).elements()) {
+            if (!ruleset->isString())
+                throw fault("Expected string", *ruleset);
+            if (ruleset->text() != "recommended")
+                throw jv::JVError(fmt::format("Unknown ruleset: {}", ruleset->text()), ruleset);
+            configuration.extend();
+        }
+    if (const jv::JV* rules = section->getObject("rules"); rules != nullptr)
+        configuration.overlay(*rules);
+    return configuration;
+}
+
+/// With the carried table.
+void Configuration::extend() {
+    const auto document = jv::parseDocument(embeddedConfiguration("recommended.yaml"),
+                                            {.format = jv::DocumentFormat::Yaml, .refLoader = {}});
+    overlay(*document->root()->getRequiredObject("rules"));
+}
+
+void Configuration::overlay(const jv::JV& rules) {
+    if (const jv::JV* defaults = rules.getObject("defaults"); defaults != nullptr)
+        overlayDefaults(*defaults);
+    for (const auto& [name, value] : rules.members()) {
+        if (name == "defaults")
+            continue;
+        if (!isSection(name))
+            throw fault("Unexpected properties", *value);
+        if (const auto key = findKey(name, ""); key)
+            overlayField(*key, *value);
+        else
+            overlaySection(name, *rules.getObject(name));
+    }
+}
+
+void Configuration::overlayDefaults(const jv::JV& defaults) {
+    requireKnownMembers(defaults, [](std::string_view name) { return name == "extensions"; });
+    if (const jv::JV* value = defaults.get("extensions"); value != nullptr)
+        readEntry(defaultExtension_, EntryForm::Field, *value);
+}
+
+/// A section that is one field: its actions and the extensions of its nodes stand side by side.
+void Configuration::overlayField(ConfigKey key, const jv::JV& value) {
+    const ConfigField& field = configField(key);
+    readEntry(entries_[static_cast<std::size_t>(key)], field.form, value, isExtension);
+    if (value.isObject())
+        for (const auto& [name, entry] : value.members())
+            if (isExtension(name))
+                overlayExtension(field.section, name, *entry);
+}
+
+void Configuration::overlaySection(std::string_view section, const jv::JV& fields) {
+    for (const auto& [name, value] : fields.members()) {
+        if (isExtension(name))
+            overlayExtension(section, name, *value);
+        else if (const auto key = findKey(section, name); key)
+            readEntry(entries_[static_cast<std::size_t>(*key)], configField(*key).form, *value);
+        else
+            throw fault("Unexpected properties", *value);
+    }
+}
+
+void Configuration::overlayExtension(std::string_view section, std::string_view name, const jv::JV& value) {
+    auto& ofSection = extensions_[std::string(section)];
+    NodeDiffConfig& entry = ofSection.try_emplace(std::string(name), defaultExtension_).first->second;
+    readEntry(entry, EntryForm::Field, value);
+}
+
+// ---- asking
+
+const NodeDiffConfig& Configuration::entry(ConfigKey key) const {
+    return entries_.at(static_cast<std::size_t>(key));
+}
+
+const NodeDiffConfig& Configuration::extension(openapi::NodeType type, std::string_view name) const {
+    const auto section = extensions_.find(sectionOf(type));
+    if (section == extensions_.end())
+        return defaultExtension_;
+    const auto found = section->second.find(name);
+    return found == section->second.end() ? defaultExtension_ : found->second;
+}
+
+} // namespace specloom::openapi_diff

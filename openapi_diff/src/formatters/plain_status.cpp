@@ -1,0 +1,11 @@
+#include "openapi_diff/formatters/plain_status.h"
+
+#include <ostream> // std::ostream
+
+namespace specloom::openapi_diff {
+
+void PlainStatusFormatter::format(const Report& report) {
+    stream() << changeLevelHeading(report.level()) << '\n';
+}
+
+} // namespace specloom::openapi_diff

@@ -1,0 +1,48 @@
+#include "openapi_diff/formatters/visualstudio.h"
+
+#include <ostream> // std::ostream
+
+#include <fmt/format.h>
+
+#include "foundation/report_text.h"
+#include "openapi_diff/formatters/changelog_events.h"
+#include "openapi_diff/formatters/utils.h"
+#include "openapi_diff/reports/detailed.h"
+
+namespace specloom::openapi_diff {
+namespace {
+
+/// By ChangelogEvent.
+constexpr EventFormats eventFormats{
+    "{0}({1},{2}): {3}: Metadata changed.\n",
+    "{0}({1},{2}): {3}: Added operation {4} {5}.\n",
+    "{0}({1},{2}): {3}: Removed operation {4} {5}.\n",
+    "{0}({1},{2}): {3}: Deprecated operation {4} {5}.\n",
+    "{0}({1},{2}): {3}: Operation modified.\n",
+    "{0}({1},{2}): {3}: Operation metadata changed.\n",
+    "{0}({1},{2}): {3}: Added parameter {4} in {5}.\n",
+    "{0}({1},{2}): {3}: Removed parameter {4} in {5}.\n",
+    "{0}({1},{2}): {3}: Modified parameter {4} in {5}.\n",
+    "{0}({1},{2}): {3}: Request body changed.\n",
+    "{0}({1},{2}): {3}: Added response code {4}.\n",
+    "{0}({1},{2}): {3}: Removed response code {4}.\n",
+    "{0}({1},{2}): {3}: Modified response code {4}.\n",
+    "{0}({1},{2}): {3}: Security requirements changed.\n",
+};
+
+} // namespace
+
+void VisualStudioChangelogFormatter::format(const Report& report) {
+    forEachEvent(static_cast<const ChangelogReport&>(report), eventFormats,
+                 [&](const ChangelogEntry& /*entry*/, std::string_view text) { stream() << text; });
+}
+
+void VisualStudioDetailsFormatter::format(const Report& report) {
+    // The empty place before the full stop is meant: the line has no text of its own.
+    for (const Change& change : static_cast<const DetailedReport&>(report).changes())
+        stream() << fmt::format("{}({},{}): {}: .\n", singleLine(report.fileName(change.side)),
+                                printedLine(change.pos), printedColumn(change.pos),
+                                changeLevelText(change.level));
+}
+
+} // namespace specloom::openapi_diff

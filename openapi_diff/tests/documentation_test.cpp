@@ -1,0 +1,74 @@
+// Holds the page about the configuration against the carried table.
+
+#include "openapi_diff/configuration.h"
+
+#include "jv/deser.h"
+#include "test_support/corpora.h"
+
+#include <cstddef>     // std::size_t
+#include <cstdint>     // std::uint32_t
+#include <string>      // std::string
+#include <string_view> // std::string_view
+
+#include <fmt/format.h>
+#include <gtest/gtest.h>
+
+namespace specloom::openapi_diff {
+namespace {
+
+constexpr std::string_view words[] = {"none", "non_functional", "non_breaking", "breaking", "nested"};
+
+std::string_view wordOf(ChangeLevel level) {
+    return words[static_cast<int>(level)];
+}
+
+std::string cell(const NodeDiffConfig& entry, ChangeKind kind) {
+    const ChangeLevel whenTrue = entry.lookup(kind, true);
+    const ChangeLevel whenFalse = entry.lookup(kind, false);
+    if (whenTrue == whenFalse)
+        return fmt::format("`{}`", wordOf(whenTrue));
+    return fmt::format("`{}` if true, else `{}`", wordOf(whenTrue), wordOf(whenFalse));
+}
+
+std::string tableOf(const Configuration& configuration) {
+    std::string table = "| | Field | Actions of | Added | Removed | Modified |\n|---|---|---|---|---|---|\n";
+    for (std::uint32_t number = 0; number < configKeyCount; ++number) {
+        const auto key = static_cast<ConfigKey>(number);
+        const ConfigField& field = configField(key);
+        const NodeDiffConfig& entry = configuration.entry(key);
+        const bool ofItems = field.form == EntryForm::Item;
+        table += fmt::format("| {} | `{}{}{}` | {} | {} | {} | {} |\n", number, field.section,
+                             field.name.empty() ? "" : ".", field.name,
+                             ofItems                               ? "items"
+                             : field.form == EntryForm::ModifyOnly ? "flag"
+                                                                   : "field",
+                             cell(entry, ofItems ? ChangeKind::KeyAdded : ChangeKind::PropertyAdded),
+                             cell(entry, ofItems ? ChangeKind::KeyRemoved : ChangeKind::PropertyRemoved),
+                             cell(entry, ofItems ? ChangeKind::KeyModified : ChangeKind::PropertyModified));
+    }
+    return table;
+}
+
+const std::string& page() {
+    static const std::string text =
+        test_support::fileBytes(SPECLOOM_SOURCE_DIR "/docs/diff-configuration.md");
+    return text;
+}
+
+TEST(Documentation, theExampleCanBeUsed) {
+    constexpr std::string_view opening = "```yaml\n";
+    const std::size_t begin = page().find(opening) + opening.size();
+    const std::string example = page().substr(begin, page().find("```", begin) - begin);
+    const auto document = jv::parseDocument(example, {.format = jv::DocumentFormat::Yaml, .refLoader = {}});
+    const Configuration configuration = Configuration::load(document->lookup("/commands/diff"));
+    EXPECT_EQ(configuration.entry(ConfigKey::InfoTitle).get(Action::Modify), ChangeLevel::NonFunctional);
+    EXPECT_EQ(configuration.entry(ConfigKey::Paths).get(Action::ModifyItem), ChangeLevel::Nested);
+}
+
+TEST(Documentation, theTableIsTheCarriedOne) {
+    const std::string table = tableOf(Configuration::recommended());
+    EXPECT_NE(page().find("\n\n" + table + "\n"), std::string::npos) << table;
+}
+
+} // namespace
+} // namespace specloom::openapi_diff

@@ -1,0 +1,164 @@
+// All pairs of report and format over three pairs of documents: golden/before.yaml and golden/after.yaml,
+// which differ in everything that a report tells, in golden/changes.REPORT.FORMAT; documents from no file
+// whose texts try to break the reports, in golden/hostile.txt; and one that stays the same, in
+// golden/nothing.txt. With SPECLOOM_UPDATE_GOLDEN set they are written anew, for review.
+
+#include "openapi_diff/differ.h"
+
+#include <algorithm>   // std::count
+#include <cstdlib>     // std::getenv
+#include <filesystem>  // std::filesystem
+#include <fstream>     // std::ofstream
+#include <functional>  // std::function
+#include <memory>      // std::unique_ptr
+#include <sstream>     // std::ostringstream
+#include <stdexcept>   // std::runtime_error
+#include <string>      // std::string
+#include <string_view> // std::string_view
+
+#include <fmt/format.h>
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+#include "jv/deser.h"
+#include "openapi/reader.h"
+#include "openapi_diff/formatters/utils.h"
+#include "test_support/corpora.h"
+#include "test_support/read_tree.h"
+
+namespace specloom::openapi_diff {
+namespace {
+
+namespace fs = std::filesystem;
+using Document = std::unique_ptr<openapi::ReadResult>;
+
+const fs::path golden = fs::path(SPECLOOM_TEST_DIR) / "tests/golden";
+const openapi::SchemaFormatRegistry formats;
+constexpr std::string_view reportNames[] = {"changelog", "detailed", "status"};
+constexpr std::string_view formatNames[] = {"html", "json", "markdown", "stylish", "unix", "visualstudio"};
+
+Document fromText(std::string_view text) {
+    return openapi::read(jv::parseDocument(text, {.format = jv::DocumentFormat::Yaml, .refLoader = {}}),
+                         &formats);
+}
+
+Document fromFile(const char* name) {
+    Document document = openapi::readFile((golden / name).string(), &formats);
+    document->setSourcePath(name); // wherever the checkout stands
+    return document;
+}
+
+std::string render(std::string_view report, std::string_view format, const Document& source,
+                   const Document& destination) {
+    std::ostringstream out;
+    Differ differ(out);
+    differ.setReport(report);
+    differ.setFormatter(format, report);
+    (void)differ.run(*source, *destination);
+    return out.str();
+}
+
+void expectGolden(const std::string& name, const std::string& text) {
+    if (std::getenv("SPECLOOM_UPDATE_GOLDEN") != nullptr)
+        std::ofstream(golden / name, std::ios::binary) << text;
+    EXPECT_EQ(text, test_support::fileBytes(golden / name)) << name;
+}
+
+std::string renderAll(const Document& source, const Document& destination) {
+    std::string all;
+    for (const std::string_view report : reportNames)
+        for (const std::string_view format : formatNames)
+            all += fmt::format("==== {} {}\n{}", report, format, render(report, format, source, destination));
+    return all;
+}
+
+TEST(Reports, tellEverythingThatHappens) {
+    const Document before = fromFile("before.yaml");
+    const Document after = fromFile("after.yaml");
+    for (const std::string_view report : reportNames)
+        for (const std::string_view format : formatNames)
+            expectGolden(fmt::format("changes.{}.{}", report, format), render(report, format, before, after));
+}
+
+TEST(Reports, tellNothingWhenNothingHappened) {
+    const Document document = fromFile("before.yaml");
+    expectGolden("nothing.txt", renderAll(document, document));
+}
+
+// Neither of the documents has a name.
+TEST(Reports, keepTextsOfDocumentsInTheirPlace) {
+    const Document before = fromText("{openapi: 3.1.0, info: {title: a, version: v}, paths: {}}");
+    const Document after = fromText(R"(
+openapi: 3.1.0
+info: {title: "<b>", version: v, x-a: 1}
+paths:
+  "/`a`|b*_c_d_e\n# <script>{{ added }}{% for %}\x1b[31m\xff\\":
+    get:
+      "x-\"<i>\n": 1
+      parameters:
+        - {name: "n\n<u>", in: query, schema: {}}
+      responses: {default: {description: d}}
+)");
+    expectGolden("hostile.txt", renderAll(before, after));
+}
+
+// No change of a real document may be one that a report cannot tell.
+TEST(Reports, tellWhatChangesInRealDocuments) {
+    SPECLOOM_NEEDS_CORPORA();
+    std::size_t pairs = 0;
+    for (const fs::path& path : test_support::filesBelow(test_support::corporaFolder() / "pairs", "")) {
+        std::string name = path.string();
+        if (name.find("-old.") == std::string::npos)
+            continue;
+        SCOPED_TRACE(name);
+        const test_support::ReadTree before = test_support::readTree(name);
+        const test_support::ReadTree after =
+            test_support::readTree(name.replace(name.find("-old."), 5, "-new."));
+        if (before.result == nullptr || after.result == nullptr)
+            continue;
+        ++pairs;
+        for (const std::string_view report : reportNames) {
+            const auto text = [&](std::string_view format) {
+                return render(report, format, before.result, after.result);
+            };
+            const auto linesOf = [&](std::string_view format) {
+                const std::string lines = text(format);
+                return std::count(lines.begin(), lines.end(), '\n');
+            };
+            EXPECT_TRUE(nlohmann::json::accept(text("json")));
+            EXPECT_EQ(linesOf("unix"), linesOf("visualstudio"));
+            EXPECT_GE(linesOf("unix"), linesOf("stylish"));
+            EXPECT_GT(linesOf("html"), 0);
+            EXPECT_GT(linesOf("markdown"), 0);
+        }
+    }
+    EXPECT_GE(pairs, 7u);
+}
+
+TEST(Reports, areFoundByName) {
+    const auto textOf = [](const std::function<void()>& run) -> std::string {
+        try {
+            run();
+        } catch (const std::runtime_error& error) {
+            return error.what();
+        }
+        return "nothing thrown";
+    };
+    std::ostringstream out;
+    EXPECT_EQ(textOf([] { (void)createReport("all"); }), "Result not found: all");
+    EXPECT_EQ(textOf([&] { (void)createFormatter("xml", "status", out); }),
+              "Invalid formatter (xml) or report (status) name");
+    EXPECT_EQ(textOf([&] { (void)createFormatter("json", "details", out); }),
+              "Invalid formatter (json) or report (details) name");
+}
+
+TEST(Reports, tellWebhooksFromPaths) {
+    const Document document = fromFile("before.yaml");
+    const openapi::OpenAPI& root = document->root();
+    EXPECT_EQ(nodeKindText(root), "openapi");
+    EXPECT_EQ(nodeKindText(*root.findWebhook("arrival")), "webhook");
+    EXPECT_EQ(nodeKindText(*root.components().pathItem("Maps")), "path_item");
+}
+
+} // namespace
+} // namespace specloom::openapi_diff
