@@ -22,6 +22,10 @@ void benchJson(const Input& input, int rounds, Table& table);
 void benchYaml(const Input& input, int rounds, Table& table);
 /// Building, walking and tearing down the tree of an OpenAPI document; nothing for one that is refused.
 void benchTree(const Input& input, int rounds, Table& table);
+/// Comparing two versions of a document. The names of two files: "A > B".
+void benchDiff(const Input& source, const Input& destination, int rounds, Table& table);
+/// The same for a document and itself, with the promise for that.
+void benchDiffOfItself(const Input& input, int rounds, Table& table);
 /// Memory of the values of a document that was read.
 void benchMemory(const Input& input, Table& table);
 /// Whole runs of the program.
