@@ -1,4 +1,5 @@
 #include "bench/benchmarks.h"
+#include "bench/configuration_text.h"
 #include "bench/measure.h"
 #include "bench/process.h"
 #include "openapi/reader.h"
@@ -27,6 +28,8 @@ class Pair {
         destination_ = write("destination", destination);
         test_support::ReadTree first = test_support::readTree(destination_);
         formats_ = std::move(first.formats);
+        configuration_ = (folder_ / "configuration.json").string();
+        std::ofstream(configuration_) << configurationText("", first.unknownFormats);
     }
     Pair(const Pair&) = delete;
     Pair& operator=(const Pair&) = delete;
@@ -41,6 +44,8 @@ class Pair {
     [[nodiscard]] std::unique_ptr<openapi::ReadResult> readDestination() const {
         return openapi::readFile(destination_, formats_.get());
     }
+    /// The path of a configuration file that allows the formats.
+    [[nodiscard]] const std::string& configuration() const noexcept { return configuration_; }
     [[nodiscard]] const std::string& source() const noexcept { return source_; }
     [[nodiscard]] const std::string& destination() const noexcept { return destination_; }
 
@@ -54,6 +59,7 @@ class Pair {
     fs::path folder_;
     std::string source_;
     std::string destination_;
+    std::string configuration_;
     std::unique_ptr<openapi::SchemaFormatRegistry> formats_;
 };
 
@@ -78,11 +84,12 @@ void benchTimes(const Pair& pair, const std::string& name, double target, int ro
 
 #ifdef SPECLOOM_PROGRAM
 
-/// Only where no format has to be configured, which all documents measured here fulfil.
 void benchPeak(const Pair& pair, const std::string& name, double bytes, Table& table) {
     constexpr int whenBreaking = 1;
-    const double peak =
-        runProcess({SPECLOOM_PROGRAM, "diff", pair.source(), pair.destination()}, whenBreaking).peakBytes;
+    const double peak = runProcess({SPECLOOM_PROGRAM, "diff", "--config", pair.configuration(), pair.source(),
+                                    pair.destination()},
+                                   whenBreaking)
+                            .peakBytes;
     table.add(
         {"peak memory of diff / size of both", name, mebibytes(peak), mebibytes(bytes), peak / bytes, 15});
 }
