@@ -24,6 +24,10 @@ void benchYaml(const Input& input, int rounds, Table& table);
 void benchTree(const Input& input, int rounds, Table& table);
 /// Holding an OpenAPI document against its schema.
 void benchSchema(const Input& input, int rounds, Table& table);
+/// Comparing two versions of a document.
+void benchDiff(const Input& source, const Input& destination, int rounds, Table& table);
+/// The same for a document and itself, with the promise for that.
+void benchDiffOfItself(const Input& input, int rounds, Table& table);
 /// Memory of the values of a document that was read.
 void benchMemory(const Input& input, Table& table);
 /// Whole runs of the program.

@@ -8,8 +8,8 @@
 extern char** environ;
 
 /// launcher PROGRAM ARGUMENT...: runs a program with its input and output thrown away, and prints the seconds
-/// on the clock, the seconds of processor time and the bytes of its largest resident set. The status is 0 if
-/// that of the program is.
+/// on the clock, the seconds of processor time and the bytes of its largest resident set. The status is that
+/// of the program, and 255 when it did not end by itself.
 ///
 /// This is a program of its own because a new process starts with the peak of the one that it was forked
 /// from: only a small parent sees the true peak of its children.
@@ -34,5 +34,5 @@ int main(int argc, char** argv) {
     };
     std::printf("%.9f %.9f %.0f\n", wall.count(), seconds(usage.ru_utime) + seconds(usage.ru_stime),
                 static_cast<double>(usage.ru_maxrss) * 1024);
-    return status == 0 ? 0 : 1;
+    return WIFEXITED(status) ? WEXITSTATUS(status) : 255;
 }

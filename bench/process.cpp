@@ -11,7 +11,7 @@ extern char** environ;
 
 namespace specloom::bench {
 
-ProcessRun runProcess(const std::vector<std::string>& arguments) {
+ProcessRun runProcess(const std::vector<std::string>& arguments, int highestStatus) {
     std::vector<char*> argv{const_cast<char*>(LAUNCHER)};
     for (const std::string& argument : arguments)
         argv.push_back(const_cast<char*>(argument.c_str()));
@@ -35,7 +35,7 @@ ProcessRun runProcess(const std::vector<std::string>& arguments) {
     int status = -1;
     if (failure == 0)
         waitpid(child, &status, 0);
-    if (status != 0 || fields != 3)
+    if (!WIFEXITED(status) || WEXITSTATUS(status) > highestStatus || fields != 3)
         throw std::runtime_error("Failed: " + arguments.front());
     return run;
 }

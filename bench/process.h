@@ -12,7 +12,7 @@ struct ProcessRun {
 };
 
 /// Runs a program to its end, with nothing on standard input and its standard output thrown away. Throws
-/// std::runtime_error with its name when it cannot be started or does not end with status 0.
-ProcessRun runProcess(const std::vector<std::string>& arguments);
+/// std::runtime_error with its name when it cannot be started or ends with a status above `highestStatus`.
+ProcessRun runProcess(const std::vector<std::string>& arguments, int highestStatus = 0);
 
 } // namespace specloom::bench

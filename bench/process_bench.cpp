@@ -1,4 +1,5 @@
 #include "bench/benchmarks.h"
+#include "bench/configuration_text.h"
 #include "bench/measure.h"
 #include "bench/process.h"
 #include "test_support/read_tree.h"
@@ -36,16 +37,6 @@ class TemporaryFile {
     fs::path path_;
 };
 
-/// One ruleset, and the formats without which the document would be refused.
-std::string lintConfiguration(std::string_view ruleset, const std::vector<std::string>& formats) {
-    std::string list;
-    for (const std::string& format : formats)
-        list += fmt::format(R"({}{{"name": "{}", "type": "string"}})", list.empty() ? "" : ", ", format);
-    return fmt::format(R"({{"version": "1.0", "commands": {{"lint": {{"extends": ["{}"]}}}}, )"
-                       R"("openapi": {{"custom_formats": [{}]}}}})",
-                       ruleset, list);
-}
-
 } // namespace
 
 void benchFormat(const Input& input, int rounds, Table& table) {
@@ -81,7 +72,8 @@ void benchLint(const Input& input, int rounds, Table& table) {
         return;
     for (const auto& [ruleset, limit] : {std::pair{"recommended", 3.0}, std::pair{"all", 4.0}}) {
         const TemporaryFile config(".config.json");
-        std::ofstream(config.path()) << lintConfiguration(ruleset, tree.unknownFormats);
+        std::ofstream(config.path()) << configurationText(
+            fmt::format(R"("lint": {{"extends": ["{}"]}})", ruleset), tree.unknownFormats);
         const std::vector<std::string> lint = {SPECLOOM_PROGRAM, "lint", "--config", config.path(),
                                                input.path.string()};
         const auto size = static_cast<double>(input.text.size());
