@@ -215,7 +215,8 @@ void ComponentComparisons::evaluate(Unit& unit) {
     evaluated_ = nullptr;
     if (unit.place != Pair{})
         spend(found.changes.size() + 1);
-    const bool isWorse = found.level > unit.comparison.level || found.weight > unit.comparison.weight;
+    const bool isWorse = found.level > unit.comparison.level || found.weight > unit.comparison.weight ||
+                         (unit.comparison.changes.empty() && !found.changes.empty());
     unit.comparison = std::move(found);
     if (isWorse)
         for (Unit* dependent : std::exchange(unit.dependents, {}))

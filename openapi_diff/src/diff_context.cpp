@@ -265,7 +265,7 @@ void DiffContext::addExtension(ChangeKind kind, const openapi::Node& node, std::
 }
 
 void DiffContext::include(const Comparison& comparison, bool listed) {
-    if (comparison.level == ChangeLevel::None)
+    if (comparison.level == ChangeLevel::None && (!listed || comparison.changes.empty()))
         return;
     append({.level = comparison.level,
             .weight = comparison.weight,

@@ -120,8 +120,8 @@ class DiffContext {
         return takeCollected();
     }
     /// Lets what a comparison found count in the open scope, behind its mark(). When `listed`, its changes
-    /// come to stand there in the report too; else they are listed elsewhere. A comparison without changes,
-    /// or with changes of the level None only, adds nothing. The comparison must stay until the scopes are
+    /// come to stand there in the report too; else they are listed elsewhere, and those of the level None add
+    /// nothing. Neither does a comparison without changes. The comparison must stay until the scopes are
     /// closed.
     void include(const Comparison& comparison, bool listed);
 

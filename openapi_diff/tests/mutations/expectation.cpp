@@ -97,9 +97,11 @@ std::multiset<std::string> Expectation::lines() {
         const std::size_t known = targets_.size();
         found = objects("openapi", "openapi.openapi", {{&before_, ""}, {&after_, ""}});
         for (auto& [id, targets] : targets_) {
+            const bool wasEmpty = targets.changes.empty();
             targets.changes = between(targets.section, targets.key, targets.pair);
             const auto [level, weight] = worst(targets.changes);
-            isNew = isNew || level > targets.level || weight > targets.weight;
+            isNew = isNew || level > targets.level || weight > targets.weight ||
+                    wasEmpty != targets.changes.empty();
             targets.level = level;
             targets.weight = weight;
         }
@@ -146,7 +148,10 @@ std::string Expectation::sideOf(const Spot& spot, bool inSource) {
 
 /// What stands in a place is told by a change of the place and the changes below it.
 void Expectation::place(Changes& found, const Scope& scope, const std::string& section, const Pair& pair) {
-    Changes below = between(section, scope.key, pair);
+    close(found, scope, pair, between(section, scope.key, pair));
+}
+
+void Expectation::close(Changes& found, const Scope& scope, const Pair& pair, Changes below) {
     if (below.empty())
         return;
     const bool isItem = scope.name || scope.index >= 0;
@@ -206,7 +211,7 @@ void Expectation::extensions(Changes& found, const std::string& key, const Pair&
     const auto tell = [&](const char* kind, const std::string& name, const char* action) {
         const Spot& at = pair.after ? pair.after : pair.before;
         found.push_back({std::string("extension_") + kind + " " + key + " (" + name + ")",
-                         table_.level("defaults.extensions", action), sideOf(at, !pair.after)});
+                         ofValue(table_.level("defaults.extensions", action)), sideOf(at, !pair.after)});
     };
     for (const auto& [name, value] : after.items())
         if (name.starts_with("x-")) {
@@ -440,9 +445,9 @@ void Expectation::requirements(Changes& found, const Field& field, const Pair& p
         const std::int64_t index = isAdded ? to : from;
         const Spot at{&none, (isAdded ? lists.after : lists.before).pointer + "/" + std::to_string(index)};
         const char* action = isAdded ? "add" : "remove";
-        plain(found, {field.key, {}, index}, action, at);
-        plain(found, {"securityRequirement", {}, index}, action, at);
-        found.back().isPart = true;
+        Changes below;
+        plain(below, {"securityRequirement", {}, index}, action, at);
+        close(found, {field.key, {}, index}, isAdded ? Pair{{}, at} : Pair{at, {}}, below);
     }
 }
 
@@ -504,7 +509,8 @@ void Expectation::include(Changes& found, const std::string& section, const std:
     const PairId id{pair.before.pointer, pair.after.pointer};
     isListed = isListed && id.first != id.second;
     const auto entry = targets_.try_emplace(id, Targets{section, key, pair}).first;
-    if (entry->second.level > 0)
+    const bool isEmpty = entry->second.changes.empty();
+    if (entry->second.level > 0 || (isListed && !isEmpty))
         found.push_back({.text = "",
                          .level = entry->second.level,
                          .weight = entry->second.weight,

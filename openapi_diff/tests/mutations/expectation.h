@@ -61,6 +61,7 @@ class Expectation {
     };
 
     void place(Changes& found, const Scope& scope, const std::string& section, const Pair& pair);
+    void close(Changes& found, const Scope& scope, const Pair& pair, Changes below);
     void plain(Changes& found, const Scope& scope, const char* action, const Spot& at);
     Changes between(const std::string& section, const std::string& key, const Pair& pair);
     Changes objects(const std::string& section, const std::string& key, const Pair& pair);

@@ -10,13 +10,13 @@
 #include "test_support/corpora.h"
 #include "test_support/read_tree.h"
 
-#include <algorithm> // std::all_of, std::any_of, std::set_difference, std::shuffle, std::sort
-#include <cstdint>   // std::uint32_t
-#include <iostream>  // std::cout
-#include <iterator>  // std::back_inserter
-#include <map>       // std::map
-#include <random>    // std::mt19937
-#include <set>       // std::set, std::multiset
+#include <algorithm> // std::all_of, std::any_of, std::find, std::max, std::set_difference, std::shuffle, std::sort
+#include <cstdint>  // std::uint32_t
+#include <iostream> // std::cout
+#include <iterator> // std::back_inserter
+#include <map>      // std::map
+#include <random>   // std::mt19937
+#include <set>      // std::set, std::multiset
 
 #include <gtest/gtest.h>
 
@@ -78,18 +78,37 @@ class Lines : public Report {
 };
 
 std::multiset<std::string> changesBetween(const openapi::ReadResult& source,
-                                          const openapi::ReadResult& destination) {
-    const Configuration configuration = Configuration::recommended();
+                                          const openapi::ReadResult& destination,
+                                          const Configuration& configuration) {
     Lines report(source, destination);
     DiffContext context(configuration, source, destination, report);
     OpenAPIDiff().diff(&source.root(), &destination.root(), context);
     return report.lines;
 }
 
+std::string carriedTable() {
+    return test_support::fileBytes(fs::path(SPECLOOM_TEST_DIR) / "configurations" / "recommended.yaml");
+}
+
 const Classifications& table() {
-    static const Classifications classifications(
-        test_support::fileBytes(fs::path(SPECLOOM_TEST_DIR) / "configurations" / "recommended.yaml"));
+    static const Classifications classifications(carriedTable());
     return classifications;
+}
+
+/// The carried table with other levels in a third of its places.
+std::string anotherTable(std::mt19937& random) {
+    const std::vector<std::string> levels{"none", "non_functional", "non_breaking", "breaking", "nested"};
+    const std::string table = carriedTable();
+    std::string result;
+    for (std::size_t at = 0; at < table.size();) {
+        const std::size_t length =
+            std::max(table.find_first_not_of("abcdefghijklmnopqrstuvwxyz_", at), at + 1) - at;
+        const std::string word = table.substr(at, length);
+        const bool isLevel = std::find(levels.begin(), levels.end(), word) != levels.end();
+        result += isLevel && random() % 3 == 0 ? levels[random() % levels.size()] : word;
+        at += length;
+    }
+    return result;
 }
 
 /// The lines of one of two sets that the other one lacks.
@@ -124,7 +143,7 @@ class Trial {
         }
         ++counts[mutation.kind];
         const auto expected = Expectation(document_, edited, table()).lines();
-        const auto actual = changesBetween(*source_.result, *destination);
+        const auto actual = changesBetween(*source_.result, *destination, Configuration::recommended());
         EXPECT_TRUE(actual == expected) << mutation.text() << "\ntells\n"
                                         << missing(actual, expected) << "and does not tell\n"
                                         << missing(expected, actual);
@@ -286,7 +305,7 @@ TEST_P(Mutations, areReportedAsTheTableTells) {
 
 class Pairs : public testing::TestWithParam<const char*> {};
 
-/// Two versions of an API: many changes at once.
+/// Two versions of an API, by the carried table and by others: many changes at once.
 TEST_P(Pairs, areReportedAsTheTableTells) {
     SPECLOOM_NEEDS_CORPORA();
     const fs::path folder = test_support::corporaFolder() / "pairs";
@@ -298,13 +317,22 @@ TEST_P(Pairs, areReportedAsTheTableTells) {
     ASSERT_EQ(source.refusal + destination.refusal, "");
     const Json before = Json::parse(jsonOf(pathOf("-old")));
     const Json after = Json::parse(jsonOf(pathOf("-new")));
-    const auto expected = Expectation(before, after, table()).lines();
-    const auto actual = changesBetween(*source.result, *destination.result);
-    EXPECT_GT(expected.size(), 10u);
-    std::cout << name << ": " << expected.size() << " changes\n";
-    EXPECT_TRUE(actual == expected) << "tells\n"
-                                    << missing(actual, expected) << "and does not tell\n"
-                                    << missing(expected, actual);
+
+    std::mt19937 random(seed);
+    std::cout << name << ", seed " << seed << ':';
+    for (const std::string& levels : {carriedTable(), anotherTable(random), anotherTable(random)}) {
+        const auto document =
+            jv::parseDocument(levels, {.format = jv::DocumentFormat::Yaml, .refLoader = {}});
+        const auto expected = Expectation(before, after, Classifications(levels)).lines();
+        const auto actual =
+            changesBetween(*source.result, *destination.result, Configuration::load(document->root()));
+        EXPECT_TRUE(actual == expected) << levels << "tells\n"
+                                        << missing(actual, expected) << "and does not tell\n"
+                                        << missing(expected, actual);
+        EXPECT_GT(expected.size(), 10U);
+        std::cout << ' ' << expected.size() << " changes";
+    }
+    std::cout << '\n';
 }
 
 INSTANTIATE_TEST_SUITE_P(Corpora, Pairs,
