@@ -16,7 +16,6 @@
 #include "openapi_lint/lint_context.h"
 #include "openapi_lint/rule_registry.h"
 #include "openapi_lint/spdx.h"
-#include "openapi_lint/text_pattern.h"
 #include "test_support/corpora.h"
 #include "test_support/temporary_folder.h"
 
@@ -126,30 +125,6 @@ TEST(Spdx, knowsEveryIdentifierOfTheListAndNothingElse) {
         }
     }
     EXPECT_EQ(count, 811u);
-}
-
-TEST(TextPattern, matchesWholeTextsInBoundedTimeAndStack) {
-    const std::string many(1000, 'a');
-    struct Row {
-        std::string pattern;
-        std::string text;
-        bool matches;
-    };
-    const std::vector<Row> rows = {
-        {"a|ab", "ab", true},
-        {"ab", "abc", false},
-        {"^ab$", "ab", true},
-        {"", "", true},
-        {"(a|b)\\1", "aa", true},
-        {"(a|b)\\1", "ab", false},
-        {"\\d{3}", "123", true},
-        {"(a+)+b", many, false},
-        {"(a|aa)*", many, true},
-        {"a*", std::string(1024, 'a'), true},
-        {"a*", std::string(1025, 'a'), false},
-    };
-    for (const Row& row : rows)
-        EXPECT_EQ(TextPattern(row.pattern).matchesWhole(row.text), row.matches) << row.pattern;
 }
 
 class SpellCheck : public testing::Test {

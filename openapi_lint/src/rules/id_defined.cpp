@@ -1,7 +1,6 @@
 #include "openapi_lint/rules/id_defined.h"
 
-#include <stdexcept> // std::runtime_error
-#include <utility>   // std::move
+#include <utility> // std::move
 
 #include <fmt/format.h>
 
@@ -20,8 +19,20 @@ constexpr const char* optionsNoObject = "Options must be an object";
 constexpr const char* attributeEmpty = "Attribute name must not be empty";
 constexpr const char* attributeNoExtension = "Attribute name must start with 'x-'";
 constexpr const char* patternEmpty = "Pattern must not be empty";
+constexpr const char* patternInvalid = "Pattern is not a regular expression: {} ({})";
 
 constexpr std::string_view uuidPattern = "uuid";
+
+/// Of the whole text. The expression must stand on its own: a parenthesis too many would pair with ours.
+jv::schema::Pattern wholePattern(const std::string& expression) {
+    try {
+        (void)jv::schema::Pattern(expression);
+        return jv::schema::Pattern(fmt::format("^(?:{})$", expression));
+    } catch (const jv::schema::PatternError& error) {
+        throw RuleConfigurationError(IDDefined::ruleId,
+                                     fmt::format(patternInvalid, expression, error.what()));
+    }
+}
 
 std::string option(const jv::JV& options, std::string_view name, std::string_view byDefault) {
     const jv::JV* value = options.get(name);
@@ -29,8 +40,6 @@ std::string option(const jv::JV& options, std::string_view name, std::string_vie
 }
 
 } // namespace
-
-IDDefined::~IDDefined() = default;
 
 void IDDefined::configure(const jv::JV* options) {
     const jv::JV& given = requireOptions(options, ruleId);
@@ -44,18 +53,19 @@ void IDDefined::configure(const jv::JV* options) {
     const std::string pattern = option(given, "pattern", uuidPattern);
     if (pattern.empty())
         throw RuleConfigurationError(ruleId, patternEmpty);
-    try {
-        pattern_ = pattern == uuidPattern ? nullptr : std::make_unique<TextPattern>(pattern);
-    } catch (const std::runtime_error& error) {
-        throw RuleConfigurationError(ruleId, error.what());
-    }
+    if (pattern == uuidPattern)
+        pattern_.reset();
+    else
+        pattern_ = wholePattern(pattern);
     attribute_ = std::move(attribute);
 }
 
 bool IDDefined::isValid(const jv::JV& identifier) const {
     if (!identifier.isString())
         return false;
-    return pattern_ == nullptr ? isUuid(identifier.text()) : pattern_->matchesWhole(identifier.text());
+    if (!pattern_)
+        return isUuid(identifier.text());
+    return pattern_->search(identifier.text()) == jv::schema::Pattern::Outcome::Match;
 }
 
 void IDDefined::check(LintContext& context) {
@@ -73,7 +83,7 @@ void IDDefined::check(LintContext& context) {
 void IDDefined::fix(LintContext& context) {
     openapi::OpenAPI& root = context.root();
     openapi::Info& info = root.info();
-    if (pattern_ != nullptr || isDisabled(*this, &info, &root))
+    if (pattern_ || isDisabled(*this, &info, &root))
         return;
     const jv::JV* identifier = info.findExtension(attribute_);
     if (identifier == nullptr || !isValid(*identifier))

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "jv_schema/pattern.h"
 #include "openapi_lint/rule.h"
-#include "openapi_lint/text_pattern.h"
 
-#include <memory> // std::unique_ptr
-#include <string> // std::string
+#include <optional> // std::optional
+#include <string>   // std::string
 
 namespace specloom::openapi {
 class Info;
@@ -25,10 +25,9 @@ class IDDefined final : public Rule {
   public:
     static constexpr std::string_view ruleId = "id-defined";
     explicit IDDefined(Severity severity) : Rule(ruleId, severity) {}
-    ~IDDefined() override;
     [[nodiscard]] bool isFixable() const override { return true; }
     /// An object with "attribute", the name of the extension, and "pattern", "uuid" or a regular expression
-    /// that matches an identifier as a whole.
+    /// (jv::schema::Pattern) that matches an identifier as a whole.
     void configure(const jv::JV* options) override;
     void check(LintContext& context) override;
     void fix(LintContext& context) override;
@@ -37,7 +36,7 @@ class IDDefined final : public Rule {
     [[nodiscard]] bool isValid(const jv::JV& identifier) const;
 
     std::string attribute_ = "x-id";
-    std::unique_ptr<TextPattern> pattern_; ///< null for UUIDs
+    std::optional<jv::schema::Pattern> pattern_; ///< none for UUIDs
 };
 
 } // namespace specloom::openapi_lint
