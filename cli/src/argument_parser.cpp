@@ -34,7 +34,7 @@ void ArgumentParser::addOption(std::string_view name, const ArgumentHelp& help) 
 
 void ArgumentParser::addOption(std::string_view name, const ArgumentHelp& help,
                                std::string_view defaultValue) {
-    parser_->add(name, help).nargs(1).default_value(std::string(defaultValue));
+    addOption(name, help, defaultValue, {});
 }
 
 void ArgumentParser::addOption(std::string_view name, const ArgumentHelp& help, std::string_view defaultValue,
