@@ -5,6 +5,7 @@
 #include <filesystem> // std::filesystem
 #include <fstream>    // std::ifstream, std::ofstream
 #include <iterator>   // std::istreambuf_iterator
+#include <set>        // std::set
 #include <sstream>    // std::istringstream
 #include <string>     // std::string, std::getline
 #include <vector>     // std::vector
@@ -12,6 +13,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "test_support/corpora.h"
+#include "test_support/read_tree.h"
+#include "test_support/write_back.h"
 #include "workspace.h"
 
 namespace specloom::tests {
@@ -216,6 +220,99 @@ TEST(Diff, DoesWhatTheManualShows) {
     EXPECT_GT(blocks, 5u);
     if (isUpdating)
         std::ofstream(root / "docs/diff.md", std::ios::binary) << page;
+}
+
+// ---- the versions of published documents
+
+/// A pair with the version that each document has, and the one that the newer has in the end: its own where
+/// nothing is written.
+struct VersionPair {
+    std::string name;
+    std::string extension;
+    std::string before;
+    std::string now;
+    std::string written;
+};
+
+const VersionPair versionPairs[] = {
+    // raised: there are breaking changes
+    {"github-enterprise", ".json", "1.1.4", "1.1.4", "2.0.0"},
+    {"meilisearch", ".json", "1.12.0", "1.15.2", "2.0.0"},
+    {"spotify", ".yaml", "1.0.0", "1.0.0", "2.0.0"},
+    {"twilio-lookups", ".json", "1.55.4", "1.0.0", "2.0.0"},
+    // ahead of what non-functional changes ask for
+    {"xero-projects", ".yaml", "8.3.0", "16.1.0", "16.1.0"},
+    // no semantic versions
+    {"adyen-checkout", ".yaml", "70", "71", "71"},
+    {"discord", ".json", "10", "10", "10"},
+};
+
+/// A configuration that names the formats which a document uses beyond those that are built in.
+std::string formatsOf(const std::vector<const test_support::ReadTree*>& trees) {
+    std::set<std::string> names;
+    for (const test_support::ReadTree* tree : trees)
+        names.insert(tree->unknownFormats.begin(), tree->unknownFormats.end());
+    std::string config = "version: \"1.0\"\nopenapi:\n  custom_formats:\n    - {name: none, type: string}\n";
+    for (const std::string& name : names)
+        config += "    - {name: " + name + ", type: string}\n";
+    return config;
+}
+
+/// That `written` is what `read` was but for its version and what writing back is meant to change.
+void expectNothingButTheVersion(const openapi::ReadResult& read, const openapi::ReadResult& written) {
+    std::size_t versions = 0;
+    for (const auto& difference : test_support::compareWriteBack(read.source(), written.source())) {
+        if (difference.pointer == "/info/version")
+            ++versions;
+        else if (difference.kind == test_support::WriteBackClass::Defect)
+            ADD_FAILURE() << difference;
+    }
+    EXPECT_EQ(versions, 1u);
+}
+
+TEST(Diff, RaisesTheVersionsOfRealDocuments) {
+    SPECLOOM_NEEDS_CORPORA();
+    for (const VersionPair& pair : versionPairs) {
+        SCOPED_TRACE(pair.name);
+        const fs::path folder = test_support::corporaFolder() / "pairs";
+        const fs::path files[] = {folder / (pair.name + "-old" + pair.extension),
+                                  folder / (pair.name + "-new" + pair.extension)};
+        const test_support::ReadTree before = test_support::readTree(files[0]);
+        const test_support::ReadTree now = test_support::readTree(files[1]);
+        ASSERT_TRUE(before.result != nullptr && now.result != nullptr);
+        EXPECT_EQ(before.result->root().info().version(), pair.before);
+        EXPECT_EQ(now.result->root().info().version(), pair.now);
+
+        const Workspace workspace;
+        const std::string names[] = {"old" + pair.extension, "new" + pair.extension};
+        for (const std::size_t side : {0U, 1U})
+            workspace.write(names[side], textOf(files[side]));
+        workspace.write("formats.yaml", formatsOf({&before, &now}));
+        const fs::file_time_type longAgo{};
+        fs::last_write_time(workspace.path(names[1]), longAgo);
+        const Outcome outcome = workspace.run({"diff", "--config", "formats.yaml", "--update-version",
+                                               "--formatter", "json", names[0], names[1]});
+
+        const bool isSemantic = pair.before.find('.') != std::string::npos;
+        EXPECT_EQ(outcome.err, "");
+        if (isSemantic)
+            EXPECT_THAT(outcome.out, StartsWith("{\"added\":["));
+        else
+            EXPECT_EQ(outcome.out, "semver::version::from_string invalid version.\n");
+        EXPECT_EQ(outcome.status, isSemantic && pair.written == pair.now ? 0 : 1);
+        EXPECT_EQ(workspace.read(names[0]), textOf(files[0]));
+        if (pair.written == pair.now) {
+            EXPECT_EQ(workspace.read(names[1]), textOf(files[1]));
+            EXPECT_EQ(fs::last_write_time(workspace.path(names[1])), longAgo);
+            continue;
+        }
+        const std::string text = workspace.read(names[1]);
+        EXPECT_THAT(text, StartsWith(pair.extension == ".json" ? "{\n  \"" : "openapi: "));
+        const test_support::ReadTree written = test_support::readTree(workspace.path(names[1]));
+        ASSERT_NE(written.result, nullptr) << written.refusal;
+        EXPECT_EQ(written.result->root().info().version(), pair.written);
+        expectNothingButTheVersion(*now.result, *written.result);
+    }
 }
 
 } // namespace

@@ -5,7 +5,6 @@
 
 #include "openapi_diff/differ.h"
 
-#include <algorithm>   // std::count
 #include <cstdlib>     // std::getenv
 #include <filesystem>  // std::filesystem
 #include <fstream>     // std::ofstream
@@ -18,13 +17,11 @@
 
 #include <fmt/format.h>
 #include <gtest/gtest.h>
-#include <nlohmann/json.hpp>
 
 #include "jv/deser.h"
 #include "openapi/reader.h"
 #include "openapi_diff/formatters/utils.h"
 #include "test_support/corpora.h"
-#include "test_support/read_tree.h"
 
 namespace specloom::openapi_diff {
 namespace {
@@ -100,39 +97,6 @@ paths:
       responses: {default: {description: d}}
 )");
     expectGolden("hostile.txt", renderAll(before, after));
-}
-
-// No change of a real document may be one that a report cannot tell.
-TEST(Reports, tellWhatChangesInRealDocuments) {
-    SPECLOOM_NEEDS_CORPORA();
-    std::size_t pairs = 0;
-    for (const fs::path& path : test_support::filesBelow(test_support::corporaFolder() / "pairs", "")) {
-        std::string name = path.string();
-        if (name.find("-old.") == std::string::npos)
-            continue;
-        SCOPED_TRACE(name);
-        const test_support::ReadTree before = test_support::readTree(name);
-        const test_support::ReadTree after =
-            test_support::readTree(name.replace(name.find("-old."), 5, "-new."));
-        if (before.result == nullptr || after.result == nullptr)
-            continue;
-        ++pairs;
-        for (const std::string_view report : reportNames) {
-            const auto text = [&](std::string_view format) {
-                return render(report, format, before.result, after.result);
-            };
-            const auto linesOf = [&](std::string_view format) {
-                const std::string lines = text(format);
-                return std::count(lines.begin(), lines.end(), '\n');
-            };
-            EXPECT_TRUE(nlohmann::json::accept(text("json")));
-            EXPECT_EQ(linesOf("unix"), linesOf("visualstudio"));
-            EXPECT_GE(linesOf("unix"), linesOf("stylish"));
-            EXPECT_GT(linesOf("html"), 0);
-            EXPECT_GT(linesOf("markdown"), 0);
-        }
-    }
-    EXPECT_GE(pairs, 7u);
 }
 
 TEST(Reports, areFoundByName) {

@@ -5,13 +5,11 @@
 #include <cstdlib>     // std::getenv
 #include <filesystem>  // std::filesystem
 #include <fstream>     // std::ofstream
-#include <memory>      // std::unique_ptr
 #include <sstream>     // std::ostringstream
 #include <string>      // std::string
 #include <string_view> // std::string_view
 #include <vector>      // std::vector
 
-#include <expat.h>
 #include <fmt/format.h>
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
@@ -20,12 +18,14 @@
 #include "openapi_lint/formatter_registry.h"
 #include "openapi_lint/lint_context.h"
 #include "test_support/corpora.h"
+#include "test_support/parsers.h"
 
 namespace specloom::openapi_lint {
 namespace {
 
 namespace fs = std::filesystem;
 using test_support::fileBytes;
+using test_support::markupFault;
 
 constexpr std::uint64_t nowhere = LintResult::unknown;
 constexpr Severity error = Severity::Error;
@@ -144,25 +144,13 @@ TEST(Formatters, areShownByTheManual) {
         std::ofstream(page, std::ios::binary) << manual;
 }
 
-/// Why a text is no well-formed XML; empty when it is. Names of characters that HTML defines are known.
-std::string xmlFault(const std::string& text) {
-    const std::unique_ptr<XML_ParserStruct, void (*)(XML_Parser)> parser(XML_ParserCreate(nullptr),
-                                                                         XML_ParserFree);
-    XML_UseForeignDTD(parser.get(), XML_TRUE);
-    XML_SetParamEntityParsing(parser.get(), XML_PARAM_ENTITY_PARSING_ALWAYS);
-    if (XML_Parse(parser.get(), text.data(), static_cast<int>(text.size()), 1) == XML_STATUS_OK)
-        return "";
-    return fmt::format("{} in line {}", XML_ErrorString(XML_GetErrorCode(parser.get())),
-                       XML_GetCurrentLineNumber(parser.get()));
-}
-
 TEST(Formatters, writeWellFormedMarkup) {
     for (const char* name : {"checkstyle", "junit", "html"})
         for (const auto* files : {&plain, &nothing})
-            EXPECT_EQ(xmlFault(report(name, *files)), "") << name;
+            EXPECT_EQ(markupFault(report(name, *files)), "") << name;
     // Control characters, which no XML may hold, aside, texts cannot spoil the page.
-    EXPECT_EQ(xmlFault(report("html", {hostile[0], hostile[1]})), "");
-    EXPECT_NE(xmlFault(report("junit", {hostile[0]})), "") << "attributes hold the texts as they are";
+    EXPECT_EQ(markupFault(report("html", {hostile[0], hostile[1]})), "");
+    EXPECT_NE(markupFault(report("junit", {hostile[0]})), "") << "attributes hold the texts as they are";
 }
 
 TEST(Formatters, writeJsonThatReadsBack) {

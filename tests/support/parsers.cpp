@@ -2,8 +2,10 @@
 
 #include "test_support/corpora.h"
 
+#include <expat.h>
 #include <istream> // std::istream
 #include <map>     // std::map
+#include <memory>  // std::unique_ptr
 #include <nlohmann/json.hpp>
 #include <optional>  // std::optional
 #include <sstream>   // std::istringstream
@@ -266,6 +268,17 @@ Tree parseYamlIndependently(std::string_view text) {
 Tree parseFileIndependently(const std::filesystem::path& path) {
     const std::string text = fileBytes(path);
     return path.extension() == ".json" ? parseJsonIndependently(text) : parseYamlIndependently(text);
+}
+
+std::string markupFault(std::string_view text) {
+    const std::unique_ptr<XML_ParserStruct, void (*)(XML_Parser)> parser(XML_ParserCreate(nullptr),
+                                                                         XML_ParserFree);
+    XML_UseForeignDTD(parser.get(), XML_TRUE);
+    XML_SetParamEntityParsing(parser.get(), XML_PARAM_ENTITY_PARSING_ALWAYS);
+    if (XML_Parse(parser.get(), text.data(), static_cast<int>(text.size()), 1) == XML_STATUS_OK)
+        return "";
+    return std::string(XML_ErrorString(XML_GetErrorCode(parser.get()))) + " in line " +
+           std::to_string(XML_GetCurrentLineNumber(parser.get()));
 }
 
 Tree treeOf(const jv::JVDocument& document) {
