@@ -10,9 +10,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::size_t largestDocument = 100'000; // bytes; larger ones would only slow the search down
-
-[[nodiscard]] std::vector<std::string> loadDocuments() {
+[[nodiscard]] std::vector<std::string> loadDocuments(std::size_t largest) {
     std::vector<fs::path> paths = test_support::filesBelow(SEEDS, ".json");
     if (const fs::path corpora = test_support::corporaFolder(); !corpora.empty()) {
         for (const char* folder : {"openapi", "pairs"}) {
@@ -22,7 +20,7 @@ constexpr std::size_t largestDocument = 100'000; // bytes; larger ones would onl
     }
     std::vector<std::string> texts;
     for (const fs::path& path : paths) {
-        if (fs::file_size(path) <= largestDocument)
+        if (fs::file_size(path) <= largest)
             texts.push_back(test_support::fileBytes(path));
     }
     return texts;
@@ -77,8 +75,8 @@ constexpr std::array<const char*, 8> references{"#/components/schemas/A",
 
 } // namespace
 
-const std::vector<std::string>& documentTexts() {
-    static const std::vector<std::string> texts = loadDocuments();
+const std::vector<std::string>& documentTexts(std::size_t largest) {
+    static const std::vector<std::string> texts = loadDocuments(largest);
     return texts;
 }
 

@@ -30,8 +30,8 @@ class Choices {
 };
 
 /// The texts of documents to change, in JSON: our own small ones, and those of the corpora, where there are
-/// any, that are small enough to make a fast search.
-[[nodiscard]] const std::vector<std::string>& documentTexts();
+/// any, of at most `largest` bytes; larger ones would only slow the search down. The first call decides.
+[[nodiscard]] const std::vector<std::string>& documentTexts(std::size_t largest);
 
 /// Changes one place of `document`: removes a member, swaps a kind, copies a value from elsewhere, or
 /// redirects a reference. The document has to be indexed anew after the last change.

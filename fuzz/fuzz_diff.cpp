@@ -54,7 +54,7 @@ struct Told {
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const std::vector<std::string>& documents = fuzz::documentTexts();
+    const std::vector<std::string>& documents = fuzz::documentTexts(20'000);
     fuzz::require(!documents.empty(), "there are documents to change");
     fuzz::Choices choices(fuzz::textOf(data, size));
     const std::string& text = documents[choices.below(documents.size())];

@@ -9,7 +9,7 @@ namespace fuzz = specloom::fuzz;
 namespace jv = specloom::jv;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const std::vector<std::string>& documents = fuzz::documentTexts();
+    const std::vector<std::string>& documents = fuzz::documentTexts(100'000);
     fuzz::require(!documents.empty(), "there are documents to change");
     fuzz::Choices choices(fuzz::textOf(data, size));
     const std::string& text = documents[choices.below(documents.size())];
