@@ -208,9 +208,14 @@ constexpr std::array<Section, 30> sections{{
 // ---- reading
 
 Configuration Configuration::recommended() {
-    Configuration configuration;
-    configuration.extend();
-    return configuration;
+    static const Configuration carried = [] {
+        const auto document = jv::parseDocument(embeddedConfiguration("recommended.yaml"),
+                                                {.format = jv::DocumentFormat::Yaml, .refLoader = {}});
+        Configuration configuration;
+        configuration.overlay(*document->root()->getRequiredObject("rules"));
+        return configuration;
+    }();
+    return carried;
 }
 
 Configuration Configuration::load(const jv::JV* section) {
@@ -224,18 +229,11 @@ Configuration Configuration::load(const jv::JV* section) {
                 throw fault("Expected string", *ruleset);
             if (ruleset->text() != "recommended")
                 throw jv::JVError(fmt::format("Unknown ruleset: {}", ruleset->text()), ruleset);
-            configuration.extend();
+            configuration = recommended();
         }
     if (const jv::JV* rules = section->getObject("rules"); rules != nullptr)
         configuration.overlay(*rules);
     return configuration;
-}
-
-/// With the carried table.
-void Configuration::extend() {
-    const auto document = jv::parseDocument(embeddedConfiguration("recommended.yaml"),
-                                            {.format = jv::DocumentFormat::Yaml, .refLoader = {}});
-    overlay(*document->root()->getRequiredObject("rules"));
 }
 
 void Configuration::overlay(const jv::JV& rules) {

@@ -49,7 +49,6 @@ class Configuration {
     [[nodiscard]] const NodeDiffConfig& extension(openapi::NodeType type, std::string_view name) const;
 
   private:
-    void extend();
     void overlay(const jv::JV& rules);
     void overlayDefaults(const jv::JV& defaults);
     void overlayField(ConfigKey key, const jv::JV& value);
