@@ -31,13 +31,19 @@ bool isOfType(const jv::JV& value, const openapi::SchemaTypes& types) {
     unreachable(nullptr, "openapi_lint/src/rules/schema_enum_types", 58);
 }
 
+/// Whether a schema names a type itself: `nullable` alone, which the tree keeps as a type, names none.
+bool declaresType(const openapi::Schema& schema) {
+    const jv::JV* source = schema.source();
+    return !schema.types().empty() && (source == nullptr || !source->isObject() || source->has("type"));
+}
+
 class SchemaEnumTypesHandler final : public RuleHandler {
   public:
     using RuleHandler::RuleHandler;
     using RuleHandler::visit;
     void visit(const openapi::Schema& schema) override {
         const auto& values = schema.enumeration();
-        if (values.empty() || isDisabled(schema))
+        if (values.empty() || !declaresType(schema) || isDisabled(schema))
             return;
         if (!std::all_of(values.begin(), values.end(),
                          [&](const openapi::Value& value) { return isOfType(*value, schema.types()); }))

@@ -6,9 +6,9 @@ namespace specloom::openapi_lint {
 
 /// `schema-enum-types`: the values of an `enum` are of the types of their schema.
 ///
-/// Finds schemas with a value under `enum` or `const` of a type that `type` does not name, all values of a
-/// schema without `type` among them; one finding for each schema. No document can hold such a value. Can be
-/// disabled on the schema.
+/// Finds schemas with a value under `enum` or `const` of a type that `type` does not name; one finding for
+/// each schema, and none for a schema without `type`. No document can hold such a value. Can be disabled on
+/// the schema.
 ///
 /// Fails: `{type: integer, enum: [1, two]}`.
 /// Passes: `{type: [integer, string], enum: [1, two]}`.
