@@ -30,5 +30,7 @@ function(specloom_embed name)
     DEPENDS ${files} "${SPECLOOM_EMBED_SCRIPT}"
     VERBATIM)
   target_sources(specloom_${name} PRIVATE "${source}" "${header}")
+  # Generated sources share their names of things, so they stay out of unity sources.
+  set_source_files_properties("${source}" PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
   target_include_directories(specloom_${name} PRIVATE "${root}")
 endfunction()

@@ -24,7 +24,7 @@ namespace {
 using testing::HasSubstr;
 using testing::StartsWith;
 
-std::string tides(const std::string& version, const std::string& members) {
+std::string versionOfTides(const std::string& version, const std::string& members) {
     return "openapi: 3.1.0\ninfo: {title: Tides, version: " + version + "}\n" + members;
 }
 
@@ -32,7 +32,7 @@ const std::string oldPaths = "paths: {/tides: {get: {responses: {}}}}\n";
 const std::string newPaths = "paths: {/tides: {get: {responses: {}}, put: {summary: Set, responses: {}}}}\n";
 
 /// One run over a.yaml and b.yaml, which has an operation more, and c.yaml, the configuration.
-struct Row {
+struct DiffRow {
     std::string what;
     std::string config;
     std::vector<std::string> arguments;
@@ -43,7 +43,7 @@ struct Row {
 TEST(Diff, EndsByWhatChanged) {
     const std::string head = "version: \"1.0\"\ncommands: {diff: ";
     const std::vector<std::string> configured = {"--config", "c.yaml", "a.yaml", "b.yaml"};
-    const std::vector<Row> rows = {
+    const std::vector<DiffRow> rows = {
         {"an addition",
          "",
          {"a.yaml", "b.yaml"},
@@ -82,11 +82,11 @@ TEST(Diff, EndsByWhatChanged) {
         {"an unknown classification", head + "{rules: {info: {title: bad}}}}", configured, 1,
          "Invalid option\n"},
     };
-    for (const Row& row : rows) {
+    for (const DiffRow& row : rows) {
         SCOPED_TRACE(row.what);
         const Workspace workspace;
-        workspace.write("a.yaml", tides("1.0.0", oldPaths));
-        workspace.write("b.yaml", tides("1.0.0", newPaths));
+        workspace.write("a.yaml", versionOfTides("1.0.0", oldPaths));
+        workspace.write("b.yaml", versionOfTides("1.0.0", newPaths));
         workspace.write("c.yaml", row.config);
         std::vector<std::string> arguments = {"diff"};
         arguments.insert(arguments.end(), row.arguments.begin(), row.arguments.end());
@@ -94,7 +94,7 @@ TEST(Diff, EndsByWhatChanged) {
         EXPECT_EQ(outcome.status, row.status);
         EXPECT_THAT(outcome.out, row.out);
         EXPECT_EQ(outcome.err, "");
-        EXPECT_EQ(workspace.read("b.yaml"), tides("1.0.0", newPaths));
+        EXPECT_EQ(workspace.read("b.yaml"), versionOfTides("1.0.0", newPaths));
     }
 }
 
@@ -112,8 +112,8 @@ TEST(Diff, RaisesTheVersion) {
     for (const VersionRow& row : rows) {
         SCOPED_TRACE(row.before + " " + row.now);
         const Workspace workspace;
-        const std::string before = tides("\"" + row.before + "\"", oldPaths);
-        const std::string now = tides("\"" + row.now + "\"", newPaths);
+        const std::string before = versionOfTides("\"" + row.before + "\"", oldPaths);
+        const std::string now = versionOfTides("\"" + row.now + "\"", newPaths);
         workspace.write("a.yaml", before);
         workspace.write("b.yaml", now);
         const Outcome outcome = workspace.run({"diff", "--update-version", "a.yaml", "b.yaml"});
@@ -132,8 +132,8 @@ TEST(Diff, RaisesTheVersion) {
 
 TEST(Diff, TracesItsStages) {
     const Workspace workspace;
-    workspace.write("a.yaml", tides("1.0.0", oldPaths));
-    workspace.write("b.yaml", tides("1.0.0", newPaths));
+    workspace.write("a.yaml", versionOfTides("1.0.0", oldPaths));
+    workspace.write("b.yaml", versionOfTides("1.0.0", newPaths));
     ASSERT_EQ(workspace.run({"diff", "--update-version", "a.yaml", "b.yaml"}).status, 0);
     const std::string trace = workspace.read(".specloom.telemetry");
     std::size_t at = 0;

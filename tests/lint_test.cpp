@@ -24,7 +24,7 @@ paths: {}
 constexpr const char* plainTides = "{openapi: 3.1.0, info: {title: Tides, version: 1.0.0}, paths: {}}";
 
 /// One run of `specloom lint` with a configuration.
-struct Row {
+struct LintRow {
     std::string what;
     std::string config; // the text of c.yaml
     std::vector<std::string> arguments;
@@ -37,7 +37,7 @@ TEST(Lint, FollowsItsConfiguration) {
     const std::string formats = "openapi: {custom_formats: [{name: metres, type: number}]}\n";
     const std::string lint = "commands: {lint: {rules: {info-defined: error}}}\n";
     const std::vector<std::string> configured = {"--config", "c.yaml", "tides.yaml"};
-    const std::vector<Row> rows = {
+    const std::vector<LintRow> rows = {
         {"recommended by default", "", {"plain.yaml"}, 0, HasSubstr(finding)},
         {"an unknown format", "", {"tides.yaml"}, 1, HasSubstr("Unknown format: metres at (4, ")},
         {"no section", head + formats, configured, 0, Not(HasSubstr(finding))},
@@ -59,7 +59,7 @@ TEST(Lint, FollowsItsConfiguration) {
         {"no configuration", "", {"--config", "d.yaml", "plain.yaml"}, 1, "Cannot open file: d.yaml\n"},
         {"no document", "", {"d.yaml"}, 1, "Cannot open file: d.yaml\n"},
     };
-    for (const Row& row : rows) {
+    for (const LintRow& row : rows) {
         SCOPED_TRACE(row.what);
         const Workspace workspace;
         workspace.write("tides.yaml", tides);

@@ -26,13 +26,7 @@ namespace specloom::jv::schema {
 
 namespace {
 
-constexpr std::uint8_t all = 31;
-constexpr std::uint8_t from6 = all & ~bit(Draft::D4);
-constexpr std::uint8_t from7 = from6 & ~bit(Draft::D6);
-constexpr std::uint8_t from2019 = bit(Draft::D2019) | bit(Draft::D2020);
-constexpr std::uint8_t upTo2019 = all & ~bit(Draft::D2020);
-constexpr std::uint8_t in2019 = bit(Draft::D2019);
-constexpr std::uint8_t in2020 = bit(Draft::D2020);
+using namespace drafts;
 
 using enum Vocabulary;
 

@@ -9,7 +9,7 @@
 namespace specloom::number {
 namespace {
 
-BigFloat big(std::string_view text) {
+BigFloat floatOf(std::string_view text) {
     BigFloat value;
     std::size_t consumed = 0;
     BigFloat::fromText(value, text, &consumed, 10, 1000, roundNearestEven);
@@ -57,23 +57,23 @@ TEST(BigFloat, specialOperandsAsIeee754) {
         {"nan", "2", "NaN", "NaN", "NaN", "NaN", 0, 0, 0, 0},
         {"0", "nan", "NaN", "NaN", "NaN", "NaN", 0, 0, 0, 0},
     };
-    struct Operation {
+    struct CheckedOperation {
         Status (*run)(BigFloat&, const BigFloat&, const BigFloat&, Precision, Flags) noexcept;
         const char* SpecialCase::*result;
         Status SpecialCase::*status;
     };
-    const std::vector<Operation> operations = {
+    const std::vector<CheckedOperation> operations = {
         {BigFloat::add, &SpecialCase::sum, &SpecialCase::sumStatus},
         {BigFloat::sub, &SpecialCase::difference, &SpecialCase::differenceStatus},
         {BigFloat::mul, &SpecialCase::product, &SpecialCase::productStatus},
         {BigFloat::div, &SpecialCase::quotient, &SpecialCase::quotientStatus},
     };
     for (const SpecialCase& c : cases) {
-        for (const Operation& operation : operations) {
+        for (const CheckedOperation& operation : operations) {
             SCOPED_TRACE(testing::Message()
                          << c.a << ", " << c.b << " operation " << &operation - &operations[0]);
-            const BigFloat a = big(c.a);
-            const BigFloat b = big(c.b);
+            const BigFloat a = floatOf(c.a);
+            const BigFloat b = floatOf(c.b);
             BigFloat r;
             EXPECT_EQ(operation.run(r, a, b, 100, roundNearestEven), c.*operation.status);
             EXPECT_EQ(show(r), c.*operation.result);
@@ -91,7 +91,7 @@ TEST(BigFloat, specialOperandsAsIeee754) {
 TEST(BigFloat, differenceOfEqualsIsNegativeOnlyWhenRoundingDown) {
     for (const Flags mode : {roundNearestEven, roundTowardZero, roundDown, roundUp, roundAwayFromZero}) {
         for (const char* text : {"1.5", "0"}) {
-            const BigFloat a = big(text);
+            const BigFloat a = floatOf(text);
             BigFloat r;
             EXPECT_EQ(BigFloat::sub(r, a, a, 10, mode), 0U);
             EXPECT_EQ(show(r), mode == roundDown ? "-0" : "0") << text << " mode " << mode;
@@ -117,7 +117,7 @@ TEST(BigFloat, roundingModes) {
     };
     for (const Case& c : cases) {
         for (Flags mode = 0; mode < 6; ++mode) {
-            BigFloat value = big(c.value);
+            BigFloat value = floatOf(c.value);
             const Status status = BigFloat::round(value, 2, mode);
             EXPECT_EQ(show(value), c.results[mode]) << c.value << " mode " << mode;
             EXPECT_EQ(status, std::string_view(c.value) == "1.5" ? 0 : statusInexact);
@@ -146,7 +146,7 @@ TEST(BigFloat, representation) {
     EXPECT_EQ(value.sign(), 0U);
     EXPECT_EQ(value.exponent(), 0x7fffffff);
 
-    BigFloat source = big("1e300");
+    BigFloat source = floatOf("1e300");
     const BigFloat copied = source;
     const BigFloat moved = std::move(source);
     EXPECT_EQ(source.limbs().size(), 0U); // NOLINT(bugprone-use-after-move): what a move leaves is promised
@@ -162,13 +162,13 @@ TEST(BigFloat, compareSpecialsAndLengths) {
         for (std::size_t j = 0; j < ascending.size(); ++j)
             for (const char* a : ascending[i])
                 for (const char* b : ascending[j])
-                    EXPECT_EQ(BigFloat::compareFull(big(a), big(b)), i < j   ? -1
-                                                                     : i > j ? 1
-                                                                             : 0)
+                    EXPECT_EQ(BigFloat::compareFull(floatOf(a), floatOf(b)), i < j   ? -1
+                                                                             : i > j ? 1
+                                                                                     : 0)
                         << a << ", " << b;
-    EXPECT_EQ(BigFloat::compareFull(big("nan"), big("nan")), 2);
-    EXPECT_EQ(BigFloat::compareFull(big("nan"), big("1")), 2);
-    EXPECT_EQ(BigFloat::compareFull(big("-inf"), big("nan")), 2);
+    EXPECT_EQ(BigFloat::compareFull(floatOf("nan"), floatOf("nan")), 2);
+    EXPECT_EQ(BigFloat::compareFull(floatOf("nan"), floatOf("1")), 2);
+    EXPECT_EQ(BigFloat::compareFull(floatOf("-inf"), floatOf("nan")), 2);
 }
 
 TEST(BigFloat, rangeOfExponents) {
@@ -211,7 +211,7 @@ TEST(BigFloat, rangeOfExponents) {
 
 TEST(BigFloat, addIntAndPowers) {
     BigFloat r;
-    EXPECT_EQ(BigFloat::addInt(r, big("0.5"), -3, 10, 0), 0U);
+    EXPECT_EQ(BigFloat::addInt(r, floatOf("0.5"), -3, 10, 0), 0U);
     EXPECT_EQ(show(r), "-2.8");
     EXPECT_EQ(BigFloat::powInt(r, 0, 0, 10, 0), 0U);
     EXPECT_EQ(show(r), "1");
@@ -220,9 +220,9 @@ TEST(BigFloat, addIntAndPowers) {
     EXPECT_EQ(BigFloat::powInt(r, 10, 9, 3, 0), statusInexact);
     EXPECT_EQ(show(r), "38000000");
     // Divisions without end get as many bits as the operands have.
-    EXPECT_EQ(BigFloat::div(r, big("1"), big("3"), exactPrecision, 0), statusInexact);
+    EXPECT_EQ(BigFloat::div(r, floatOf("1"), floatOf("3"), exactPrecision, 0), statusInexact);
     EXPECT_EQ(r.limbs().size(), 1U);
-    EXPECT_EQ(BigFloat::mulPowRadix(r, big("625"), 10, -4, exactPrecision, 0), 0U);
+    EXPECT_EQ(BigFloat::mulPowRadix(r, floatOf("625"), 10, -4, exactPrecision, 0), 0U);
     EXPECT_EQ(show(r), "0.1");
 }
 

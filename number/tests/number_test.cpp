@@ -18,7 +18,7 @@ constexpr std::int64_t largest = std::numeric_limits<std::int64_t>::max();
 constexpr std::uint64_t unsignedLargest = std::numeric_limits<std::uint64_t>::max();
 constexpr double infinity = std::numeric_limits<double>::infinity();
 
-Number big(std::string_view digits) {
+Number bigNumber(std::string_view digits) {
     Number number = Number::fromText(digits);
     EXPECT_EQ(number.kind(), NumberKind::Big) << digits;
     return number;
@@ -49,7 +49,7 @@ TEST(Number, kindsOfConstructionAndAssignment) {
 }
 
 TEST(Number, copiesAndMoves) {
-    Number source = big("123456789012345678901234567890");
+    Number source = bigNumber("123456789012345678901234567890");
     Number copied = source;
     Number moved = std::move(source);
     EXPECT_EQ(copied.compare(moved), 0);
@@ -82,13 +82,13 @@ TEST(Number, subtraction) {
         {unsignedLargest, 0.0, Float, "1.8446744073709552e+19"},
         {0.5, 1, Float, "-0.5"},
         {0.75, 0.5, Float, "0.25"},
-        {big("18446744073709551616"), 1U, Big, "18446744073709551615"},
-        {big("18446744073709551616"), smallest, Big, "27670116110564327424"},
-        {big("18446744073709551616"), 0.5, Big, "18446744073709551615.5"},
-        {1, big("18446744073709551616"), Big, "-18446744073709551615"},
-        {0.5, big("18446744073709551616"), Big, "-18446744073709551615.5"},
-        {big("18446744073709551616"), big("18446744073709551616"), Big, "0"},
-        {big("1e999"), std::nan(""), Big, "NaN"},
+        {bigNumber("18446744073709551616"), 1U, Big, "18446744073709551615"},
+        {bigNumber("18446744073709551616"), smallest, Big, "27670116110564327424"},
+        {bigNumber("18446744073709551616"), 0.5, Big, "18446744073709551615.5"},
+        {1, bigNumber("18446744073709551616"), Big, "-18446744073709551615"},
+        {0.5, bigNumber("18446744073709551616"), Big, "-18446744073709551615.5"},
+        {bigNumber("18446744073709551616"), bigNumber("18446744073709551616"), Big, "0"},
+        {bigNumber("1e999"), std::nan(""), Big, "NaN"},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.a.toString() + " - " + c.b.toString());
@@ -97,7 +97,7 @@ TEST(Number, subtraction) {
         EXPECT_EQ(difference.kind(), c.kind);
         EXPECT_EQ(difference.toString(), c.result);
     }
-    Number number = big("1e999");
+    Number number = bigNumber("1e999");
     const Number& self = number;
     number -= self;
     EXPECT_EQ(number.compare(0), 0);
@@ -120,24 +120,24 @@ int compareUnwrapped(const Number& a, const Number& b) {
 TEST(Number, comparisonOfAllKinds) {
     // In ascending order; equal ones share a line.
     const std::vector<std::vector<Number>> ascending = {
-        {big("-1e999")},
+        {bigNumber("-1e999")},
         {-1e300},
-        {big("-9223372036854775809")},
+        {bigNumber("-9223372036854775809")},
         {smallest, -9223372036854775808.0},
-        {-1, -1.0, big("-1.00000000000000000000")},
-        {-0.5, big("-0.50000000000000000000")},
-        {0, 0U, 0.0, -0.0, big("0.00000000000000000000")},
+        {-1, -1.0, bigNumber("-1.00000000000000000000")},
+        {-0.5, bigNumber("-0.50000000000000000000")},
+        {0, 0U, 0.0, -0.0, bigNumber("0.00000000000000000000")},
         {0.1},
-        {big("0.10000000000000001000")},
-        {1, 1U, 1.0, big("1.000000000000000000000")},
+        {bigNumber("0.10000000000000001000")},
+        {1, 1U, 1.0, bigNumber("1.000000000000000000000")},
         {std::int64_t{1} << 62, std::uint64_t{1} << 62, 4611686018427387904.0},
-        {big("9223372036854775806.50")},
-        {std::uint64_t{1} << 63, 9223372036854775808.0, big("9223372036854775808.0000")},
-        {big("18446744073709551614.5")},
+        {bigNumber("9223372036854775806.50")},
+        {std::uint64_t{1} << 63, 9223372036854775808.0, bigNumber("9223372036854775808.0000")},
+        {bigNumber("18446744073709551614.5")},
         {unsignedLargest},
-        {big("18446744073709551616")},
+        {bigNumber("18446744073709551616")},
         {1e300},
-        {big("1e999")},
+        {bigNumber("1e999")},
     };
     for (std::size_t i = 0; i < ascending.size(); ++i) {
         for (std::size_t j = 0; j < ascending.size(); ++j) {
@@ -163,7 +163,7 @@ TEST(Number, comparisonOfIntegersAndFloatsGoesThroughDoubles) {
 
 TEST(Number, comparisonWithNotANumber) {
     const Number nan(std::nan(""));
-    const Number large = big("1e999");
+    const Number large = bigNumber("1e999");
     EXPECT_EQ(nan.compare(large), 2);
     EXPECT_EQ(large.compare(nan), 2);
     Number bigNan = large;
@@ -192,9 +192,9 @@ TEST(Number, hashing) {
     // 2^64 as sign 0, exponent 65 and one limb.
     const std::uint64_t expected =
         combine(combine(combine(combine(0, fnv1a(0, 4)), fnv1a(65, 4)), fnv1a(1, 4)), fnv1a(0x80000000, 4));
-    EXPECT_EQ(big("18446744073709551616").hash(), expected);
-    EXPECT_EQ(big("18446744073709551616.0").hash(), expected);
-    EXPECT_NE(big("-18446744073709551616").hash(), expected);
+    EXPECT_EQ(bigNumber("18446744073709551616").hash(), expected);
+    EXPECT_EQ(bigNumber("18446744073709551616.0").hash(), expected);
+    EXPECT_NE(bigNumber("-18446744073709551616").hash(), expected);
 }
 
 TEST(Number, integers) {
@@ -211,15 +211,15 @@ TEST(Number, integers) {
         {0.5, false},
         {infinity, false},
         {std::nan(""), false},
-        {big("18446744073709551616"), true},
-        {big("1234567890123456789012345"), true},
-        {big("1234567890123456789012345.5"), false},
-        {big("1e999"), true},
+        {bigNumber("18446744073709551616"), true},
+        {bigNumber("1234567890123456789012345"), true},
+        {bigNumber("1234567890123456789012345.5"), false},
+        {bigNumber("1e999"), true},
         // Integral, but of more than 101 digits, and so written with a point.
-        {big("1.500000000000000000000e200"), false},
-        {big("1.000000000000000000000e200"), true},
-        {big("1." + std::string(100, '0') + "1"), true},
-        {big("1." + std::string(99, '0') + "1"), false},
+        {bigNumber("1.500000000000000000000e200"), false},
+        {bigNumber("1.000000000000000000000e200"), true},
+        {bigNumber("1." + std::string(100, '0') + "1"), true},
+        {bigNumber("1." + std::string(99, '0') + "1"), false},
     };
     for (const Case& c : cases)
         EXPECT_EQ(c.number.isInteger(), c.integer) << c.number.toString();
@@ -307,7 +307,7 @@ TEST(NumberFormatter, precisionOfBigNumbers) {
     };
     for (const Case& c : cases) {
         std::string text = "x=";
-        big(c.value).appendTo(text, c.precision);
+        bigNumber(c.value).appendTo(text, c.precision);
         EXPECT_EQ(text, std::string("x=") + c.text);
     }
     EXPECT_EQ(Number(0.1).toString(2), "0.1") << "a machine number ignores the precision";
@@ -318,7 +318,7 @@ TEST(NumberFormatter, precisionOfBigNumbers) {
 
 TEST(NumberDeathTest, bigNumbersWhereTheyAreNotHandled) {
     GTEST_FLAG_SET(death_test_style, "threadsafe");
-    const Number number = big("1e999");
+    const Number number = bigNumber("1e999");
     EXPECT_DEATH(static_cast<void>(number.isNaN()), "Unreachable code.*number/src/number.cpp");
     EXPECT_DEATH(static_cast<void>(number.isInfinite()), "Unreachable code");
     EXPECT_DEATH(static_cast<void>(number.toDouble()), "Unreachable code");

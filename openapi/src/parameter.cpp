@@ -9,19 +9,19 @@ namespace specloom::openapi {
 
 namespace {
 
-constexpr std::array<std::string_view, 4> locationNames{"path", "query", "header", "cookie"};
+constexpr std::array<std::string_view, 4> parameterLocations{"path", "query", "header", "cookie"};
 
 } // namespace
 
 std::string_view parameterLocationName(ParameterLocation location) {
-    return locationNames.at(static_cast<std::size_t>(location));
+    return parameterLocations.at(static_cast<std::size_t>(location));
 }
 
 std::optional<ParameterLocation> parameterLocationFromName(std::string_view name) {
-    const auto found = std::find(locationNames.begin(), locationNames.end(), name);
-    if (found == locationNames.end())
+    const auto found = std::find(parameterLocations.begin(), parameterLocations.end(), name);
+    if (found == parameterLocations.end())
         return std::nullopt;
-    return static_cast<ParameterLocation>(found - locationNames.begin());
+    return static_cast<ParameterLocation>(found - parameterLocations.begin());
 }
 
 ParameterLocation Parameter::location() const {

@@ -9,23 +9,23 @@ namespace specloom::openapi {
 
 namespace {
 
-constexpr std::array<std::string_view, schemaTypeCount> names{"null",   "boolean", "object", "array",
-                                                              "number", "string",  "integer"};
+constexpr std::array<std::string_view, schemaTypeCount> typeNames{"null",   "boolean", "object", "array",
+                                                                  "number", "string",  "integer"};
 
 } // namespace
 
 SchemaType schemaTypeFromName(std::string_view name) {
-    const auto found = std::find(names.begin(), names.end(), name);
-    if (found == names.end())
+    const auto found = std::find(typeNames.begin(), typeNames.end(), name);
+    if (found == typeNames.end())
         throw std::runtime_error("Invalid schema type: " + std::string(name));
-    return static_cast<SchemaType>(found - names.begin());
+    return static_cast<SchemaType>(found - typeNames.begin());
 }
 
 std::string_view schemaTypeName(SchemaType type) {
     const auto number = static_cast<std::size_t>(type);
-    if (number >= names.size())
+    if (number >= typeNames.size())
         throw std::invalid_argument("Invalid schema type");
-    return names[number];
+    return typeNames[number];
 }
 
 void SchemaTypes::add(SchemaType type) noexcept {

@@ -9,7 +9,7 @@ namespace specloom::openapi {
 
 namespace {
 
-constexpr std::array<std::string_view, 3> locationNames{"query", "header", "cookie"};
+constexpr std::array<std::string_view, 3> apiKeyLocations{"query", "header", "cookie"};
 
 } // namespace
 
@@ -31,14 +31,14 @@ std::string_view SecurityScheme::typeName() const {
 }
 
 std::string_view apiKeyLocationName(ApiKeyLocation location) {
-    return locationNames.at(static_cast<std::size_t>(location));
+    return apiKeyLocations.at(static_cast<std::size_t>(location));
 }
 
 std::optional<ApiKeyLocation> apiKeyLocationFromName(std::string_view name) {
-    const auto found = std::find(locationNames.begin(), locationNames.end(), name);
-    if (found == locationNames.end())
+    const auto found = std::find(apiKeyLocations.begin(), apiKeyLocations.end(), name);
+    if (found == apiKeyLocations.end())
         return std::nullopt;
-    return static_cast<ApiKeyLocation>(found - locationNames.begin());
+    return static_cast<ApiKeyLocation>(found - apiKeyLocations.begin());
 }
 
 OAuth2SecurityScheme::OAuth2SecurityScheme(Node* parent)

@@ -12,14 +12,10 @@
 
 #include <gtest/gtest.h>
 
+#include "read_text.h"
+
 namespace specloom::openapi {
 namespace {
-
-std::unique_ptr<ReadResult> readText(std::string_view text,
-                                     jv::DocumentFormat format = jv::DocumentFormat::Json) {
-    static const SchemaFormatRegistry formats;
-    return read(jv::parseDocument(text, {.format = format, .refLoader = {}}), &formats);
-}
 
 /// The text of the refusal.
 std::string refusalOf(std::string_view text, jv::DocumentFormat format = jv::DocumentFormat::Json) {

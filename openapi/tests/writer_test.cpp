@@ -16,6 +16,8 @@
 
 #include <gtest/gtest.h>
 
+#include "read_text.h"
+
 namespace specloom::openapi {
 namespace {
 
@@ -23,17 +25,12 @@ using jv::DocumentFormat;
 
 const std::filesystem::path golden = std::filesystem::path(SPECLOOM_TEST_DIR) / "tests/golden";
 
-std::unique_ptr<ReadResult> readText(std::string_view text, DocumentFormat format = DocumentFormat::Json) {
-    static const SchemaFormatRegistry formats;
-    return read(jv::parseDocument(text, {.format = format, .refLoader = {}}), &formats);
-}
-
 std::string compact(const jv::JVDocument& document) {
     return jv::documentToText(document, {.format = DocumentFormat::Json, .indent = 0, .sorter = {}});
 }
 
 /// A document with one schema.
-std::string withSchema(std::string_view schema, std::string_view version = "3.1.0") {
+std::string documentWithSchema(std::string_view schema, std::string_view version = "3.1.0") {
     return R"({"openapi":")" + std::string(version) +
            R"(","info":{"title":"t","version":"1"},"components":{"schemas":{"S":)" + std::string(schema) +
            R"(}},"paths":{}})";
@@ -42,7 +39,7 @@ std::string withSchema(std::string_view schema, std::string_view version = "3.1.
 /// The schema of such a document, written back with `adjust`ed switches.
 std::string schemaAgain(std::string_view schema, std::string_view version = "3.1.0",
                         const std::function<void(Writer&)>& adjust = {}) {
-    const auto result = readText(withSchema(schema, version));
+    const auto result = readText(documentWithSchema(schema, version));
     Writer writer(*result);
     if (adjust)
         adjust(writer);
@@ -129,7 +126,7 @@ TEST(Writer, takesSchemasAsDeepAsTheReader) {
     std::string schema = "{}";
     for (int depth = 0; depth < maxNodeDepth - 10; ++depth)
         schema = R"({"not":)" + schema + "}";
-    const auto result = readText(withSchema(schema));
+    const auto result = readText(documentWithSchema(schema));
     const auto written = Writer(*result).write(result->root());
     EXPECT_TRUE(written->root()->equals(*result->source().root()));
 }

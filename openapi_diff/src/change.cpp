@@ -24,7 +24,7 @@ constexpr std::array<LevelTexts, 4> levelTexts{{{"none", "No changes"},
                                                 {"non-breaking", "Non-breaking changes"},
                                                 {"breaking", "Breaking changes"}}};
 
-const LevelTexts& textsOf(ChangeLevel level) {
+const LevelTexts& textsOfLevel(ChangeLevel level) {
     const auto index = static_cast<std::size_t>(level);
     if (index >= levelTexts.size())
         SPECLOOM_UNREACHABLE("Unknown change level");
@@ -41,11 +41,11 @@ std::string_view changeKindText(ChangeKind kind) {
 }
 
 std::string_view changeLevelText(ChangeLevel level) {
-    return textsOf(level).text;
+    return textsOfLevel(level).text;
 }
 
 std::string_view changeLevelHeading(ChangeLevel level) {
-    return textsOf(level).heading;
+    return textsOfLevel(level).heading;
 }
 
 } // namespace specloom::openapi_diff

@@ -35,6 +35,12 @@ enum class ChangeKind : std::int32_t {
 /// "added", "property_added" and so on. Included and numbers outside the enumeration are an unreachable path.
 [[nodiscard]] std::string_view changeKindText(ChangeKind kind);
 
+/// Whether it tells of an `x-` member.
+[[nodiscard]] constexpr bool isOfExtension(ChangeKind kind) noexcept {
+    return kind == ChangeKind::ExtensionAdded || kind == ChangeKind::ExtensionRemoved ||
+           kind == ChangeKind::ExtensionModified;
+}
+
 /// What a change means to those who use the API; a larger value is worse.
 enum class ChangeLevel : std::int32_t {
     None = 0,

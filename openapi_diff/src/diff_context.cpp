@@ -26,11 +26,6 @@ bool isRemoving(ChangeKind kind) noexcept {
            kind == ChangeKind::ExtensionRemoved;
 }
 
-bool isOfExtension(ChangeKind kind) noexcept {
-    return kind == ChangeKind::ExtensionAdded || kind == ChangeKind::ExtensionRemoved ||
-           kind == ChangeKind::ExtensionModified;
-}
-
 /// Added, Removed and Modified, and the three of properties, stand in this order in each family of kinds.
 ChangeKind inFamily(ChangeKind kind, ChangeKind from, ChangeKind to) noexcept {
     return static_cast<ChangeKind>(static_cast<int>(to) + static_cast<int>(kind) - static_cast<int>(from));

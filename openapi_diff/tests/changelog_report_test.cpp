@@ -25,7 +25,7 @@ using enum ChangeKind;
 using enum ChangeLevel;
 using enum ConfigKey;
 
-const openapi::SchemaFormatRegistry formats;
+const openapi::SchemaFormatRegistry anyFormat;
 
 /// An OpenAPI 3.1 document with these members.
 std::unique_ptr<openapi::ReadResult> document(std::string_view members) {
@@ -33,7 +33,7 @@ std::unique_ptr<openapi::ReadResult> document(std::string_view members) {
     return openapi::read(jv::parseDocument(fmt::format("openapi: 3.1.0\ninfo: {{title: t, version: v}}\n{}{}",
                                                        hasPaths ? "" : "paths: {}\n", members),
                                            {.format = jv::DocumentFormat::Yaml, .refLoader = {}}),
-                         &formats);
+                         &anyFormat);
 }
 
 std::string eventsOf(const ChangelogReport& report) {
@@ -48,7 +48,7 @@ std::string eventsOf(const ChangelogReport& report) {
     return events;
 }
 
-struct Row {
+struct ExpectedRow {
     const char* what;
     const char* before;
     const char* after;
@@ -57,7 +57,7 @@ struct Row {
 };
 
 TEST(ChangelogReport, takesWhatConcernsUsers) {
-    const std::vector<Row> rows = {
+    const std::vector<ExpectedRow> rows = {
         {"a new path weighs no more than a new path", "",
          "paths: {/a: {get: {operationId: i, responses: {'200': {description: d}}}}}", NonBreaking,
          "added get /a non-breaking\n"},
@@ -130,7 +130,7 @@ TEST(ChangelogReport, takesWhatConcernsUsers) {
          "paths: {/a: {get: {responses: {}}}}", Breaking, ""},
     };
     const Configuration configuration = Configuration::recommended();
-    for (const Row& row : rows) {
+    for (const ExpectedRow& row : rows) {
         SCOPED_TRACE(row.what);
         const auto before = document(row.before);
         const auto after = document(row.after);

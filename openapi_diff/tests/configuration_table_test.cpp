@@ -17,7 +17,7 @@ namespace {
 // Number, field, what the actions speak of (the field or its items), levels of addition, removal and
 // modification: Breaking, Non-breaking, (non-)Functional, - for none, * for nested. Two letters are those of
 // a flag that becomes true or false.
-constexpr std::string_view table = R"(
+constexpr std::string_view classificationTable = R"(
 0 openapi.openapi field B B B
 1 openapi.info field * * *
 2 openapi.jsonSchemaDialect field - - -
@@ -246,7 +246,7 @@ void expectLevels(const NodeDiffConfig& entry, const Kinds& kinds, bool ofItems,
 
 TEST(ConfigurationTable, everyRowIsWhatWasWrittenDown) {
     const Configuration configuration = Configuration::recommended();
-    std::istringstream lines{std::string(table.substr(1))};
+    std::istringstream lines{std::string(classificationTable.substr(1))};
     std::size_t rows = 0;
     for (std::string line; std::getline(lines, line); ++rows) {
         SCOPED_TRACE(line);

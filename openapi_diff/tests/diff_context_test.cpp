@@ -25,7 +25,7 @@ using enum ConfigKey;
 using namespace std::string_view_literals;
 
 /// Writes each change on a line: kind, field with name or index, level, what else is not as usual, and place.
-class Lines : public Report {
+class ContextLines : public Report {
   public:
     void add(const Change& change) override {
         std::ostringstream line;
@@ -61,7 +61,7 @@ class DiffContextTest : public testing::Test {
 
     /// What is reported of a comparison.
     std::vector<std::string> linesOf(const Script& script) {
-        Lines report;
+        ContextLines report;
         DiffContext context(configuration, *source, *destination, report);
         script(context);
         return report.lines;
@@ -330,7 +330,7 @@ TEST_F(DiffContextTest, comparisonsAreMadeOnceAndIncluded) {
 }
 
 TEST_F(DiffContextTest, scopesCloseWhenAnExceptionPasses) {
-    Lines report;
+    ContextLines report;
     DiffContext context(configuration, *source, *destination, report);
     EXPECT_THROW(
         {

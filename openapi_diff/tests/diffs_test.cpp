@@ -22,7 +22,7 @@ namespace {
 
 /// Writes each change on a line: kind, section and field with name or index, level, an asterisk for a part of
 /// another change, and the line of the node, after a minus where that is in the source.
-class Lines : public Report {
+class ChangeLines : public Report {
   public:
     void add(const Change& change) override {
         ++count;
@@ -39,7 +39,8 @@ class Lines : public Report {
     std::size_t count = 0;
 };
 
-Lines& compare(const openapi::ReadResult& source, const openapi::ReadResult& destination, Lines& report) {
+ChangeLines& compare(const openapi::ReadResult& source, const openapi::ReadResult& destination,
+                     ChangeLines& report) {
     static const Configuration configuration = Configuration::recommended();
     DiffContext context(configuration, source, destination, report);
     OpenAPIDiff().diff(&source.root(), &destination.root(), context);
@@ -65,7 +66,7 @@ void expectChanges(const std::vector<Case>& cases) {
         SCOPED_TRACE(expected.name);
         const auto source = read(head + expected.source, jv::DocumentFormat::Yaml);
         const auto destination = read(head + expected.destination, jv::DocumentFormat::Yaml);
-        Lines report;
+        ChangeLines report;
         EXPECT_EQ(compare(*source, *destination, report).text, expected.lines);
     }
 }
@@ -741,9 +742,9 @@ TEST(DiffsTest, longChainsOfReferences) {
         // use.
         const std::size_t affected = isCircle ? length : length / 2 + 1;
         const std::size_t references = isCircle ? length : length / 2;
-        Lines report;
+        ChangeLines report;
         EXPECT_EQ(compare(*source, *same, report).count, affected + references + 1 + 1 + 4);
-        Lines renamedReport;
+        ChangeLines renamedReport;
         EXPECT_GT(compare(*source, *renamed, renamedReport).count, 5U * length);
         EXPECT_TRUE(renamedReport.text.starts_with("property_modified openapi.paths breaking 1\n"));
     }
@@ -751,7 +752,7 @@ TEST(DiffsTest, longChainsOfReferences) {
 
 /// Two circles whose lengths have no common divisor would bring each component together with each.
 TEST(DiffsTest, circlesThatNeverAgree) {
-    Lines report;
+    ChangeLines report;
     compare(*read(chain("A", 20'000, true, "t"), jv::DocumentFormat::Json),
             *read(chain("B", 19'999, true, "u"), jv::DocumentFormat::Json), report);
     EXPECT_GT(report.count, 200'000U);
@@ -769,7 +770,7 @@ TEST(DiffsTest, manyChangesAndLongLists) {
             text += fmt::format(R"({}{{"maximum": {}}})", i == 0 ? "" : ",", (i + shift) % 10'000);
         return text + "]}}}}";
     };
-    Lines report;
+    ChangeLines report;
     EXPECT_EQ(compare(*read(document(0), jv::DocumentFormat::Json),
                       *read(document(1), jv::DocumentFormat::Json), report)
                   .count,
@@ -802,7 +803,7 @@ TEST(DiffsTest, realDocumentsDoNotDifferFromThemselves) {
                 if (isProbed)
                     document->root()->setBoolean("x-probe", true);
                 const auto copy = openapi::read(std::move(document), tree.formats.get());
-                Lines report;
+                ChangeLines report;
                 EXPECT_EQ(compare(*tree.result, *copy, report).text,
                           isProbed ? fmt::format("extension_added openapi.openapi(x-probe) "
                                                  "non-functional {}\n",

@@ -109,13 +109,13 @@ std::size_t eventsOf(const json& changelog) {
     return events;
 }
 
-struct Lines {
+struct LineForms {
     std::size_t stylish;
     std::size_t compiler; ///< of the forms that compilers write
     std::size_t markdown; ///< list items
 };
 
-void expectLines(const Lines& lines, std::string_view name, const Report& report) {
+void expectLines(const LineForms& lines, std::string_view name, const Report& report) {
     const auto linesOf = [&](std::string_view format) {
         const std::string text = render(format, name, report);
         return static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n'));

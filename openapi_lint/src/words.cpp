@@ -12,7 +12,7 @@ namespace specloom::openapi_lint {
 namespace {
 
 constexpr std::size_t longestWord = 100;
-constexpr char32_t replacementCharacter = 0xFFFD;
+constexpr char32_t unreadableCharacter = 0xFFFD;
 constexpr char32_t typographicApostrophe = 0x2019;
 
 /// Character classes of Unicode, whatever the user's locale is. Null where the system has none by that name;
@@ -41,7 +41,7 @@ bool isApostrophe(char32_t c) {
 
 /// What a name is made of, letters included.
 bool isWordCharacter(char32_t c) {
-    return isLetter(c) || (c >= '0' && c <= '9') || c == '_' || c == replacementCharacter;
+    return isLetter(c) || (c >= '0' && c <= '9') || c == '_' || c == unreadableCharacter;
 }
 
 bool isWhiteSpace(char32_t c) {

@@ -24,16 +24,16 @@ namespace {
 
 using testing::ElementsAre;
 
-std::unique_ptr<jv::JVDocument> parse(const std::string& json) {
+std::unique_ptr<jv::JVDocument> parseJson(const std::string& json) {
     return jv::parseDocument(json, {.format = jv::DocumentFormat::Json, .refLoader = {}});
 }
 
 /// A document whose info object has these further members.
 std::unique_ptr<openapi::ReadResult> readInfo(const std::string& members) {
     static const openapi::SchemaFormatRegistry formats;
-    return openapi::read(
-        parse(R"({"openapi":"3.1.0","info":{"title":"Tides","version":"1")" + members + R"(},"paths":{}})"),
-        &formats);
+    return openapi::read(parseJson(R"({"openapi":"3.1.0","info":{"title":"Tides","version":"1")" + members +
+                                   R"(},"paths":{}})"),
+                         &formats);
 }
 
 /// The messages of a rule with these options, if there are any.
@@ -41,7 +41,7 @@ std::vector<std::string> findings(openapi::ReadResult& document, const std::stri
                                   const std::string& options = "") {
     const std::unique_ptr<Rule> rule = findRule(id, Severity::Error);
     if (!options.empty())
-        rule->configure(parse(options)->root());
+        rule->configure(parseJson(options)->root());
     LintContext context;
     context.document = &document;
     rule->check(context);
@@ -75,7 +75,7 @@ TEST(IdDefined, replacesWrongIdentifiersByRandomOnes) {
         SCOPED_TRACE(row.members + row.options);
         const auto document = readInfo(row.members);
         const auto rule = findRule("id-defined", Severity::Error);
-        rule->configure(parse(row.options)->root());
+        rule->configure(parseJson(row.options)->root());
         LintContext context;
         context.document = document.get();
         rule->fix(context);
@@ -117,7 +117,8 @@ TEST(Spdx, knowsEveryIdentifierOfTheListAndNothingElse) {
     for (const auto& [file, list, member] :
          {std::tuple("licenses.json", "licenses", "licenseId"),
           std::tuple("exceptions.json", "exceptions", "licenseExceptionId")}) {
-        const auto document = parse(test_support::fileBytes(test_support::corporaFolder() / "spdx" / file));
+        const auto document =
+            parseJson(test_support::fileBytes(test_support::corporaFolder() / "spdx" / file));
         for (const jv::JV* entry : document->root()->getArray(list)->elements()) {
             EXPECT_TRUE(isSpdxIdentifier(entry->getString(member)->text()))
                 << entry->getString(member)->text();

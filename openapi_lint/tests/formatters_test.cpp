@@ -28,8 +28,7 @@ using test_support::fileBytes;
 using test_support::markupFault;
 
 constexpr std::uint64_t nowhere = LintResult::unknown;
-constexpr Severity error = Severity::Error;
-constexpr Severity warning = Severity::Warning;
+using enum Severity;
 
 struct Finding {
     std::uint64_t line;
@@ -46,27 +45,27 @@ struct File {
 
 const std::vector<File> plain = {
     {"/srv/api/bookshop.yaml",
-     {{8, 4, error, true, "paths-sorted", "Paths are not sorted"},
-      {12, 6, error, false, "operation-description-defined", "Operation description is missing or empty"},
-      {107, 8, warning, false, "operation-tags-defined", "Operation has no tags"}}},
-    {"/srv/api/harbour.json", {{3, 11, warning, true, "spell-check", "Possible spelling mistake: 'harbor'"}}},
+     {{8, 4, Error, true, "paths-sorted", "Paths are not sorted"},
+      {12, 6, Error, false, "operation-description-defined", "Operation description is missing or empty"},
+      {107, 8, Warning, false, "operation-tags-defined", "Operation has no tags"}}},
+    {"/srv/api/harbour.json", {{3, 11, Warning, true, "spell-check", "Possible spelling mistake: 'harbor'"}}},
     {"/srv/api/orchard.yaml", {}},
 };
 const std::vector<File> hostile = {
     {"/srv/api/<b> & \"c\" {{ files }}.json",
-     {{1, 2, error, false, "json-api/content-type", "quotes \" ' and <script>alert(1)</script> & &amp; ]]>"},
-      {2, 14, warning, false, "tags-unique", "{{ files }} {% for x in files %} {# gone? #} { }"},
-      {100000, 1, error, true, "paths-sorted", "## {{"},
-      {nowhere, nowhere, warning, true, "spell-check", ""}}},
+     {{1, 2, Error, false, "json-api/content-type", "quotes \" ' and <script>alert(1)</script> & &amp; ]]>"},
+      {2, 14, Warning, false, "tags-unique", "{{ files }} {% for x in files %} {# gone? #} { }"},
+      {100000, 1, Error, true, "paths-sorted", "## {{"},
+      {nowhere, nowhere, Warning, true, "spell-check", ""}}},
     {"/srv/api/clean \xe6\xb8\xaf.yaml", {}},
     {"/srv/api/\xff.yaml",
-     {{0, 0, warning, false, "spell-check",
+     {{0, 0, Warning, false, "spell-check",
        "H\xc3\xa4"
        "fen \xe6\xb8\xaf \xf0\x9f\x9a\xa2"},
-      {1, 0, warning, false, "spell-check",
+      {1, 0, Warning, false, "spell-check",
        "a line\r\nfeed,\ta bell\x07, \x1b[31mcolours, \xc2\x9b"
        "31m and \x7f"},
-      {2, 0, warning, false, "spell-check", "no UTF-8: \xff \xed\xa0\x80 \xc3"}}},
+      {2, 0, Warning, false, "spell-check", "no UTF-8: \xff \xed\xa0\x80 \xc3"}}},
 };
 const std::vector<File> nothing = {{"/srv/api/a.yaml", {}}, {"/srv/api/b.json", {}}};
 
@@ -81,9 +80,9 @@ void fill(LintContext& context, const std::vector<File>& files) {
                                        .line = finding.line,
                                        .column = finding.column,
                                        .message = finding.message});
-            ++(finding.severity == error ? context.errorCount : context.warningCount);
+            ++(finding.severity == Error ? context.errorCount : context.warningCount);
             if (finding.fixable)
-                ++(finding.severity == error ? context.fixableErrorCount : context.fixableWarningCount);
+                ++(finding.severity == Error ? context.fixableErrorCount : context.fixableWarningCount);
         }
     }
 }

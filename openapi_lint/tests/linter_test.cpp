@@ -33,13 +33,13 @@ namespace fs = std::filesystem;
 
 constexpr const char* wordless = "{openapi: 3.1.0, info: {title: Tides, version: 1.0.0}, paths: {}}";
 
-std::unique_ptr<jv::JVDocument> parse(std::string_view yaml) {
+std::unique_ptr<jv::JVDocument> parseYaml(std::string_view yaml) {
     return jv::parseDocument(yaml, {.format = jv::DocumentFormat::Yaml, .refLoader = {}});
 }
 
 std::unique_ptr<openapi::ReadResult> readTree(std::string_view yaml) {
     static const openapi::SchemaFormatRegistry formats;
-    return openapi::read(parse(yaml), &formats);
+    return openapi::read(parseYaml(yaml), &formats);
 }
 
 /// A linter with everything that it printed.
@@ -49,7 +49,7 @@ struct Session {
 
     /// The text of the exception with which it ended, with the rule that it names.
     std::string configure(std::string_view yaml) {
-        const std::unique_ptr<jv::JVDocument> config = parse(yaml);
+        const std::unique_ptr<jv::JVDocument> config = parseYaml(yaml);
         try {
             linter.configure(config->root());
         } catch (const RuleConfigurationError& error) {
@@ -230,7 +230,8 @@ TEST(Rulesets, giveOptionsToSchemaConstraintsAlone) {
             EXPECT_EQ(entry.options != nullptr, name == "recommended" && id == "schema-constraints")
                 << name << ": " << id;
     }
-    const auto expected = parse("{integer: false, number: true, string: true, array: false, object: false}");
+    const auto expected =
+        parseYaml("{integer: false, number: true, string: true, array: false, object: false}");
     const std::unique_ptr<Ruleset> recommended = findRuleset("recommended");
     EXPECT_TRUE(recommended->entries().at("schema-constraints").options->equals(*expected->root()));
 }

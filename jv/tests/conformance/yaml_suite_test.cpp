@@ -1,6 +1,6 @@
 // The public suite of YAML cases. libyaml reads YAML 1.1 and our reader understands neither tags nor aliases,
 // so what the cases mean is not held against it; but each gives a document or the one error, and what was
-// read survives.
+// readYaml survives.
 
 #include "jv/deser.h"
 #include "jv/json_reader.h"
@@ -16,7 +16,7 @@ namespace specloom::jv {
 namespace {
 
 /// Null when the text is refused; any refusal but the one text fails.
-std::unique_ptr<JVDocument> read(const std::string& text) {
+std::unique_ptr<JVDocument> readYaml(const std::string& text) {
     try {
         return parseYAML(text);
     } catch (const std::runtime_error& error) {
@@ -25,19 +25,19 @@ std::unique_ptr<JVDocument> read(const std::string& text) {
     }
 }
 
-/// How a document does not survive being written with an indent and read again; "" when it does.
-std::string lostBy(const JVDocument& document, int indent) {
+/// How a document does not survive being written with an indent and readYaml again; "" when it does.
+std::string lostByWriting(const JVDocument& document, int indent) {
     const auto format = DocumentFormat::Yaml;
     const std::string text = documentToText(document, {.format = format, .indent = indent, .sorter = {}});
-    const auto again = read(text);
+    const auto again = readYaml(text);
     if (again == nullptr)
-        return "not read back:\n" + text;
+        return "not readYaml back:\n" + text;
     const std::string difference = test_support::firstDifference(document, *again);
     return difference.empty() ? "" : difference + ":\n" + text;
 }
 
-/// The cases that give a document with an empty key, which counts as none when it is read again. A container
-/// as a key is one too.
+/// The cases that give a document with an empty key, which counts as none when it is readYaml again. A
+/// container as a key is one too.
 const std::vector<std::string> withEmptyKeys = {
     "4FJ6", "6BFJ", "6PBE", "9MMW", "C4HZ", "KK5P", "LX3P", "M2N8/01",
     "M5DY", "Q9WF", "RZP5", "SBG9", "UGM3", "V9D5", "X38W", "XW4D",
@@ -53,7 +53,7 @@ TEST(YamlSuite, GivesADocumentOrTheOneError) {
     for (const auto& path : paths) {
         const std::string name = path.parent_path().lexically_relative(folder).string();
         SCOPED_TRACE(name);
-        const auto document = read(test_support::fileBytes(path));
+        const auto document = readYaml(test_support::fileBytes(path));
         if (document == nullptr)
             continue;
         ++documents;
@@ -61,7 +61,7 @@ TEST(YamlSuite, GivesADocumentOrTheOneError) {
         if (hasOne)
             emptyKeys.push_back(name);
         for (const int indent : {0, 2, 9}) {
-            const std::string lost = lostBy(*document, indent);
+            const std::string lost = lostByWriting(*document, indent);
             EXPECT_TRUE(hasOne || lost.empty()) << "indent " << indent << ": " << lost;
         }
     }
@@ -78,7 +78,7 @@ TEST(YamlSuite, AnswersEveryFile) {
         for (const auto& path : test_support::filesBelow(test_support::corporaFolder() / suite, "")) {
             SCOPED_TRACE(path);
             const std::string text = test_support::fileBytes(path);
-            answers += static_cast<int>(read(text) != nullptr);
+            answers += static_cast<int>(readYaml(text) != nullptr);
             try {
                 answers += static_cast<int>(parseJSON(text) != nullptr);
             } catch (const JSONReaderError& error) {

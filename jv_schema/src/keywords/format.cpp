@@ -21,10 +21,7 @@ struct FormatEntry {
     Validator validator;
 };
 
-constexpr std::uint8_t all = 31;
-constexpr std::uint8_t from6 = all & ~bit(Draft::D4);
-constexpr std::uint8_t from7 = from6 & ~bit(Draft::D6);
-constexpr std::uint8_t from2019 = bit(Draft::D2019) | bit(Draft::D2020);
+using namespace drafts;
 
 // Not decided: "idn-email", "idn-hostname", "iri" and "iri-reference".
 constexpr std::array formats{
@@ -45,9 +42,9 @@ constexpr std::array formats{
     FormatEntry{"uuid", from2019, isUUID},
 };
 
-class Format : public Keyword {
+class FormatKeyword : public Keyword {
   public:
-    Format(const Site& site, const FormatEntry& format)
+    FormatKeyword(const Site& site, const FormatEntry& format)
         : Keyword(site.place, site.keyword, only(Kind::String)), format_(format) {}
 
     [[nodiscard]] bool evaluate(const JV& instance, Evaluation& evaluation) const override {
@@ -65,11 +62,11 @@ class Format : public Keyword {
 
 std::unique_ptr<Keyword> makeFormat(const Site& site) {
     site.require(Kind::String);
-    if (!site.compiler.assertsFormats() && !site.dialect().has(Vocabulary::FormatAssertion))
+    if (!site.compiler.assertsFormats() && !site.dialect().has(Vocabulary::Format))
         return nullptr;
     for (const FormatEntry& format : formats) {
         if (format.name == site.value.text() && site.dialect().isOneOf(format.drafts))
-            return std::make_unique<Format>(site, format);
+            return std::make_unique<FormatKeyword>(site, format);
     }
     return nullptr;
 }

@@ -38,7 +38,7 @@ void readSchemas(ReaderContext& context, Components& components, const Member& m
     }
 }
 
-void readParameters(ReaderContext& context, Components& components, const Member& member) {
+void readComponentParameters(ReaderContext& context, Components& components, const Member& member) {
     const auto create = [&](const jv::Member& entry) -> Parameter* {
         ParameterIdentity identity = readParameterIdentity(*entry.value);
         const auto make = [&](auto factory) {
@@ -117,7 +117,7 @@ void readPathItems(ReaderContext& context, Components& components, const Member&
 constexpr ObjectReader<Components, 10> componentsReader({
     {"examples", readExamples},
     {"schemas", readSchemas},
-    {"parameters", readParameters},
+    {"parameters", readComponentParameters},
     {"headers", readHeaderSection},
     {"links", readLinks},
     {"responses", readResponses},

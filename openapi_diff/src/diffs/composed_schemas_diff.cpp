@@ -10,7 +10,7 @@ namespace {
 using openapi::Node;
 using Name = std::optional<std::string_view>;
 
-Name nameOf(const Node& element) {
+Name componentNameOf(const Node& element) {
     const openapi::Reference* reference = asReference(&element);
     return reference == nullptr ? std::nullopt : Name(targetName(*reference));
 }
@@ -28,7 +28,7 @@ std::optional<ValueKey> valueOf(const Node& element) {
 
 /// Whether the first rule that applies to both elements takes them for the same.
 bool belongTogether(const Node& source, const Node& destination) {
-    if (const Name name = nameOf(source), other = nameOf(destination); name || other)
+    if (const Name name = componentNameOf(source), other = componentNameOf(destination); name || other)
         return name == other;
     if (const Name title = titleOf(source), other = titleOf(destination); title || other)
         return title == other;
@@ -61,7 +61,7 @@ void diffComposedSchemas(ConfigKey key, const openapi::NodeList* source, const o
     }
     ListPairing pairing(before, after);
     pairing.pairBy<std::hash<std::string_view>>(
-        [&](DocumentSide side, std::size_t index) { return nameOf(at(side, index)); });
+        [&](DocumentSide side, std::size_t index) { return componentNameOf(at(side, index)); });
     pairing.pairBy<std::hash<std::string_view>>(
         [&](DocumentSide side, std::size_t index) { return titleOf(at(side, index)); });
     pairing.pairBy<ValueKeyHash>(

@@ -21,7 +21,7 @@ const openapi::HTTPSecurityScheme* asHTTP(const SecurityScheme& scheme) {
     return as<openapi::HTTPSecurityScheme>(scheme, NodeType::HTTPSecurityScheme);
 }
 
-Text nameOf(const SecurityScheme& scheme) {
+Text schemeNameOf(const SecurityScheme& scheme) {
     const auto* apiKey = asApiKey(scheme);
     return apiKey == nullptr ? std::nullopt : Text(apiKey->name());
 }
@@ -58,7 +58,7 @@ void SecuritySchemeDiff::diff(const SecurityScheme* source, const SecurityScheme
                               DiffContext& context) const {
     using enum ConfigKey;
     context.mark(source, destination);
-    context.field(SecuritySchemeName, source, destination, nameOf);
+    context.field(SecuritySchemeName, source, destination, schemeNameOf);
     context.field(SecuritySchemeDescription, source, destination, &SecurityScheme::description);
     context.field(SecuritySchemeType, source, destination, &SecurityScheme::typeName);
     context.field(SecuritySchemeIn, source, destination, locationOf);

@@ -16,7 +16,7 @@ namespace specloom::openapi_diff {
 namespace {
 
 /// By ChangelogEvent.
-constexpr EventFormats eventFormats{
+constexpr EventFormats stylishEvents{
     "Metadata changed",
     "Added operation {4} {5}",
     "Removed operation {4} {5}",
@@ -72,7 +72,7 @@ class Table {
 
 void StylishChangelogFormatter::format(const Report& report) {
     Table table;
-    forEachEvent(static_cast<const ChangelogReport&>(report), eventFormats,
+    forEachEvent(static_cast<const ChangelogReport&>(report), stylishEvents,
                  [&](const ChangelogEntry& entry, std::string_view text) {
                      table.add(entry.level, entry.pos, entry.kind, std::string(text));
                  });

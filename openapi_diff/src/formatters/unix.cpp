@@ -13,7 +13,7 @@ namespace specloom::openapi_diff {
 namespace {
 
 /// By ChangelogEvent.
-constexpr EventFormats eventFormats{
+constexpr EventFormats unixEvents{
     "{0}:{1}:{2}: Metadata changed [{3}].\n", // the bracket before the full stop is meant; tools know it so
     "{0}:{1}:{2}: Operation added {4} {5}. [{3}]\n",
     "{0}:{1}:{2}: Operation removed {4} {5}. [{3}]\n",
@@ -33,7 +33,7 @@ constexpr EventFormats eventFormats{
 } // namespace
 
 void UnixChangelogFormatter::format(const Report& report) {
-    forEachEvent(static_cast<const ChangelogReport&>(report), eventFormats,
+    forEachEvent(static_cast<const ChangelogReport&>(report), unixEvents,
                  [&](const ChangelogEntry& /*entry*/, std::string_view text) { stream() << text; });
 }
 

@@ -13,7 +13,7 @@ namespace specloom::openapi_diff {
 namespace {
 
 /// By ChangelogEvent.
-constexpr EventFormats eventFormats{
+constexpr EventFormats visualStudioEvents{
     "{0}({1},{2}): {3}: Metadata changed.\n",
     "{0}({1},{2}): {3}: Added operation {4} {5}.\n",
     "{0}({1},{2}): {3}: Removed operation {4} {5}.\n",
@@ -33,7 +33,7 @@ constexpr EventFormats eventFormats{
 } // namespace
 
 void VisualStudioChangelogFormatter::format(const Report& report) {
-    forEachEvent(static_cast<const ChangelogReport&>(report), eventFormats,
+    forEachEvent(static_cast<const ChangelogReport&>(report), visualStudioEvents,
                  [&](const ChangelogEntry& /*entry*/, std::string_view text) { stream() << text; });
 }
 

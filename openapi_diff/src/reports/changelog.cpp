@@ -24,11 +24,6 @@ bool isOfProperty(ChangeKind kind) noexcept {
            kind == ChangeKind::PropertyModified;
 }
 
-bool isOfExtension(ChangeKind kind) noexcept {
-    return kind == ChangeKind::ExtensionAdded || kind == ChangeKind::ExtensionRemoved ||
-           kind == ChangeKind::ExtensionModified;
-}
-
 ChangelogEntry entryOf(const Change& change) noexcept {
     return {.kind = change.kind, .level = change.weight, .side = change.side, .pos = change.pos};
 }

@@ -10,11 +10,11 @@
 namespace specloom::openapi_lint {
 namespace {
 
-nlohmann::json describeFile(std::string_view name, std::size_t /*count*/) {
+nlohmann::json describeCheckstyleFile(std::string_view name, std::size_t /*count*/) {
     return {{"path", toValidUtf8(name)}};
 }
 
-nlohmann::json describeIssue(const LintResult& result) {
+nlohmann::json describeCheckstyleIssue(const LintResult& result) {
     return {{"line", result.printedLine()},
             {"severity", severityName(result.severity)},
             {"message", toValidUtf8(result.message)},
@@ -24,8 +24,8 @@ nlohmann::json describeIssue(const LintResult& result) {
 } // namespace
 
 void CheckstyleFormatter::format(const LintContext& context) {
-    stream() << renderReport("checkstyle.jinja",
-                             {{"files", describeFiles(context, describeFile, describeIssue)}});
+    stream() << renderReport("checkstyle.jinja", {{"files", describeFiles(context, describeCheckstyleFile,
+                                                                          describeCheckstyleIssue)}});
 }
 
 } // namespace specloom::openapi_lint

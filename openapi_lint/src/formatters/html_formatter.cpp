@@ -21,11 +21,11 @@ std::string htmlText(std::string_view text) {
     return escapeHtml(toValidUtf8(text));
 }
 
-nlohmann::json describeFile(std::string_view name, std::size_t /*count*/) {
+nlohmann::json describeHtmlFile(std::string_view name, std::size_t /*count*/) {
     return {{"path", htmlText(name)}};
 }
 
-nlohmann::json describeIssue(const LintResult& result) {
+nlohmann::json describeHtmlIssue(const LintResult& result) {
     return {{"pos", fmt::format("{}:{}", result.printedLine(), result.printedColumn())},
             {"severity", severityName(result.severity)},
             {"message", htmlText(result.message)},
@@ -36,12 +36,13 @@ nlohmann::json describeIssue(const LintResult& result) {
 } // namespace
 
 void HTMLFormatter::format(const LintContext& context) {
-    stream() << renderReport("html.jinja", {{"title", "Linter report"},
-                                            {"counts",
-                                             {{"total", context.results.size()},
-                                              {"errors", context.errorCount},
-                                              {"warnings", context.warningCount}}},
-                                            {"files", describeFiles(context, describeFile, describeIssue)}});
+    stream() << renderReport("html.jinja",
+                             {{"title", "Linter report"},
+                              {"counts",
+                               {{"total", context.results.size()},
+                                {"errors", context.errorCount},
+                                {"warnings", context.warningCount}}},
+                              {"files", describeFiles(context, describeHtmlFile, describeHtmlIssue)}});
 }
 
 } // namespace specloom::openapi_lint

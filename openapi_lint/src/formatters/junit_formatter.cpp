@@ -13,11 +13,11 @@ namespace specloom::openapi_lint {
 namespace {
 
 // Every test case fails, because what passes is no finding: the two counts are always the same.
-nlohmann::json describeFile(std::string_view name, std::size_t count) {
+nlohmann::json describeJUnitFile(std::string_view name, std::size_t count) {
     return {{"name", toValidUtf8(name)}, {"totalCount", count}, {"issueCount", count}};
 }
 
-nlohmann::json describeIssue(const LintResult& result) {
+nlohmann::json describeJUnitIssue(const LintResult& result) {
     const std::string message = toValidUtf8(result.message);
     return {{"name", fmt::format("specloom.{}", result.ruleId)},
             {"ruleId", result.ruleId},
@@ -30,7 +30,8 @@ nlohmann::json describeIssue(const LintResult& result) {
 } // namespace
 
 void JUnitFormatter::format(const LintContext& context) {
-    stream() << renderReport("junit.jinja", {{"files", describeFiles(context, describeFile, describeIssue)}});
+    stream() << renderReport("junit.jinja",
+                             {{"files", describeFiles(context, describeJUnitFile, describeJUnitIssue)}});
 }
 
 } // namespace specloom::openapi_lint

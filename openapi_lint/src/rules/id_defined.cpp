@@ -15,7 +15,7 @@ namespace {
 constexpr const char* identifierMissing = "API identifier ({}) is missing";
 constexpr const char* identifierInvalid = "API identifier ({}) has invalid format";
 
-constexpr const char* optionsNoObject = "Options must be an object";
+constexpr const char* idOptionsNoObject = "Options must be an object";
 constexpr const char* attributeEmpty = "Attribute name must not be empty";
 constexpr const char* attributeNoExtension = "Attribute name must start with 'x-'";
 constexpr const char* patternEmpty = "Pattern must not be empty";
@@ -44,7 +44,7 @@ std::string option(const jv::JV& options, std::string_view name, std::string_vie
 void IDDefined::configure(const jv::JV* options) {
     const jv::JV& given = requireOptions(options, ruleId);
     if (!given.isObject())
-        throw RuleConfigurationError(ruleId, optionsNoObject);
+        throw RuleConfigurationError(ruleId, idOptionsNoObject);
     std::string attribute = option(given, "attribute", "x-id");
     if (attribute.empty())
         throw RuleConfigurationError(ruleId, attributeEmpty);

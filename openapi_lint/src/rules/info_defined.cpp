@@ -7,7 +7,7 @@ namespace specloom::openapi_lint {
 namespace {
 
 constexpr const char* summaryMissing = "Info summary is missing or empty";
-constexpr const char* descriptionMissing = "Info description is missing or empty";
+constexpr const char* infoNotDescribed = "Info description is missing or empty";
 constexpr const char* versionEmpty = "Info version is empty";
 
 } // namespace
@@ -20,7 +20,7 @@ void InfoDefined::check(LintContext& context) {
     if (info.summary().value_or("").empty())
         report(context, summaryMissing, info);
     if (info.description().value_or("").empty())
-        report(context, descriptionMissing, info);
+        report(context, infoNotDescribed, info);
     if (info.version().empty())
         report(context, versionEmpty, info);
 }

@@ -9,18 +9,19 @@ namespace {
 
 constexpr const char* wrongRequest = "Request body media type is not application/vnd.api+json";
 constexpr const char* wrongResponse = "Response media type is not application/vnd.api+json";
-constexpr std::string_view mediaType = "application/vnd.api+json";
+constexpr std::string_view jsonApiMediaType = "application/vnd.api+json";
 
 class JSONAPIContentTypeHandler final : public RuleHandler {
   public:
     using RuleHandler::RuleHandler;
     using RuleHandler::visit;
     void visit(const openapi::RequestBody& body) override {
-        if (!isDisabled(body) && body.mediaType(mediaType) == nullptr)
+        if (!isDisabled(body) && body.mediaType(jsonApiMediaType) == nullptr)
             report(wrongRequest, body);
     }
     void visit(const openapi::Response& response) override {
-        if (!response.content().empty() && !isDisabled(response) && response.mediaType(mediaType) == nullptr)
+        if (!response.content().empty() && !isDisabled(response) &&
+            response.mediaType(jsonApiMediaType) == nullptr)
             report(wrongResponse, response);
     }
 };

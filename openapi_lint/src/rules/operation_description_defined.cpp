@@ -8,7 +8,7 @@
 namespace specloom::openapi_lint {
 namespace {
 
-constexpr const char* notMeaningful = "Operation has no meaningful description";
+constexpr const char* operationNotDescribed = "Operation has no meaningful description";
 
 class OperationDescriptionDefinedHandler final : public RuleHandler {
   public:
@@ -18,7 +18,7 @@ class OperationDescriptionDefinedHandler final : public RuleHandler {
     using RuleHandler::visit;
     void visit(const openapi::Operation& operation) override {
         if (!isDisabled(operation) && !isMeaningfulText(operation.description(), minimum_))
-            report(notMeaningful, operation);
+            report(operationNotDescribed, operation);
     }
 
   private:

@@ -6,7 +6,7 @@
 namespace specloom::openapi_lint {
 namespace {
 
-constexpr const char* notDefined = "Operation ID is not defined";
+constexpr const char* idNotDefined = "Operation ID is not defined";
 
 class OperationIdDefinedHandler final : public RuleHandler {
   public:
@@ -14,7 +14,7 @@ class OperationIdDefinedHandler final : public RuleHandler {
     using RuleHandler::visit;
     void visit(const openapi::Operation& operation) override {
         if (!isDisabled(operation) && operation.operationId().value_or("").empty())
-            report(notDefined, operation);
+            report(idNotDefined, operation);
     }
 };
 

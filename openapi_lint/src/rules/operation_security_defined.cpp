@@ -6,7 +6,7 @@
 namespace specloom::openapi_lint {
 namespace {
 
-constexpr const char* notDefined = "Security requirement is not defined";
+constexpr const char* securityNotDefined = "Security requirement is not defined";
 
 class OperationSecurityDefinedHandler final : public RuleHandler {
   public:
@@ -15,7 +15,7 @@ class OperationSecurityDefinedHandler final : public RuleHandler {
     void visit(const openapi::OpenAPI& root) override { isDefinedForAll_ = !root.security().empty(); }
     void visit(const openapi::Operation& operation) override {
         if (!isDisabled(operation) && !isDefinedForAll_ && operation.security().empty())
-            report(notDefined, operation);
+            report(securityNotDefined, operation);
     }
 
   private:

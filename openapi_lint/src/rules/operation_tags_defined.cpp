@@ -6,7 +6,7 @@
 namespace specloom::openapi_lint {
 namespace {
 
-constexpr const char* notDefined = "Operation has no tags defined";
+constexpr const char* tagsNotDefined = "Operation has no tags defined";
 
 class OperationTagsDefinedHandler final : public RuleHandler {
   public:
@@ -14,7 +14,7 @@ class OperationTagsDefinedHandler final : public RuleHandler {
     using RuleHandler::visit;
     void visit(const openapi::Operation& operation) override {
         if (!isDisabled(operation) && operation.tags().empty())
-            report(notDefined, operation);
+            report(tagsNotDefined, operation);
     }
 };
 

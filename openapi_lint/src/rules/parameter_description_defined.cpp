@@ -10,7 +10,7 @@
 namespace specloom::openapi_lint {
 namespace {
 
-constexpr const char* notMeaningful = "Parameter '{}' has no meaningful description";
+constexpr const char* parameterNotDescribed = "Parameter '{}' has no meaningful description";
 
 class ParameterDescriptionDefinedHandler final : public RuleHandler {
   public:
@@ -20,7 +20,7 @@ class ParameterDescriptionDefinedHandler final : public RuleHandler {
     using RuleHandler::visit;
     void visit(const openapi::Parameter& parameter) override {
         if (!isDisabled(parameter) && !isMeaningfulText(parameter.description(), minimum_))
-            report(fmt::format(notMeaningful, parameter.name()), parameter);
+            report(fmt::format(parameterNotDescribed, parameter.name()), parameter);
     }
 
   private:

@@ -13,7 +13,7 @@ namespace {
 
 using openapi::ParameterLocation;
 
-constexpr const char* wrongName = "Parameter should be named {}";
+constexpr const char* wrongParameterName = "Parameter should be named {}";
 
 class ParameterNamingHandler final : public RuleHandler {
   public:
@@ -26,7 +26,7 @@ class ParameterNamingHandler final : public RuleHandler {
             return;
         const std::string name = convertCase(parameter.name(), rule_.conventionOf(parameter.location()));
         if (name != parameter.name())
-            report(fmt::format(wrongName, name), parameter);
+            report(fmt::format(wrongParameterName, name), parameter);
     }
 
   private:

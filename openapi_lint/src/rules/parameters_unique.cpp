@@ -8,7 +8,7 @@
 namespace specloom::openapi_lint {
 namespace {
 
-constexpr const char* duplicate = "Duplicate parameter name '{}' in location '{}'";
+constexpr const char* duplicateParameter = "Duplicate parameter name '{}' in location '{}'";
 
 class ParametersUniqueHandler final : public RuleHandler {
   public:
@@ -29,9 +29,9 @@ class ParametersUniqueHandler final : public RuleHandler {
         for (const openapi::NodePointer& node : parameters.nodes()) {
             const auto* parameter = openapi::resolveTo<openapi::Parameter>(node.get());
             if (parameter != nullptr && !keys.insert({parameter->location(), parameter->name()}))
-                report(
-                    fmt::format(duplicate, parameter->name(), parameterLocationName(parameter->location())),
-                    *parameter);
+                report(fmt::format(duplicateParameter, parameter->name(),
+                                   parameterLocationName(parameter->location())),
+                       *parameter);
         }
     }
 };

@@ -7,7 +7,7 @@
 namespace specloom::openapi_lint {
 namespace {
 
-constexpr const char* missing = "One or more path parameters are missing";
+constexpr const char* missingParameters = "One or more path parameters are missingParameters";
 
 class PathParametersDefinedHandler final : public RuleHandler {
   public:
@@ -25,7 +25,7 @@ class PathParametersDefinedHandler final : public RuleHandler {
         erasePathParameters(names, operation.parameters());
         erasePathParameters(names, item.parameters());
         if (!names.empty())
-            report(missing, operation);
+            report(missingParameters, operation);
     }
 };
 

@@ -7,7 +7,8 @@
 namespace specloom::openapi_lint {
 namespace {
 
-constexpr const char* missing = "One or more path parameters are missing or not defined in path item";
+constexpr const char* missingOnItem =
+    "One or more path parameters are missingOnItem or not defined in path item";
 
 class PathParametersOnItemsHandler final : public RuleHandler {
   public:
@@ -22,7 +23,7 @@ class PathParametersOnItemsHandler final : public RuleHandler {
         PathParameterNames names = extractPathParameters(*url);
         erasePathParameters(names, item.parameters());
         if (!names.empty())
-            report(missing, item);
+            report(missingOnItem, item);
     }
 };
 

@@ -11,7 +11,7 @@
 namespace specloom::openapi_lint {
 namespace {
 
-constexpr const char* duplicate = "Duplicate path found";
+constexpr const char* duplicatePath = "Duplicate path found";
 
 /// Paths of one form are told apart by no request.
 std::string formOf(std::string_view path) {
@@ -27,7 +27,7 @@ void PathsUnique::check(LintContext& context) {
     std::unordered_set<std::string> forms;
     for (const auto& entry : root.paths())
         if (!forms.insert(formOf(entry.name())).second)
-            report(context, duplicate, *entry.value);
+            report(context, duplicatePath, *entry.value);
 }
 
 } // namespace specloom::openapi_lint

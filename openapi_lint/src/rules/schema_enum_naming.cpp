@@ -5,7 +5,7 @@
 namespace specloom::openapi_lint {
 namespace {
 
-constexpr const char* wrongName = "Schema enum value '{}' is not in the '{}' convention";
+constexpr const char* wrongEnumName = "Schema enum value '{}' is not in the '{}' convention";
 
 class SchemaEnumNamingHandler final : public NamingHandler {
   public:
@@ -16,7 +16,7 @@ class SchemaEnumNamingHandler final : public NamingHandler {
             return;
         for (const openapi::Value& value : schema.enumeration())
             if (value->isString())
-                judge(value->text(), wrongName, schema);
+                judge(value->text(), wrongEnumName, schema);
     }
 };
 

@@ -12,7 +12,7 @@ namespace {
 using openapi::Schema;
 using openapi::Value;
 
-constexpr const char* duplicate = "Duplicate enum value";
+constexpr const char* duplicateEnumValue = "Duplicate enum value";
 
 struct ContentHash {
     std::size_t operator()(const jv::JV* value) const { return static_cast<std::size_t>(value->hash()); }
@@ -67,7 +67,7 @@ void SchemaEnumNoDuplicates::check(LintContext& context) {
     context.walk(handler);
     for (const auto& [schema, repeats] : handler.found)
         for (std::size_t i = 0; i < repeats; ++i)
-            report(context, duplicate, *schema);
+            report(context, duplicateEnumValue, *schema);
 }
 
 void SchemaEnumNoDuplicates::fix(LintContext& context) {

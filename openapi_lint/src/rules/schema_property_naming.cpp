@@ -5,7 +5,7 @@
 namespace specloom::openapi_lint {
 namespace {
 
-constexpr const char* wrongName = "Schema property '{}' is not in the '{}' convention";
+constexpr const char* wrongPropertyName = "Schema property '{}' is not in the '{}' convention";
 
 class SchemaPropertyNamingHandler final : public NamingHandler {
   public:
@@ -15,7 +15,7 @@ class SchemaPropertyNamingHandler final : public NamingHandler {
         if (schema.properties().empty() || isDisabled(schema))
             return;
         for (const auto& entry : schema.properties())
-            judge(entry.name(), wrongName, schema);
+            judge(entry.name(), wrongPropertyName, schema);
     }
 };
 

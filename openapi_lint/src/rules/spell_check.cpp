@@ -21,7 +21,7 @@ namespace {
 
 constexpr const char* wordUnknown = "Possible spelling mistake: '{}'";
 
-constexpr const char* optionsNoObject = "Options must be an object";
+constexpr const char* spellingOptionsNoObject = "Options must be an object";
 constexpr const char* optionUnknown = "Unknown option: {}";
 constexpr const char* optionNoString = "Option '{}' must be a string";
 constexpr const char* optionNoStrings = "Option '{}' must be an array of strings";
@@ -36,7 +36,7 @@ class SpellCheckOptions {
     explicit SpellCheckOptions(const jv::JV& options) : options_(options) {
         constexpr std::array<std::string_view, 4> known = {"affix", "dictionary", "words", "word_files"};
         if (!options.isObject())
-            fail(optionsNoObject, "");
+            fail(spellingOptionsNoObject, "");
         for (const jv::Member member : options.members())
             if (std::find(known.begin(), known.end(), member.key) == known.end())
                 fail(optionUnknown, member.key);

@@ -10,7 +10,7 @@
 namespace specloom::openapi_lint {
 namespace {
 
-constexpr const char* descriptionMissing = "Tag '{}' has no meaningful description defined";
+constexpr const char* tagNotDescribed = "Tag '{}' has no meaningful description defined";
 
 } // namespace
 
@@ -24,7 +24,7 @@ void TagDescriptionDefined::check(LintContext& context) {
         return;
     for (const auto& tag : root.tags())
         if (!isMeaningfulText(tag->description(), minimumLength_))
-            report(context, fmt::format(descriptionMissing, tag->name()), *tag);
+            report(context, fmt::format(tagNotDescribed, tag->name()), *tag);
 }
 
 } // namespace specloom::openapi_lint

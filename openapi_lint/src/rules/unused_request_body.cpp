@@ -10,7 +10,7 @@ namespace {
 
 using openapi::OperationType;
 
-constexpr const char* unused = "Unused request body";
+constexpr const char* unusedBody = "Unused request body";
 
 /// HTTP gives the body of such a request no meaning (RFC 9110, sections 9.3.1, 9.3.8 and 9.3.2).
 constexpr std::array bodilessMethods = {OperationType::Get, OperationType::Trace, OperationType::Head};
@@ -25,7 +25,7 @@ class UnusedRequestBodyHandler final : public RuleHandler {
         for (const OperationType method : bodilessMethods) {
             const openapi::Operation* operation = item.operation(method);
             if (operation != nullptr && !isDisabled(*operation) && operation->requestBody() != nullptr)
-                report(unused, *operation);
+                report(unusedBody, *operation);
         }
     }
 };

@@ -16,7 +16,7 @@ namespace {
 using openapi::Node;
 using openapi::Schema;
 
-constexpr const char* unused = "Unused shared component";
+constexpr const char* unusedComponent = "Unused shared component";
 
 constexpr std::string_view schemaPrefix = "#/components/schemas/";
 
@@ -69,7 +69,7 @@ class UnusedSharedComponentHandler final : public RuleHandler {
             const auto section = static_cast<openapi::ComponentSection>(i);
             for (const auto& entry : components_->section(section))
                 if (!isUsed(section, entry.name(), *entry.value) && !isDisabled(*entry.value))
-                    report(unused, *entry.value);
+                    report(unusedComponent, *entry.value);
         }
     }
 
