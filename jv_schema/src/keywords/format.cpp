@@ -62,7 +62,7 @@ class FormatKeyword : public Keyword {
 
 std::unique_ptr<Keyword> makeFormat(const Site& site) {
     site.require(Kind::String);
-    if (!site.compiler.assertsFormats() && !site.dialect().has(Vocabulary::Format))
+    if (!site.compiler.assertsFormats() && !site.dialect().has(Vocabulary::FormatAssertion))
         return nullptr;
     for (const FormatEntry& format : formats) {
         if (format.name == site.value.text() && site.dialect().isOneOf(format.drafts))

@@ -7,7 +7,7 @@
 namespace specloom::openapi_lint {
 namespace {
 
-constexpr const char* missingParameters = "One or more path parameters are missingParameters";
+constexpr const char* missingParameters = "One or more path parameters are missing";
 
 class PathParametersDefinedHandler final : public RuleHandler {
   public:
