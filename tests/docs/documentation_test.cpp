@@ -2,10 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>   // std::any_of
+#include <algorithm>   // std::any_of, std::sort
+#include <cctype>      // std::isdigit
 #include <filesystem>  // std::filesystem
 #include <fstream>     // std::ifstream
 #include <iterator>    // std::istreambuf_iterator
+#include <map>         // std::map
 #include <sstream>     // std::istringstream
 #include <string>      // std::string, std::getline
 #include <string_view> // std::string_view
@@ -47,6 +49,38 @@ std::vector<std::string> pathsOfArchitecture() {
     return result;
 }
 
+/// The names of modules behind `USES` of a `specloom_module`, in the order of the alphabet. Empty when there
+/// are none.
+std::vector<std::string> modulesUsedBy(const std::string& module) {
+    std::istringstream words(textOf(root / module / "CMakeLists.txt"));
+    std::vector<std::string> result;
+    std::string word;
+    while (words >> word && word != "specloom_module(" + module) {
+    }
+    while (words >> word && word != "USES" && word.back() != ')') {
+    }
+    while (word.back() != ')' && words >> word && word != "LIBRARIES" && word != "PUBLIC_LIBRARIES")
+        result.push_back(word.substr(0, word.find(')')));
+    std::sort(result.begin(), result.end());
+    return result;
+}
+
+/// The rows of the table of modules: module and what its last column names.
+std::map<std::string, std::vector<std::string>> modulesOfArchitecture() {
+    std::map<std::string, std::vector<std::string>> result;
+    std::istringstream lines(textOf(root / "docs/architecture.md"));
+    for (std::string line; std::getline(lines, line);) {
+        if (!line.starts_with("| ") || !std::isdigit(static_cast<unsigned char>(line[2])))
+            continue;
+        const std::string module = between(line, "`", '/').front();
+        std::vector<std::string>& uses = result[module];
+        for (const std::string& quoted : between(line.substr(line.rfind('|', line.size() - 2)), "`", '`'))
+            uses.push_back(quoted.substr(0, quoted.find('/')));
+        std::sort(uses.begin(), uses.end());
+    }
+    return result;
+}
+
 std::vector<fs::path> pages() {
     std::vector<fs::path> result;
     const auto take = [&](const fs::directory_entry& entry) {
@@ -65,6 +99,22 @@ TEST(Architecture, EveryPathItNamesExists) {
     ASSERT_FALSE(paths.empty());
     for (const std::string& path : paths)
         EXPECT_TRUE(fs::exists(root / path)) << path;
+}
+
+TEST(Architecture, ArrowsAreThoseOfTheBuild) {
+    const auto modules = modulesOfArchitecture();
+    for (const auto& entry : fs::directory_iterator(root)) {
+        const std::string module = entry.path().filename().string();
+        if (fs::exists(entry.path() / "CMakeLists.txt") &&
+            textOf(entry.path() / "CMakeLists.txt").find("specloom_module(" + module) != std::string::npos) {
+            EXPECT_TRUE(modules.contains(module)) << module << " has no row in the table of modules";
+        }
+    }
+    for (const auto& [module, uses] : modules) {
+        if (module == "cli")
+            continue; // may use whatever stands below
+        EXPECT_EQ(uses, modulesUsedBy(module)) << module;
+    }
 }
 
 TEST(Architecture, EveryFolderAtTheTopIsNamed) {

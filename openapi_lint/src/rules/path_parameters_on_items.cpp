@@ -7,8 +7,7 @@
 namespace specloom::openapi_lint {
 namespace {
 
-constexpr const char* missingOnItem =
-    "One or more path parameters are missing or not defined in path item";
+constexpr const char* missingOnItem = "One or more path parameters are missing or not defined in path item";
 
 class PathParametersOnItemsHandler final : public RuleHandler {
   public:
