@@ -1,7 +1,7 @@
 // Patterns: the first line of the input is a regular expression, the rest the text that is searched.
 
 #include "fuzz/check.h"
-#include "jv_schema/pattern.h"
+#include "regex/pattern.h"
 
 #include <algorithm> // std::min
 #include <optional>  // std::optional
@@ -9,8 +9,8 @@
 namespace {
 
 using specloom::fuzz::require;
-using specloom::jv::schema::Pattern;
-using specloom::jv::schema::PatternError;
+using specloom::regex::Pattern;
+using specloom::regex::PatternError;
 
 std::optional<Pattern> compile(std::string_view source) {
     try {

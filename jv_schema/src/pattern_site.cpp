@@ -6,20 +6,20 @@
 
 namespace specloom::jv::schema {
 
-TextMatcher compilePattern(const Site& site, std::string_view source) {
+regex::TextMatcher compilePattern(const Site& site, std::string_view source) {
     try {
-        return TextMatcher(source);
-    } catch (const PatternError& error) {
+        return regex::TextMatcher(source);
+    } catch (const regex::PatternError& error) {
         site.fault(fmt::format(message::invalidPattern, quoted(source), error.what()));
     }
 }
 
-bool matches(const TextMatcher& matcher, std::string_view source, std::string_view text,
+bool matches(const regex::TextMatcher& matcher, std::string_view source, std::string_view text,
              const Keyword& keyword, const Evaluation& evaluation) {
-    const TextMatcher::Outcome outcome = matcher.search(text);
-    if (outcome == TextMatcher::Outcome::TooCostly)
+    const regex::TextMatcher::Outcome outcome = matcher.search(text);
+    if (outcome == regex::TextMatcher::Outcome::TooCostly)
         evaluation.refuse(keyword, fmt::format(message::costlyPattern, quoted(source)));
-    return outcome == TextMatcher::Outcome::Match;
+    return outcome == regex::TextMatcher::Outcome::Match;
 }
 
 } // namespace specloom::jv::schema

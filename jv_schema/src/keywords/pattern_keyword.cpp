@@ -25,7 +25,7 @@ class PatternKeyword : public Keyword {
 
   private:
     std::string_view source_;
-    TextMatcher matcher_;
+    regex::TextMatcher matcher_;
 };
 
 } // namespace

@@ -86,7 +86,7 @@ class Properties : public Keyword {
 
   private:
     struct ByPattern {
-        TextMatcher matcher;
+        regex::TextMatcher matcher;
         std::string_view source;
         const Node* node;
     };

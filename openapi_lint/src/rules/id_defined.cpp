@@ -24,11 +24,11 @@ constexpr const char* patternInvalid = "Pattern is not a regular expression: {} 
 constexpr std::string_view uuidPattern = "uuid";
 
 /// Of the whole text. The expression must stand on its own: a parenthesis too many would pair with ours.
-jv::schema::Pattern wholePattern(const std::string& expression) {
+regex::Pattern wholePattern(const std::string& expression) {
     try {
-        (void)jv::schema::Pattern(expression);
-        return jv::schema::Pattern(fmt::format("^(?:{})$", expression));
-    } catch (const jv::schema::PatternError& error) {
+        (void)regex::Pattern(expression);
+        return regex::Pattern(fmt::format("^(?:{})$", expression));
+    } catch (const regex::PatternError& error) {
         throw RuleConfigurationError(IDDefined::ruleId,
                                      fmt::format(patternInvalid, expression, error.what()));
     }
@@ -65,7 +65,7 @@ bool IDDefined::isValid(const jv::JV& identifier) const {
         return false;
     if (!pattern_)
         return isUuid(identifier.text());
-    return pattern_->search(identifier.text()) == jv::schema::Pattern::Outcome::Match;
+    return pattern_->search(identifier.text()) == regex::Pattern::Outcome::Match;
 }
 
 void IDDefined::check(LintContext& context) {

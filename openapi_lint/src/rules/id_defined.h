@@ -1,7 +1,7 @@
 #pragma once
 
-#include "jv_schema/pattern.h"
 #include "openapi_lint/rule.h"
+#include "regex/pattern.h"
 
 #include <optional> // std::optional
 #include <string>   // std::string
@@ -27,7 +27,7 @@ class IDDefined final : public Rule {
     explicit IDDefined(Severity severity) : Rule(ruleId, severity) {}
     [[nodiscard]] bool isFixable() const override { return true; }
     /// An object with "attribute", the name of the extension, and "pattern", "uuid" or a regular expression
-    /// (jv::schema::Pattern) that matches an identifier as a whole.
+    /// (regex::Pattern) that matches an identifier as a whole.
     void configure(const jv::JV* options) override;
     void check(LintContext& context) override;
     void fix(LintContext& context) override;
@@ -36,7 +36,7 @@ class IDDefined final : public Rule {
     [[nodiscard]] bool isValid(const jv::JV& identifier) const;
 
     std::string attribute_ = "x-id";
-    std::optional<jv::schema::Pattern> pattern_; ///< none for UUIDs
+    std::optional<regex::Pattern> pattern_; ///< none for UUIDs
 };
 
 } // namespace specloom::openapi_lint

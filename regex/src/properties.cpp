@@ -1,8 +1,8 @@
-#include "jv_schema/pattern_properties.h"
+#include "regex/properties.h"
 
-#include "jv_schema/pattern_properties_data.h"
+#include "regex/properties_data.h"
 
-namespace specloom::jv::schema {
+namespace specloom::regex {
 
 namespace {
 
@@ -107,4 +107,4 @@ std::optional<CharSet> unicodeProperty(std::string_view expression) {
     return std::nullopt;
 }
 
-} // namespace specloom::jv::schema
+} // namespace specloom::regex

@@ -1,11 +1,9 @@
-#include "jv_schema/pattern_automaton.h"
-
-#include "foundation/unreachable.h"
+#include "regex/automaton.h"
 
 #include <algorithm> // std::ranges::sort, std::unique
 #include <utility>   // std::move
 
-namespace specloom::jv::schema {
+namespace specloom::regex {
 
 namespace {
 
@@ -91,10 +89,10 @@ class Compiler {
             return condition({.code = Code::Boundary, .negated = node.negated, .next = next});
         case Kind::LookAhead:
         case Kind::LookBehind:
-            return condition(
-                {.code = Code::Lookaround, .negated = node.negated, .next = next, .other = node.value});
+            break;
         }
-        SPECLOOM_UNREACHABLE("no other kinds");
+        return condition(
+            {.code = Code::Lookaround, .negated = node.negated, .next = next, .other = node.value});
     }
 
     std::uint32_t sequence(const PatternNode& node, std::uint32_t next) {
@@ -159,4 +157,4 @@ AutomatonSet compilePattern(const PatternSyntax& syntax) {
     return result;
 }
 
-} // namespace specloom::jv::schema
+} // namespace specloom::regex

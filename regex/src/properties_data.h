@@ -2,7 +2,7 @@
 
 #include <span> // std::span
 
-namespace specloom::jv::schema {
+namespace specloom::regex {
 
 /// The value holds from this code point up to the next run's; it is a short name, or several with a space
 /// between.
@@ -31,4 +31,4 @@ struct BinaryProperty {
 [[nodiscard]] std::span<const PropertyAlias> scriptAliasTable();
 [[nodiscard]] std::span<const BinaryProperty> binaryPropertyTable();
 
-} // namespace specloom::jv::schema
+} // namespace specloom::regex

@@ -3,7 +3,7 @@
 #include <initializer_list> // std::initializer_list
 #include <vector>           // std::vector
 
-namespace specloom::jv::schema {
+namespace specloom::regex {
 
 inline constexpr char32_t lastCodePoint = 0x10FFFF;
 
@@ -39,4 +39,4 @@ class CharSet {
 [[nodiscard]] const CharSet& spaceSet();
 [[nodiscard]] const CharSet& dotSet();
 
-} // namespace specloom::jv::schema
+} // namespace specloom::regex

@@ -3,7 +3,7 @@
 #include <string>      // std::string
 #include <string_view> // std::string_view
 
-namespace specloom::jv::schema {
+namespace specloom::regex {
 
 inline constexpr char32_t replacementCharacter = 0xFFFD;
 
@@ -21,4 +21,4 @@ struct DecodedCharacter {
 /// Appends the UTF-8 of a code point that is no surrogate.
 void appendCharacter(std::string& text, char32_t codePoint);
 
-} // namespace specloom::jv::schema
+} // namespace specloom::regex

@@ -1,10 +1,10 @@
-#include "jv_schema/pattern_literal.h"
+#include "regex/literal.h"
 
-#include "jv_schema/pattern_text.h"
+#include "regex/utf8.h"
 
 #include <span> // std::span
 
-namespace specloom::jv::schema {
+namespace specloom::regex {
 
 namespace {
 
@@ -44,4 +44,4 @@ std::optional<PatternLiteral> literalOf(const PatternNode& root) {
     return result;
 }
 
-} // namespace specloom::jv::schema
+} // namespace specloom::regex

@@ -1,8 +1,8 @@
-#include "jv_schema/pattern_syntax.h"
+#include "regex/syntax.h"
 
-#include "jv_schema/pattern.h"
-#include "jv_schema/pattern_properties.h"
-#include "jv_schema/pattern_text.h"
+#include "regex/pattern.h"
+#include "regex/properties.h"
+#include "regex/utf8.h"
 
 #include <algorithm> // std::min
 #include <map>       // std::map
@@ -10,7 +10,7 @@
 #include <string>    // std::string
 #include <utility>   // std::move, std::pair
 
-namespace specloom::jv::schema {
+namespace specloom::regex {
 
 namespace {
 
@@ -511,4 +511,4 @@ PatternSyntax parsePattern(std::string_view source) {
     return Parser(source).parse();
 }
 
-} // namespace specloom::jv::schema
+} // namespace specloom::regex

@@ -1,9 +1,9 @@
-// Made by data/make_pattern_properties.py from the Unicode Character Database, version 15.0.0.
+// Made by data/make_properties.py from the Unicode Character Database, version 15.0.0.
 // clang-format off
 
-#include "jv_schema/pattern_properties_data.h"
+#include "regex/properties_data.h"
 
-namespace specloom::jv::schema {
+namespace specloom::regex {
 
 namespace {
 
@@ -1770,4 +1770,4 @@ std::span<const PropertyAlias> categoryAliasTable() { return categoryAliases; }
 std::span<const PropertyAlias> scriptAliasTable() { return scriptAliases; }
 std::span<const BinaryProperty> binaryPropertyTable() { return binaries; }
 
-} // namespace specloom::jv::schema
+} // namespace specloom::regex

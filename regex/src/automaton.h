@@ -1,12 +1,12 @@
 #pragma once
 
-#include "jv_schema/pattern_classes.h"
-#include "jv_schema/pattern_syntax.h"
+#include "regex/classes.h"
+#include "regex/syntax.h"
 
 #include <cstdint> // std::uint32_t
 #include <vector>  // std::vector
 
-namespace specloom::jv::schema {
+namespace specloom::regex {
 
 /// The order in which an automaton meets the characters of a text.
 enum class Direction : std::uint8_t { Forward, Backward };
@@ -52,4 +52,4 @@ struct AutomatonSet {
 /// Throws PatternError with "Pattern is too large".
 [[nodiscard]] AutomatonSet compilePattern(const PatternSyntax& syntax);
 
-} // namespace specloom::jv::schema
+} // namespace specloom::regex

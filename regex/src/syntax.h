@@ -1,12 +1,12 @@
 #pragma once
 
-#include "jv_schema/pattern_charset.h"
+#include "regex/charset.h"
 
 #include <cstdint>     // std::uint32_t
 #include <string_view> // std::string_view
 #include <vector>      // std::vector
 
-namespace specloom::jv::schema {
+namespace specloom::regex {
 
 /// No upper bound of a repetition.
 inline constexpr std::uint32_t unbounded = UINT32_MAX;
@@ -48,4 +48,4 @@ struct PatternSyntax {
 /// Throws PatternError, see Pattern.
 [[nodiscard]] PatternSyntax parsePattern(std::string_view source);
 
-} // namespace specloom::jv::schema
+} // namespace specloom::regex

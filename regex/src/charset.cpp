@@ -1,8 +1,8 @@
-#include "jv_schema/pattern_charset.h"
+#include "regex/charset.h"
 
 #include <algorithm> // std::ranges::sort
 
-namespace specloom::jv::schema {
+namespace specloom::regex {
 
 CharSet::CharSet(std::initializer_list<CodePointRange> ranges) : ranges_(ranges) {
     normalize();
@@ -60,4 +60,4 @@ const CharSet& dotSet() {
     return set;
 }
 
-} // namespace specloom::jv::schema
+} // namespace specloom::regex

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "jv_schema/pattern.h"
+#include "regex/pattern.h"
 
 #include <array>       // std::array
 #include <memory>      // std::unique_ptr
@@ -8,7 +8,7 @@
 #include <string_view> // std::string_view
 #include <vector>      // std::vector
 
-namespace specloom::jv::schema {
+namespace specloom::regex {
 
 /// A pattern that knows shortcuts: the shapes that nearly all schemas use are decided without the engine,
 /// to the same effect.
@@ -46,4 +46,4 @@ class TextMatcher {
     std::unique_ptr<const Pattern> pattern_;
 };
 
-} // namespace specloom::jv::schema
+} // namespace specloom::regex

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
-"""Writes ../src/pattern_properties_data.cpp from the Unicode Character Database (Debian: unicode-data).
+"""Writes ../src/properties_data.cpp from the Unicode Character Database (Debian: unicode-data).
 
-    make_pattern_properties.py [FOLDER]      where UnicodeData.txt and its like are, by default /usr/share/unicode
+    make_properties.py [FOLDER]      where UnicodeData.txt and its like are, by default /usr/share/unicode
 """
 import pathlib
 import re
@@ -84,14 +84,14 @@ for kind, *names in rows("PropertyValueAliases.txt"):
         aliases[kind].append(names)
 short_scripts = {long: short for short, long, *_ in aliases["sc"]}
 version = re.search(r"PropertyValueAliases-([\d.]+)\.txt", (folder / "PropertyValueAliases.txt").read_text()).group(1)
-sys.stdout = open(pathlib.Path(__file__).parent / "../src/pattern_properties_data.cpp", "w", encoding="ascii")
+sys.stdout = open(pathlib.Path(__file__).parent / "../src/properties_data.cpp", "w", encoding="ascii")
 
-print(f"""// Made by data/make_pattern_properties.py from the Unicode Character Database, version {version}.
+print(f"""// Made by data/make_properties.py from the Unicode Character Database, version {version}.
 // clang-format off
 
-#include "jv_schema/pattern_properties_data.h"
+#include "regex/properties_data.h"
 
-namespace specloom::jv::schema {{
+namespace specloom::regex {{
 
 namespace {{
 """)
@@ -125,4 +125,4 @@ std::span<const PropertyAlias> categoryAliasTable() { return categoryAliases; }
 std::span<const PropertyAlias> scriptAliasTable() { return scriptAliases; }
 std::span<const BinaryProperty> binaryPropertyTable() { return binaries; }
 
-} // namespace specloom::jv::schema""")
+} // namespace specloom::regex""")

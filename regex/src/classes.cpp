@@ -1,10 +1,10 @@
-#include "jv_schema/pattern_classes.h"
+#include "regex/classes.h"
 
-#include "jv_schema/pattern.h"
+#include "regex/pattern.h"
 
 #include <algorithm> // std::ranges::sort, std::ranges::upper_bound, std::unique
 
-namespace specloom::jv::schema {
+namespace specloom::regex {
 
 namespace {
 
@@ -95,4 +95,4 @@ std::uint32_t CharacterClasses::of(char32_t codePoint) const {
     return classes_[segmentOf(codePoint)];
 }
 
-} // namespace specloom::jv::schema
+} // namespace specloom::regex

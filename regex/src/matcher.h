@@ -1,14 +1,14 @@
 #pragma once
 
-#include "jv_schema/pattern.h"
-#include "jv_schema/pattern_simulation.h"
+#include "regex/pattern.h"
+#include "regex/simulation.h"
 
 #include <cstdint>       // std::uint32_t
 #include <string_view>   // std::string_view
 #include <unordered_map> // std::unordered_multimap
 #include <vector>        // std::vector
 
-namespace specloom::jv::schema {
+namespace specloom::regex {
 
 /// Searches texts with the automata of a pattern, one after the other, and remembers what it found out: sets
 /// of states become the states of a deterministic automaton, which is made as the texts need it, forgotten
@@ -71,4 +71,4 @@ class Matcher {
     LookaroundTable table_;
 };
 
-} // namespace specloom::jv::schema
+} // namespace specloom::regex

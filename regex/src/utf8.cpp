@@ -1,8 +1,8 @@
-#include "jv_schema/pattern_text.h"
+#include "regex/utf8.h"
 
 #include <bit> // std::countl_one
 
-namespace specloom::jv::schema {
+namespace specloom::regex {
 
 DecodedCharacter decodeCharacter(std::string_view text) {
     constexpr DecodedCharacter faulty{replacementCharacter, 1, false};
@@ -46,4 +46,4 @@ void appendCharacter(std::string& text, char32_t codePoint) {
     }
 }
 
-} // namespace specloom::jv::schema
+} // namespace specloom::regex

@@ -7,7 +7,7 @@
 #include <string>      // std::string
 #include <string_view> // std::string_view
 
-namespace specloom::jv::schema {
+namespace specloom::regex {
 
 /// A text that is no pattern, or one with a feature that the matcher does not have. The texts:
 ///   "Backreferences are not supported"
@@ -84,4 +84,4 @@ class Pattern {
     std::unique_ptr<const Program> program_;
 };
 
-} // namespace specloom::jv::schema
+} // namespace specloom::regex

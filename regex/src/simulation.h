@@ -1,13 +1,13 @@
 #pragma once
 
-#include "jv_schema/pattern_automaton.h"
+#include "regex/automaton.h"
 
 #include <cstddef> // std::size_t
 #include <cstdint> // std::uint64_t
 #include <span>    // std::span
 #include <vector>  // std::vector
 
-namespace specloom::jv::schema {
+namespace specloom::regex {
 
 /// What an automaton can ask of a place between two characters. "Before" and "after" are of its direction.
 struct Place {
@@ -67,4 +67,4 @@ class Simulation {
     bool matched_ = false;
 };
 
-} // namespace specloom::jv::schema
+} // namespace specloom::regex

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "jv_schema/pattern_charset.h"
+#include "regex/charset.h"
 
 #include <array>   // std::array
 #include <cstddef> // std::size_t
@@ -8,7 +8,7 @@
 #include <span>    // std::span
 #include <vector>  // std::vector
 
-namespace specloom::jv::schema {
+namespace specloom::regex {
 
 /// The code points that a pattern cannot tell from one another, as the classes of an alphabet that is as
 /// small as may be.
@@ -43,4 +43,4 @@ class CharacterClasses {
     std::vector<bool> members_;
 };
 
-} // namespace specloom::jv::schema
+} // namespace specloom::regex

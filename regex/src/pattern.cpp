@@ -1,12 +1,12 @@
-#include "jv_schema/pattern.h"
+#include "regex/pattern.h"
 
-#include "jv_schema/pattern_literal.h"
-#include "jv_schema/pattern_matcher.h"
+#include "regex/literal.h"
+#include "regex/matcher.h"
 
 #include <atomic>   // std::atomic_flag
 #include <optional> // std::optional
 
-namespace specloom::jv::schema {
+namespace specloom::regex {
 
 struct Pattern::Program {
     explicit Program(const PatternSyntax& syntax)
@@ -39,4 +39,4 @@ Pattern::Outcome Pattern::search(std::string_view text) const {
     return program_->matcher.search(text);
 }
 
-} // namespace specloom::jv::schema
+} // namespace specloom::regex

@@ -1,10 +1,10 @@
-#include "jv_schema/text_matcher.h"
+#include "regex/text_matcher.h"
 
 #include <algorithm> // std::all_of
 #include <cstddef>   // std::size_t
 #include <optional>  // std::optional
 
-namespace specloom::jv::schema {
+namespace specloom::regex {
 
 namespace {
 
@@ -134,4 +134,4 @@ TextMatcher::Outcome TextMatcher::searchShape(std::string_view text) const {
     return matches ? Outcome::Match : Outcome::NoMatch;
 }
 
-} // namespace specloom::jv::schema
+} // namespace specloom::regex

@@ -1,4 +1,4 @@
-#include "jv_schema/pattern.h"
+#include "regex/pattern.h"
 
 #include <gtest/gtest.h>
 
@@ -14,7 +14,7 @@
 #include <utility> // std::pair
 #include <vector>  // std::vector
 
-namespace specloom::jv::schema {
+namespace specloom::regex {
 
 namespace {
 
@@ -328,4 +328,4 @@ TEST(Pattern, AgreesWithTheStandardLibrary) {
     EXPECT_GT(matches, 1'000U);
 }
 
-} // namespace specloom::jv::schema
+} // namespace specloom::regex

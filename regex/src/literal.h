@@ -1,12 +1,12 @@
 #pragma once
 
-#include "jv_schema/pattern_syntax.h"
+#include "regex/syntax.h"
 
 #include <optional>    // std::optional
 #include <string>      // std::string
 #include <string_view> // std::string_view
 
-namespace specloom::jv::schema {
+namespace specloom::regex {
 
 /// A pattern that is but a text, at one end of what is searched or anywhere in it, as "^x-" is.
 struct PatternLiteral {
@@ -20,4 +20,4 @@ struct PatternLiteral {
 /// Nothing for all other patterns.
 [[nodiscard]] std::optional<PatternLiteral> literalOf(const PatternNode& root);
 
-} // namespace specloom::jv::schema
+} // namespace specloom::regex

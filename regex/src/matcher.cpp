@@ -1,10 +1,10 @@
-#include "jv_schema/pattern_matcher.h"
+#include "regex/matcher.h"
 
-#include "jv_schema/pattern_text.h"
+#include "regex/utf8.h"
 
 #include <algorithm> // std::ranges::sort
 
-namespace specloom::jv::schema {
+namespace specloom::regex {
 
 namespace {
 
@@ -216,4 +216,4 @@ Outcome Matcher::run(std::uint64_t budget) {
     }
 }
 
-} // namespace specloom::jv::schema
+} // namespace specloom::regex

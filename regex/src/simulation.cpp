@@ -1,8 +1,8 @@
-#include "jv_schema/pattern_simulation.h"
+#include "regex/simulation.h"
 
 #include <algorithm> // std::ranges::fill
 
-namespace specloom::jv::schema {
+namespace specloom::regex {
 
 using Code = Instruction::Code;
 
@@ -101,4 +101,4 @@ bool Simulation::consumes(const Instruction& instruction, std::uint32_t characte
     return instruction.code == Code::Set && set_.classes.contains(instruction.other, characterClass);
 }
 
-} // namespace specloom::jv::schema
+} // namespace specloom::regex
