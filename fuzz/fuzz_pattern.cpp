@@ -10,12 +10,12 @@ namespace {
 
 using specloom::fuzz::require;
 using specloom::regex::Pattern;
-using specloom::regex::PatternError;
+using specloom::regex::SyntaxError;
 
 std::optional<Pattern> compile(std::string_view source) {
     try {
         return Pattern(source);
-    } catch (const PatternError& error) {
+    } catch (const SyntaxError& error) {
         require(error.offset() <= source.size(), "a fault lies in its pattern");
         return std::nullopt;
     }

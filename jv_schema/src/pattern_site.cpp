@@ -6,20 +6,20 @@
 
 namespace specloom::jv::schema {
 
-regex::TextMatcher compilePattern(const Site& site, std::string_view source) {
+regex::Pattern compilePattern(const Site& site, std::string_view source) {
     try {
-        return regex::TextMatcher(source);
-    } catch (const regex::PatternError& error) {
+        return regex::Pattern(source);
+    } catch (const regex::SyntaxError& error) {
         site.fault(fmt::format(message::invalidPattern, quoted(source), error.what()));
     }
 }
 
-bool matches(const regex::TextMatcher& matcher, std::string_view source, std::string_view text,
+bool matches(const regex::Pattern& matcher, std::string_view source, std::string_view text,
              const Keyword& keyword, const Evaluation& evaluation) {
-    const regex::TextMatcher::Outcome outcome = matcher.search(text);
-    if (outcome == regex::TextMatcher::Outcome::TooCostly)
+    const regex::Pattern::Outcome outcome = matcher.search(text);
+    if (outcome == regex::Pattern::Outcome::TooCostly)
         evaluation.refuse(keyword, fmt::format(message::costlyPattern, quoted(source)));
-    return outcome == regex::TextMatcher::Outcome::Match;
+    return outcome == regex::Pattern::Outcome::Match;
 }
 
 } // namespace specloom::jv::schema

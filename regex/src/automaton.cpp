@@ -8,32 +8,36 @@ namespace specloom::regex {
 namespace {
 
 using Code = Instruction::Code;
-using Kind = PatternNode::Kind;
+using Kind = Node::Kind;
+
+struct Lookaround {
+    const Node* body;
+    Direction direction;
+};
 
 /// What the nodes of a pattern use. The walk is as deep as the pattern, which is limited.
 struct Uses {
-    std::vector<char32_t> characters;
-    std::vector<Direction> directions;
+    std::vector<char32_t> characters{};
+    std::vector<Lookaround> lookarounds{}; ///< in the order of their numbers
     bool boundaries = false;
 
-    void visit(const PatternNode& node) {
+    void visit(const Node& node) {
+        for (const Node& child : node.children)
+            visit(child);
         if (node.kind == Kind::Character)
             characters.push_back(node.value);
-        if (node.kind == Kind::WordBoundary)
+        else if (node.kind == Kind::WordBoundary)
             boundaries = true;
-        if (node.kind == Kind::LookAhead)
-            directions[node.value] = Direction::Backward;
-        for (const PatternNode& child : node.children)
-            visit(child);
+        else if (node.kind == Kind::LookAhead)
+            lookarounds.push_back({&node.children.front(), Direction::Backward});
+        else if (node.kind == Kind::LookBehind)
+            lookarounds.push_back({&node.children.front(), Direction::Forward});
     }
 };
 
-Uses usesOf(const PatternSyntax& syntax) {
+Uses usesOf(const SyntaxTree& tree) {
     Uses uses;
-    uses.directions.assign(syntax.lookarounds.size(), Direction::Forward);
-    uses.visit(syntax.root);
-    for (const PatternNode& body : syntax.lookarounds)
-        uses.visit(body);
+    uses.visit(tree.root);
     std::ranges::sort(uses.characters);
     uses.characters.erase(std::unique(uses.characters.begin(), uses.characters.end()), uses.characters.end());
     return uses;
@@ -46,7 +50,7 @@ class Compiler {
         automaton_.direction = direction;
     }
 
-    Automaton compile(const PatternNode& root) {
+    Automaton compile(const Node& root) {
         automaton_.instructions.reserve(root.size + 1);
         automaton_.start = emit(root, add({.code = Code::Match}));
         return std::move(automaton_);
@@ -69,17 +73,19 @@ class Compiler {
         return condition({.code = Code::ScanEnd, .next = next});
     }
 
-    std::uint32_t emit(const PatternNode& node, std::uint32_t next) {
+    std::uint32_t emit(const Node& node, std::uint32_t next) {
         switch (node.kind) {
         case Kind::Sequence:
             return sequence(node, next);
-        case Kind::Choice:
-            return choice(node, next);
-        case Kind::Repeat:
-            return repeat(node, next);
+        case Kind::Alternation:
+            return alternation(node, next);
+        case Kind::Repetition:
+            return repetition(node, next);
+        case Kind::Group:
+            return emit(node.children.front(), next);
         case Kind::Character:
             return add({.code = Code::Character, .next = next, .other = classes_.of(node.value)});
-        case Kind::Set:
+        case Kind::Class:
             return add({.code = Code::Set, .next = next, .other = node.value});
         case Kind::TextStart:
         case Kind::TextEnd:
@@ -95,9 +101,9 @@ class Compiler {
             {.code = Code::Lookaround, .negated = node.negated, .next = next, .other = node.value});
     }
 
-    std::uint32_t sequence(const PatternNode& node, std::uint32_t next) {
+    std::uint32_t sequence(const Node& node, std::uint32_t next) {
         if (automaton_.direction == Direction::Backward) {
-            for (const PatternNode& child : node.children)
+            for (const Node& child : node.children)
                 next = emit(child, next);
             return next;
         }
@@ -106,7 +112,7 @@ class Compiler {
         return next;
     }
 
-    std::uint32_t choice(const PatternNode& node, std::uint32_t next) {
+    std::uint32_t alternation(const Node& node, std::uint32_t next) {
         std::uint32_t entry = emit(node.children.back(), next);
         for (auto child = node.children.rbegin() + 1; child != node.children.rend(); ++child) {
             const std::uint32_t other = entry;
@@ -115,8 +121,11 @@ class Compiler {
         return entry;
     }
 
-    std::uint32_t repeat(const PatternNode& node, std::uint32_t next) {
-        const PatternNode& body = node.children.front();
+    std::uint32_t repetition(const Node& node, std::uint32_t next) {
+        const Node& body = node.children.front();
+        // What consumes nothing does no more the second time than the first.
+        if (body.zeroWidth)
+            return node.min == 0 ? next : emit(body, next);
         std::uint32_t mandatory = node.min;
         std::uint32_t entry = next;
         if (node.max == unbounded) {
@@ -141,19 +150,19 @@ class Compiler {
 
 } // namespace
 
-AutomatonSet compilePattern(const PatternSyntax& syntax) {
-    const Uses uses = usesOf(syntax);
-    std::vector<CharSet> sets = syntax.sets;
+AutomatonSet compile(const SyntaxTree& tree) {
+    const Uses uses = usesOf(tree);
+    std::vector<CharSet> sets = tree.sets;
     if (uses.boundaries)
         sets.push_back(wordSet());
     AutomatonSet result{.classes = CharacterClasses(sets, uses.characters)};
     result.wordClasses.resize(result.classes.count());
     for (std::uint32_t i = 0; uses.boundaries && i < result.classes.count(); ++i)
         result.wordClasses[i] = result.classes.contains(static_cast<std::uint32_t>(sets.size() - 1), i);
-    for (std::size_t i = 0; i < syntax.lookarounds.size(); ++i)
+    for (const Lookaround& lookaround : uses.lookarounds)
         result.lookarounds.push_back(
-            Compiler(result.classes, uses.directions[i]).compile(syntax.lookarounds[i]));
-    result.main = Compiler(result.classes, Direction::Forward).compile(syntax.root);
+            Compiler(result.classes, lookaround.direction).compile(*lookaround.body));
+    result.main = Compiler(result.classes, Direction::Forward).compile(tree.root);
     return result;
 }
 

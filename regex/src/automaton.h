@@ -44,12 +44,13 @@ struct AutomatonSet {
     CharacterClasses classes;
     /// Whether a class is of word characters; all false when nobody asks.
     std::vector<bool> wordClasses{};
-    /// Of the bodies of lookaheads, which are met backward, and lookbehinds, in the order of PatternSyntax.
+    /// Of the bodies of lookaheads, which are met backward, and lookbehinds, by their numbers in
+    /// the tree.
     std::vector<Automaton> lookarounds{};
     Automaton main{};
 };
 
-/// Throws PatternError with "Pattern is too large".
-[[nodiscard]] AutomatonSet compilePattern(const PatternSyntax& syntax);
+/// Throws SyntaxError with "Pattern is too large".
+[[nodiscard]] AutomatonSet compile(const SyntaxTree& tree);
 
 } // namespace specloom::regex

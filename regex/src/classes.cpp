@@ -1,6 +1,6 @@
 #include "regex/classes.h"
 
-#include "regex/pattern.h"
+#include "regex/syntax_error.h"
 
 #include <algorithm> // std::ranges::sort, std::ranges::upper_bound, std::unique
 
@@ -16,7 +16,7 @@ constexpr std::size_t maxCells = std::size_t{1} << 27U;
 CharacterClasses::CharacterClasses(std::span<const CharSet> sets, std::span<const char32_t> characters) {
     cut(sets, characters);
     if (sets.size() * begins_.size() > maxCells)
-        throw PatternError("Pattern is too large", 0);
+        throw SyntaxError("Pattern is too large", 0);
     classes_.assign(begins_.size(), 0);
     sizes_.assign(1, begins_.size());
     std::vector<std::size_t> segments;

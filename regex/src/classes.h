@@ -14,7 +14,7 @@ namespace specloom::regex {
 /// small as may be.
 class CharacterClasses {
   public:
-    /// Throws PatternError with "Pattern is too large" when classes and sets are too many together.
+    /// Throws SyntaxError with "Pattern is too large" when classes and sets are too many together.
     CharacterClasses(std::span<const CharSet> sets, std::span<const char32_t> characters);
 
     [[nodiscard]] std::uint32_t count() const noexcept { return count_; }

@@ -1,43 +1,12 @@
 #pragma once
 
-#include <cstddef>     // std::size_t
+#include "regex/syntax.h"
+
 #include <cstdint>     // std::uint64_t
 #include <memory>      // std::unique_ptr
-#include <stdexcept>   // std::runtime_error
-#include <string>      // std::string
 #include <string_view> // std::string_view
 
 namespace specloom::regex {
-
-/// A text that is no pattern, or one with a feature that the matcher does not have. The texts:
-///   "Backreferences are not supported"
-///   "Incomplete quantifier"
-///   "Invalid escape"
-///   "Invalid group"
-///   "Invalid name of a group"
-///   "Nothing to repeat"
-///   "Numbers of a quantifier are out of order"
-///   "Octal escapes are not supported"
-///   "Pattern ends with a backslash"
-///   "Pattern is nested too deeply"
-///   "Pattern is not UTF-8"
-///   "Pattern is too large"
-///   "Quantifier has no lower bound"
-///   "Range of a character class is out of order"
-///   "Unknown Unicode property"
-///   "Unmatched ')'"
-///   "Unterminated character class"
-///   "Unterminated group"
-class PatternError : public std::runtime_error {
-  public:
-    PatternError(const std::string& message, std::size_t offset)
-        : std::runtime_error(message), offset_(offset) {}
-    /// Of the fault in the pattern, in bytes, counted from 0.
-    [[nodiscard]] std::size_t offset() const noexcept { return offset_; }
-
-  private:
-    std::size_t offset_;
-};
 
 /// A regular expression of ECMA-262, section 22.2, with the flag "u", compiled once and matched often.
 ///
@@ -53,15 +22,12 @@ class PatternError : public std::runtime_error {
 /// "}", "{a}"), a class as bound of a range ("[\w-.]"), repeated lookaheads. What flag "u" forbids otherwise
 /// is an error: octal escapes, unknown letters ("\Z"), half a quantifier ("a{1", "a{,2}"). A name may be
 /// given to several groups.
+///
+/// A pattern has at most maxInstructions, of which 12 bytes each are kept, and maxNesting.
 class Pattern {
   public:
     enum class Outcome { Match, NoMatch, TooCostly };
 
-    /// Instructions that an expression may be compiled to: about one for each character and class, times the
-    /// counts of the quantifiers around it. ".{0,65535}" has room. At most 12 bytes each are kept.
-    static constexpr std::uint32_t maxInstructions = 250'000;
-    /// Groups within one another.
-    static constexpr std::size_t maxNesting = 250;
     /// Steps of one search before it is TooCostly, which take less than a second: instructions looked at, one
     /// for each of the states that the automaton is in at a place of the text. What is remembered of earlier
     /// places and searches is free, so that common patterns take a text of any length. With lookarounds, and
@@ -69,7 +35,7 @@ class Pattern {
     /// lookarounds and one may not be more than this either.
     static constexpr std::uint64_t maxSteps = 100'000'000;
 
-    /// Takes UTF-8. Throws PatternError.
+    /// Takes UTF-8. Throws SyntaxError.
     explicit Pattern(std::string_view source);
     Pattern(Pattern&&) noexcept;
     Pattern& operator=(Pattern&&) noexcept;
@@ -77,11 +43,19 @@ class Pattern {
 
     /// Whether the expression matches anywhere in a text of UTF-8. A byte that is not UTF-8 is one U+FFFD.
     /// May be called by several threads at once.
-    [[nodiscard]] Outcome search(std::string_view text) const;
+    [[nodiscard]] Outcome search(std::string_view text) const {
+        if (first_ != '\0' && (text.empty() || text.front() != first_))
+            return Outcome::NoMatch;
+        return searchProgram(text);
+    }
 
   private:
     struct Program;
+
+    [[nodiscard]] Outcome searchProgram(std::string_view text) const;
+
     std::unique_ptr<const Program> program_;
+    char first_; ///< the byte that every text with a match begins with; '\0' for none
 };
 
 } // namespace specloom::regex

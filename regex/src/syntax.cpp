@@ -1,6 +1,5 @@
 #include "regex/syntax.h"
 
-#include "regex/pattern.h"
 #include "regex/properties.h"
 #include "regex/utf8.h"
 
@@ -14,13 +13,14 @@ namespace specloom::regex {
 
 namespace {
 
-using Kind = PatternNode::Kind;
+using Kind = Node::Kind;
 
 constexpr std::size_t rangesOfPart = 16;
 
-struct Bounds {
+struct Quantifier {
     std::uint32_t min;
     std::uint32_t max;
+    bool greedy = true;
 };
 
 std::optional<char32_t> hexDigit(char character) {
@@ -46,10 +46,10 @@ bool isLowSurrogate(char32_t codeUnit) {
     return codeUnit >= 0xDC00 && codeUnit <= 0xDFFF;
 }
 
-/// Whether what begins here cannot be repeated. Lookaheads can (ECMA-262, Annex B.1.2).
-bool isAssertion(std::string_view source) {
-    constexpr std::string_view beginnings[] = {"^", "$", "\\b", "\\B", "(?<=", "(?<!"};
-    return std::ranges::any_of(beginnings, [&](std::string_view text) { return source.starts_with(text); });
+/// Whether it cannot be repeated. Lookaheads can (ECMA-262, Annex B.1.2).
+bool isAssertion(const Node& node) {
+    return node.kind == Kind::TextStart || node.kind == Kind::TextEnd || node.kind == Kind::WordBoundary ||
+           node.kind == Kind::LookBehind;
 }
 
 /// Recursive descent: one round for each level of groups, which are limited.
@@ -57,16 +57,16 @@ class Parser {
   public:
     explicit Parser(std::string_view source) : source_(source) {}
 
-    PatternSyntax parse() {
-        syntax_.root = disjunction(0);
+    SyntaxTree parse() {
+        tree_.root = disjunction(0);
         if (!atEnd())
             fail("Unmatched ')'", position_);
-        return std::move(syntax_);
+        return std::move(tree_);
     }
 
   private:
     [[noreturn]] static void fail(const std::string& message, std::size_t offset) {
-        throw PatternError(message, offset);
+        throw SyntaxError(message, offset);
     }
 
     [[nodiscard]] bool atEnd() const { return position_ == source_.size(); }
@@ -89,26 +89,26 @@ class Parser {
         return character.codePoint;
     }
 
-    PatternNode disjunction(std::size_t depth) {
-        PatternNode first = alternative(depth);
+    Node disjunction(std::size_t depth) {
+        Node first = alternative(depth);
         if (peek() != '|')
             return first;
-        PatternNode choice{.kind = Kind::Choice, .zeroWidth = first.zeroWidth, .size = first.size};
-        choice.children.push_back(std::move(first));
+        Node alternation{.kind = Kind::Alternation, .zeroWidth = first.zeroWidth, .size = first.size};
+        alternation.children.push_back(std::move(first));
         while (skip("|")) {
-            PatternNode other = alternative(depth);
-            choice.zeroWidth = choice.zeroWidth && other.zeroWidth;
-            choice.size = sum(choice.size, other.size + 1ULL, position_);
-            choice.children.push_back(std::move(other));
+            Node other = alternative(depth);
+            alternation.zeroWidth = alternation.zeroWidth && other.zeroWidth;
+            alternation.size = sum(alternation.size, other.size + 1ULL, position_);
+            alternation.children.push_back(std::move(other));
         }
-        return choice;
+        return alternation;
     }
 
-    PatternNode alternative(std::size_t depth) {
-        PatternNode sequence;
+    Node alternative(std::size_t depth) {
+        Node sequence;
         while (!atEnd() && peek() != '|' && peek() != ')') {
             const std::size_t begin = position_;
-            PatternNode part = term(depth);
+            Node part = term(depth);
             sequence.zeroWidth = sequence.zeroWidth && part.zeroWidth;
             sequence.size = sum(sequence.size, part.size, begin);
             count(1, begin);
@@ -119,51 +119,55 @@ class Parser {
         return sequence;
     }
 
-    PatternNode term(std::size_t depth) {
-        const std::size_t begin = position_;
-        PatternNode part = atom(depth);
+    Node term(std::size_t depth) {
+        Node part = atom(depth);
         const std::size_t behind = position_;
-        const std::optional<Bounds> bounds = quantifier();
-        if (!bounds)
+        const std::optional<Quantifier> quantifier = quantifierBehind();
+        if (!quantifier)
             return part;
-        if (isAssertion(source_.substr(begin)))
+        if (isAssertion(part))
             fail("Nothing to repeat", behind);
-        return repeat(std::move(part), *bounds, behind);
+        return repetition(std::move(part), *quantifier, behind);
     }
 
-    PatternNode repeat(PatternNode part, Bounds bounds, std::size_t offset) {
-        // What consumes nothing does no more the second time than the first.
-        if (part.zeroWidth)
-            return bounds.min == 0 ? PatternNode{} : std::move(part);
-        PatternNode result{
-            .kind = Kind::Repeat, .zeroWidth = bounds.max == 0, .min = bounds.min, .max = bounds.max};
-        const std::uint64_t mandatory = std::uint64_t{bounds.min} * part.size;
-        const std::uint64_t optional = bounds.max != unbounded
-                                           ? (bounds.max - bounds.min) * (part.size + 1ULL)
-                                       : bounds.min == 0 ? part.size + 1ULL
-                                                         : 1ULL;
-        result.size = sum(0, mandatory + optional, offset);
+    static Node repetition(Node part, const Quantifier& quantifier, std::size_t offset) {
+        Node result{.kind = Kind::Repetition,
+                    .greedy = quantifier.greedy,
+                    .zeroWidth = part.zeroWidth || quantifier.max == 0,
+                    .min = quantifier.min,
+                    .max = quantifier.max,
+                    .size = sum(0, sizeOf(part, quantifier), offset)};
         result.children.push_back(std::move(part));
         return result;
     }
 
-    std::optional<Bounds> quantifier() {
+    static std::uint64_t sizeOf(const Node& part, const Quantifier& quantifier) {
+        // What consumes nothing does no more the second time than the first.
+        if (part.zeroWidth)
+            return quantifier.min == 0 ? 0 : part.size;
+        const std::uint64_t mandatory = std::uint64_t{quantifier.min} * part.size;
+        if (quantifier.max == unbounded)
+            return mandatory + (quantifier.min == 0 ? part.size + 1ULL : 1ULL);
+        return mandatory + (quantifier.max - quantifier.min) * (part.size + 1ULL);
+    }
+
+    std::optional<Quantifier> quantifierBehind() {
         const std::size_t begin = position_;
-        std::optional<Bounds> bounds;
+        std::optional<Quantifier> quantifier;
         if (skip("*"))
-            bounds = Bounds{0, unbounded};
+            quantifier = Quantifier{0, unbounded};
         else if (skip("+"))
-            bounds = Bounds{1, unbounded};
+            quantifier = Quantifier{1, unbounded};
         else if (skip("?"))
-            bounds = Bounds{0, 1};
+            quantifier = Quantifier{0, 1};
         else if (bracesFollow())
-            bounds = braces();
-        if (!bounds)
+            quantifier = braces();
+        if (!quantifier)
             return std::nullopt;
-        if (bounds->min > bounds->max)
+        if (quantifier->min > quantifier->max)
             fail("Numbers of a quantifier are out of order", begin);
-        skip("?"); // Whether it is greedy or not changes no outcome.
-        return bounds;
+        quantifier->greedy = !skip("?");
+        return quantifier;
     }
 
     /// An opening brace that neither a digit nor a comma follows is itself.
@@ -174,18 +178,18 @@ class Parser {
         return isDigit(following) || following == ',';
     }
 
-    Bounds braces() {
+    Quantifier braces() {
         const std::size_t begin = position_;
         skip("{");
         if (!isDigit(peek()))
             fail("Quantifier has no lower bound", begin);
-        Bounds bounds{};
-        bounds.min = bounds.max = number();
+        Quantifier quantifier{};
+        quantifier.min = quantifier.max = number();
         if (skip(","))
-            bounds.max = isDigit(peek()) ? number() : unbounded;
+            quantifier.max = isDigit(peek()) ? number() : unbounded;
         if (!skip("}"))
             fail("Incomplete quantifier", begin);
-        return bounds;
+        return quantifier;
     }
 
     /// No text is long enough to tell a number of more than 32 bits from infinity.
@@ -196,7 +200,7 @@ class Parser {
         return static_cast<std::uint32_t>(value);
     }
 
-    PatternNode atom(std::size_t depth) {
+    Node atom(std::size_t depth) {
         const std::size_t begin = position_;
         switch (peek()) {
         case '^':
@@ -225,32 +229,46 @@ class Parser {
         }
     }
 
-    PatternNode group(std::size_t depth) {
+    Node group(std::size_t depth) {
         const std::size_t begin = position_;
-        if (depth == Pattern::maxNesting)
+        if (depth == maxNesting)
             fail("Pattern is nested too deeply", begin);
         ++position_;
-        Kind kind = Kind::Sequence;
-        bool negated = false;
-        if (skip("?=") || skip("?!")) {
-            kind = Kind::LookAhead;
-            negated = source_[position_ - 1] == '!';
-        } else if (skip("?<=") || skip("?<!")) {
-            kind = Kind::LookBehind;
-            negated = source_[position_ - 1] == '!';
-        } else if (skip("?<")) {
-            groupName(begin);
-        } else if (!skip("?:") && peek() == '?') {
-            fail("Invalid group", begin);
-        }
+        Node result = groupOpening(begin);
         count(1, begin);
-        PatternNode body = disjunction(depth + 1);
+        Node body = disjunction(depth + 1);
         if (!skip(")"))
             fail("Unterminated group", begin);
-        return kind == Kind::Sequence ? std::move(body) : lookaround(kind, negated, std::move(body), begin);
+        if (result.kind == Kind::Group) {
+            result.zeroWidth = body.zeroWidth;
+            result.size = body.size;
+        } else {
+            lookaroundSize_ = sum(lookaroundSize_, body.size + 1ULL, begin);
+            result.value = lookarounds_++;
+            result.size = 1;
+        }
+        result.children.push_back(std::move(body));
+        return result;
     }
 
-    void groupName(std::size_t begin) {
+    /// Behind the parenthesis at `begin`.
+    Node groupOpening(std::size_t begin) {
+        if (skip("?:"))
+            return {.kind = Kind::Group};
+        if (skip("?=") || skip("?!"))
+            return {.kind = Kind::LookAhead, .negated = source_[position_ - 1] == '!'};
+        if (skip("?<=") || skip("?<!"))
+            return {.kind = Kind::LookBehind, .negated = source_[position_ - 1] == '!'};
+        std::string_view name;
+        if (skip("?<"))
+            name = groupName(begin);
+        else if (peek() == '?')
+            fail("Invalid group", begin);
+        tree_.groupNames.emplace_back(name);
+        return {.kind = Kind::Group, .value = static_cast<std::uint32_t>(tree_.groupNames.size())};
+    }
+
+    std::string_view groupName(std::size_t begin) {
         const std::size_t nameBegin = position_;
         while (!atEnd() && peek() != '>') {
             const char32_t codePoint = next();
@@ -260,28 +278,20 @@ class Parser {
             if (!known || (digit && position_ - nameBegin == 1))
                 fail("Invalid name of a group", begin);
         }
-        if (position_ == nameBegin || !skip(">"))
+        const std::string_view name = source_.substr(nameBegin, position_ - nameBegin);
+        if (name.empty() || !skip(">"))
             fail("Invalid name of a group", begin);
+        return name;
     }
 
-    PatternNode lookaround(Kind kind, bool negated, PatternNode body, std::size_t offset) {
-        lookaroundSize_ = sum(lookaroundSize_, body.size + 1ULL, offset);
-        PatternNode result = leaf(kind, static_cast<std::uint32_t>(syntax_.lookarounds.size()));
-        result.negated = negated;
-        syntax_.lookarounds.push_back(std::move(body));
-        return result;
-    }
-
-    PatternNode escape() {
+    Node escape() {
         const std::size_t begin = position_;
         ++position_;
         if (atEnd())
             fail("Pattern ends with a backslash", begin);
-        if (skip("b"))
-            return leaf(Kind::WordBoundary);
-        if (skip("B")) {
-            PatternNode result = leaf(Kind::WordBoundary);
-            result.negated = true;
+        if (skip("b") || skip("B")) {
+            Node result = leaf(Kind::WordBoundary);
+            result.negated = source_[position_ - 1] == 'B';
             return result;
         }
         if (const std::optional<CharSet> escaped = classEscape(begin))
@@ -405,7 +415,7 @@ class Parser {
         return first;
     }
 
-    PatternNode characterClass() {
+    Node characterClass() {
         const std::size_t begin = position_;
         ++position_;
         const bool negated = skip("^");
@@ -438,7 +448,7 @@ class Parser {
             members.add(*first, *last);
             return;
         }
-        // A class such as \d bounds no range: it, the hyphen and the other are members (Annex B.1.2.8).
+        // A class such as \d quantifier no range: it, the hyphen and the other are members (Annex B.1.2.8).
         members.add('-', '-');
         if (first)
             members.add(*first, *first);
@@ -463,13 +473,13 @@ class Parser {
         return characterEscape(begin);
     }
 
-    PatternNode leaf(Kind kind, std::uint32_t value = 0) { return {.kind = kind, .value = value, .size = 1}; }
+    static Node leaf(Kind kind) { return {.kind = kind, .size = 1}; }
 
-    PatternNode character(char32_t codePoint) {
+    static Node character(char32_t codePoint) {
         return {.kind = Kind::Character, .zeroWidth = false, .value = codePoint, .size = 1};
     }
 
-    PatternNode set(const CharSet& members) {
+    Node set(const CharSet& members) {
         const auto& ranges = members.ranges();
         if (ranges.size() == 1 && ranges.front().first == ranges.front().last)
             return character(ranges.front().first);
@@ -477,20 +487,20 @@ class Parser {
         for (const CodePointRange& range : ranges)
             key.insert(key.end(), {range.first, range.last});
         const auto [place, isNew] =
-            setIndex_.try_emplace(std::move(key), static_cast<std::uint32_t>(syntax_.sets.size()));
+            setIndex_.try_emplace(std::move(key), static_cast<std::uint32_t>(tree_.sets.size()));
         if (isNew) {
             count(ranges.size() / rangesOfPart, position_);
-            syntax_.sets.push_back(members);
+            tree_.sets.push_back(members);
         }
-        return {.kind = Kind::Set, .zeroWidth = false, .value = place->second, .size = 1};
+        return {.kind = Kind::Class, .zeroWidth = false, .value = place->second, .size = 1};
     }
 
-    /// Keeps the memory of the syntax within bounds where it makes no instructions, as empty groups do, or
-    /// large ones, as the sets of properties: 16 ranges count as one part.
+    /// Keeps the memory of the syntax within quantifier where it makes no instructions, as empty groups do,
+    /// or large ones, as the sets of properties: 16 ranges count as one part.
     void count(std::size_t parts, std::size_t offset) { parts_ = sum(parts_, parts, offset); }
 
     static std::uint32_t sum(std::uint32_t size, std::uint64_t more, std::size_t offset) {
-        if (more > Pattern::maxInstructions || size + more > Pattern::maxInstructions)
+        if (more > maxInstructions || size + more > maxInstructions)
             fail("Pattern is too large", offset);
         return static_cast<std::uint32_t>(size + more);
     }
@@ -498,8 +508,9 @@ class Parser {
     std::string_view source_;
     std::size_t position_ = 0;
     std::uint32_t parts_ = 0;
+    std::uint32_t lookarounds_ = 0;
     std::uint32_t lookaroundSize_ = 0;
-    PatternSyntax syntax_;
+    SyntaxTree tree_;
     std::map<std::vector<char32_t>, std::uint32_t> setIndex_;
     /// Those met so far, by name and whether negated.
     std::map<std::pair<std::string_view, bool>, CharSet> properties_;
@@ -507,7 +518,7 @@ class Parser {
 
 } // namespace
 
-PatternSyntax parsePattern(std::string_view source) {
+SyntaxTree parse(std::string_view source) {
     return Parser(source).parse();
 }
 

@@ -1,51 +1,67 @@
 #pragma once
 
 #include "regex/charset.h"
+#include "regex/syntax_error.h"
 
+#include <cstddef>     // std::size_t
 #include <cstdint>     // std::uint32_t
+#include <string>      // std::string
 #include <string_view> // std::string_view
 #include <vector>      // std::vector
 
 namespace specloom::regex {
 
+/// Instructions that a pattern may be compiled to: about one for each character and class, times the counts
+/// of the quantifiers around it. ".{0,65535}" has room.
+inline constexpr std::uint32_t maxInstructions = 250'000;
+/// Groups and lookarounds within one another.
+inline constexpr std::size_t maxNesting = 250;
 /// No upper bound of a repetition.
 inline constexpr std::uint32_t unbounded = UINT32_MAX;
 
-/// One part of a pattern and what stands below it, at most as deep as groups may nest.
-struct PatternNode {
+/// One part of a pattern and what stands below it. The tree is at most four levels deep for the whole and
+/// for each group around one another (Alternation, Sequence, Repetition, and what is repeated), so that it
+/// may be walked by recursion.
+struct Node {
     enum class Kind : std::uint8_t {
-        Sequence,     // of the children, none of them for the empty expression
-        Choice,       // of the children
-        Repeat,       // of the child, min to max times
-        Character,    // value
-        Set,          // sets[value]
-        TextStart,    // ^
-        TextEnd,      // $
-        WordBoundary, // \b, \B when negated
-        LookAhead,    // lookarounds[value]
-        LookBehind,
+        Sequence,     ///< its children, one behind the other; none for the empty expression, never just one
+        Alternation,  ///< one of its children, which are at least two
+        Repetition,   ///< its child, `min` to `max` times
+        Group,        ///< its child in parentheses; `value` is the group's number, counted from 1, or 0 when
+                      ///< it captures nothing
+        Character,    ///< the code point `value`; one of a surrogate alone stands in no text
+        Class,        ///< a code point of SyntaxTree::sets[value]: "[...]", "\d" and its like, "."
+        TextStart,    ///< "^"
+        TextEnd,      ///< "$"
+        WordBoundary, ///< "\b", or "\B" when negated
+        LookAhead,    ///< its child, or nothing of the kind when negated, follows the place; `value` counts
+                      ///< the lookarounds of either direction from 0, inner ones before the outer ones
+        LookBehind,   ///< the same in front of the place
     };
     Kind kind = Kind::Sequence;
     bool negated = false;
+    /// Of a repetition: whether more rounds are tried before fewer. It matters to nobody who only asks
+    /// whether there is a match.
+    bool greedy = true;
     /// Whether it consumes nothing, whatever the text.
     bool zeroWidth = true;
     std::uint32_t value = 0;
     std::uint32_t min = 0;
-    std::uint32_t max = 0;
-    /// Instructions it takes.
+    std::uint32_t max = 0; ///< at least `min`, or unbounded
+    /// Instructions that it is compiled to, without those of the bodies of lookarounds.
     std::uint32_t size = 0;
-    std::vector<PatternNode> children{};
+    std::vector<Node> children{};
 };
 
-struct PatternSyntax {
-    PatternNode root;
-    /// Normalized, each there once.
+struct SyntaxTree {
+    Node root;
+    /// Normalized, each there once, and none of just one code point: that is a Character.
     std::vector<CharSet> sets;
-    /// The bodies of lookaheads and lookbehinds, inner ones before those they stand in.
-    std::vector<PatternNode> lookarounds;
+    /// Of the capturing groups, by their numbers less one; empty for a group without a name.
+    std::vector<std::string> groupNames;
 };
 
-/// Throws PatternError, see Pattern.
-[[nodiscard]] PatternSyntax parsePattern(std::string_view source);
+/// Reads a pattern as Pattern describes it. Takes UTF-8. Throws SyntaxError.
+[[nodiscard]] SyntaxTree parse(std::string_view source);
 
 } // namespace specloom::regex

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <string>      // std::string
 #include <string_view> // std::string_view
 
 namespace specloom::regex {
@@ -17,8 +16,5 @@ struct DecodedCharacter {
 /// The code point (RFC 3629) at the beginning of a text that is not empty; a byte that begins none is one
 /// U+FFFD of its own.
 [[nodiscard]] DecodedCharacter decodeCharacter(std::string_view text);
-
-/// Appends the UTF-8 of a code point that is no surrogate.
-void appendCharacter(std::string& text, char32_t codePoint);
 
 } // namespace specloom::regex

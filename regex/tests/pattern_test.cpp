@@ -55,6 +55,15 @@ TEST(Pattern, MatchesAnywhereInTheText) {
         {"^(?:queued|build)|deploy$", {"queued!", "build", "a deploy"}, {"a build", "deploys"}},
         {".^", {}, {"", "a", "a\n"}},
         {"a$b|$", {"", "b"}, {}},
+        {"^(x|yé)", {"x", "yéz"}, {"", "ax", "y"}},
+        {"^(?:x|y|)$", {"", "x", "y"}, {"xy"}},
+        {"(?:(?:a|b)|c)$", {"c", "xa"}, {"cx"}},
+        {"^a-.*", {"a-", "a-\n"}, {"a", "b-"}},
+        {".*a?b+$|x", {"b", "cbb", "xa"}, {"", "ba"}},
+        {".*\\.json$", {".json", "a.json"}, {"json", "a.jsonx"}},
+        {"^\\d{1,3}$", {"1", "123"}, {"", "1234", "a", "\xD9\xA0"}},
+        {"^[a-f]$", {"a"}, {"", "ab", "g", "é"}},
+        {"^\\0", {std::string(1, '\0')}, {"", "0"}},
         // Repetition.
         {"^a*$", {"", "aaa"}, {"ab"}},
         {"^(?:ab){2,3}?$", {"abab", "ababab"}, {"ab", "abababab", ""}},
@@ -190,7 +199,7 @@ TEST(Pattern, SaysWhatIsWrong) {
         try {
             const Pattern pattern(each.pattern);
             ADD_FAILURE() << "is taken";
-        } catch (const PatternError& error) {
+        } catch (const SyntaxError& error) {
             EXPECT_EQ(error.what(), each.message);
             EXPECT_EQ(error.offset(), each.offset);
         }

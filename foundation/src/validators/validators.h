@@ -4,7 +4,8 @@
 
 /// Predicates behind the `format` keyword of JSON Schema, and checks on values of the command line. Each
 /// looks at the whole text, gives no reason, throws nothing, and answers in time proportional to the length
-/// of the text without recursion. Digits and letters are those of ASCII.
+/// of the text without recursion (a regular expression: to its size with repeat counts multiplied out, which
+/// is limited). Digits and letters are those of ASCII.
 namespace specloom {
 
 // Dates and times (RFC 3339, section 5.6), "T" and "Z" in either case. A second of 60 must be a leap second:
@@ -57,10 +58,8 @@ namespace specloom {
 /// space. The subtype ends at ";" or white space; what follows is not looked at.
 [[nodiscard]] bool isMediaType(std::string_view text) noexcept;
 
-/// A regular expression in the grammar of ECMAScript as modified by ISO C++ ([re.grammar]): with the classes
-/// "[:name:]", "[.x.]" and "[=x=]" between brackets, without look-behind, named groups and Unicode
-/// properties. A letter without a meaning cannot be escaped. Only the form is judged: a large repeat count is
-/// as good as a small one.
+/// A regular expression of ECMA-262 with the flag "u" as regex::Pattern reads it, so that a text has this
+/// format when it can stand in `pattern`: without backreferences, and within the limits of a pattern.
 [[nodiscard]] bool isRegex(std::string_view text) noexcept;
 
 /// An absolute URL by the parser of the WHATWG URL Standard. A host of more than 4096 bytes may hold ASCII

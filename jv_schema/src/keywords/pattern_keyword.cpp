@@ -25,7 +25,7 @@ class PatternKeyword : public Keyword {
 
   private:
     std::string_view source_;
-    regex::TextMatcher matcher_;
+    regex::Pattern matcher_;
 };
 
 } // namespace

@@ -86,7 +86,7 @@ class Properties : public Keyword {
 
   private:
     struct ByPattern {
-        regex::TextMatcher matcher;
+        regex::Pattern matcher;
         std::string_view source;
         const Node* node;
     };

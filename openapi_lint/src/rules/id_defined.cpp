@@ -28,7 +28,7 @@ regex::Pattern wholePattern(const std::string& expression) {
     try {
         (void)regex::Pattern(expression);
         return regex::Pattern(fmt::format("^(?:{})$", expression));
-    } catch (const regex::PatternError& error) {
+    } catch (const regex::SyntaxError& error) {
         throw RuleConfigurationError(IDDefined::ruleId,
                                      fmt::format(patternInvalid, expression, error.what()));
     }
