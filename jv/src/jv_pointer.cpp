@@ -1,7 +1,5 @@
 #include "jv/jv_pointer.h"
 
-#include <algorithm> // std::ranges::equal, std::ranges::find
-
 namespace specloom::jv {
 
 void JVPointer::parse(std::string_view text) {
@@ -77,19 +75,6 @@ std::vector<std::string_view> splitString(std::string_view text, char separator)
             return pieces;
         text.remove_prefix(end + 1);
     }
-}
-
-bool matchesPattern(std::string_view pointer, std::string_view pattern) {
-    const auto segmentFits = [](std::string_view segment, std::string_view wanted) {
-        if (wanted == "*")
-            return true;
-        if (wanted.starts_with('{') && wanted.ends_with('}')) {
-            const std::vector<std::string_view> pieces = splitString(wanted, ',');
-            return std::ranges::find(pieces, segment) != pieces.end();
-        }
-        return segment == wanted;
-    };
-    return std::ranges::equal(splitString(pointer, '/'), splitString(pattern, '/'), segmentFits);
 }
 
 } // namespace specloom::jv

@@ -48,9 +48,4 @@ void childPointer(std::string& out, std::string_view base, std::size_t index);
 /// piece.
 [[nodiscard]] std::vector<std::string_view> splitString(std::string_view text, char separator);
 
-/// Whether the text of a pointer fits a pattern, segment by segment and without unescaping. A segment "*"
-/// fits any one segment. A segment "{a,b,c}" fits each of its pieces between the commas; the braces belong to
-/// the outer two, so that only the middle pieces serve as plain alternatives. Any other segment fits itself.
-[[nodiscard]] bool matchesPattern(std::string_view pointer, std::string_view pattern);
-
 } // namespace specloom::jv

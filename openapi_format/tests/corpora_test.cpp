@@ -4,7 +4,8 @@
 
 #include "openapi_format/formatter.h"
 
-#include "jv/jv_pointer.h"
+#include "foundation/strings.h"
+#include "regex/pattern.h"
 #include "test_support/corpora.h"
 
 #include <algorithm>   // std::count, std::find, std::sort
@@ -23,14 +24,15 @@ namespace {
 using Keys = std::vector<std::string_view>;
 
 struct PointerPattern {
-    std::string text;
+    regex::Pattern pattern;
     std::string kind;
 };
 
 constexpr const char* payload = "payload";
 
-/// Where objects of known kinds stand. Each of the functions with a kind in its name adds the pattern `at`
-/// and those of what may stand below such an object, to a fixed depth.
+/// Where objects of known kinds stand: regular expressions of whole pointers, but that a segment "*" is any
+/// one segment. Each of the functions with a kind in its name adds the pattern `at` and those of what may
+/// stand below such an object, to a fixed depth.
 class PatternList {
   public:
     PatternList() {
@@ -65,7 +67,7 @@ class PatternList {
         for (const std::string& last : {std::get<2>(shape), std::string("*")}) {
             std::get<2>(shape) = last;
             for (const PointerPattern& pattern : patterns_.contains(shape) ? patterns_.at(shape) : none_) {
-                if (jv::matchesPattern(pointer, pattern.text))
+                if (pattern.pattern.search(pointer) == regex::Pattern::Outcome::Match)
                     return &pattern;
             }
         }
@@ -74,13 +76,14 @@ class PatternList {
 
   private:
     void add(const std::string& text, const std::string& kind) {
-        patterns_[shapeOf(text)].push_back({text, kind});
+        std::string source = "^" + text + "$";
+        replaceAll(source, "*", "[^/]*");
+        patterns_[shapeOf(text)].push_back({regex::Pattern(source), kind});
     }
 
     void addPathItem(const std::string& at) {
         add(at, "pathItem");
-        // The outer pieces of braces stand for themselves with their brace, so they are left empty.
-        const std::string operation = at + "/{,get,put,post,delete,options,head,patch,trace,}";
+        const std::string operation = at + "/(?:get|put|post|delete|options|head|patch|trace)";
         add(operation, "operation");
         add(operation + "/externalDocs", "externalDocumentation");
         addParameter(at + "/parameters/*", "parameter");
@@ -126,7 +129,7 @@ class PatternList {
         if (levels == 0)
             return;
         for (const char* below :
-             {"/properties/*", "/items", "/{,allOf,oneOf,anyOf,}/*", "/additionalProperties"})
+             {"/properties/*", "/items", "/(?:allOf|oneOf|anyOf)/*", "/additionalProperties"})
             addSchema(at + below, levels - 1);
     }
 
@@ -136,7 +139,7 @@ class PatternList {
     [[nodiscard]] static Shape shapeOf(const std::string& text) {
         const std::string last = text.substr(text.rfind('/') + 1);
         return {text.substr(0, text.find('/', 1)), std::count(text.begin(), text.end(), '/'),
-                last.starts_with('{') ? "*" : last};
+                last.starts_with('(') ? "*" : last};
     }
 
     const std::vector<PointerPattern> none_;
