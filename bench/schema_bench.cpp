@@ -1,7 +1,7 @@
 #include "bench/benchmarks.h"
 #include "bench/measure.h"
 #include "jv/deser.h"
-#include "jv_schema/openapi_schema.h"
+#include "openapi/document_schema.h"
 
 #include <memory> // std::unique_ptr
 
@@ -15,8 +15,7 @@ void benchSchema(const Input& input, int rounds, Table& table) {
         std::unique_ptr<jv::JVDocument> document;
         values.add(seconds([&] { document = jv::parseDocument(input.text, options); }));
         const jv::JV& root = *document->root();
-        const jv::schema::Schema& schema =
-            jv::schema::openapiSchema(root.getRequiredString("openapi")->text());
+        const jv::schema::Schema& schema = openapi::documentSchema(root.getRequiredString("openapi")->text());
         decide.add(seconds([&] { static_cast<void>(schema.isValid(root)); }));
         explain.add(seconds([&] { static_cast<void>(schema.validate(root)); }));
     }

@@ -1,6 +1,6 @@
 #include "bench/measure.h"
 #include "jv/deser.h"
-#include "jv_schema/openapi_schema.h"
+#include "openapi/document_schema.h"
 
 #include <algorithm> // std::sort
 #include <cstdlib>   // std::atoi
@@ -19,7 +19,7 @@ int main(int argc, char** argv) {
         const jv::LoadedDocument loaded = jv::loadDocument(argv[1]);
         const jv::JV& document = *loaded.document->root();
         const jv::schema::Schema& schema =
-            jv::schema::openapiSchema(document.getRequiredString("openapi")->text());
+            specloom::openapi::documentSchema(document.getRequiredString("openapi")->text());
         specloom::bench::Samples samples;
         bool valid = false;
         for (int round = 0; round < std::atoi(argv[2]); ++round)

@@ -1,7 +1,6 @@
 #include "jv_schema/carried_schemas.h"
 
 #include "jv/json_reader.h"
-#include "jv/yaml_reader.h"
 #include "jv_schema/schema_data.h"
 
 #include <array> // std::array
@@ -38,19 +37,10 @@ constexpr std::array carried{
     Carried{"https://json-schema.org/draft/2020-12/meta/meta-data", "2020-12-meta-meta-data.json"},
     Carried{"https://json-schema.org/draft/2020-12/meta/unevaluated", "2020-12-meta-unevaluated.json"},
     Carried{"https://json-schema.org/draft/2020-12/meta/validation", "2020-12-meta-validation.json"},
-    Carried{"https://spec.openapis.org/oas/3.0/schema/WORK-IN-PROGRESS", "openapi-3.0-schema.yaml"},
-    Carried{"https://spec.openapis.org/oas/3.1/schema/WORK-IN-PROGRESS", "openapi-3.1-schema.yaml"},
-    Carried{"https://spec.openapis.org/oas/3.1/dialect/WORK-IN-PROGRESS", "openapi-3.1-dialect.yaml"},
-    Carried{"https://spec.openapis.org/oas/3.1/dialect/base", "openapi-3.1-dialect.yaml"},
-    Carried{"https://spec.openapis.org/oas/3.1/meta/WORK-IN-PROGRESS", "openapi-3.1-meta.yaml"},
-    Carried{"https://spec.openapis.org/oas/3.1/meta/base", "openapi-3.1-meta.yaml"},
-    Carried{"specloom:openapi-3.1", "openapi-3.1.yaml"},
 };
 
 [[nodiscard]] std::shared_ptr<const JV> read(std::string_view file) {
-    const std::string_view text = schemaData(file);
-    const std::shared_ptr<const JVDocument> document =
-        file.ends_with(".json") ? parseJSON(text) : parseYAML(text);
+    const std::shared_ptr<const JVDocument> document = parseJSON(schemaData(file));
     return {document, document->root()};
 }
 

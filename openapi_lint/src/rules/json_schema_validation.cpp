@@ -2,7 +2,7 @@
 
 #include <fmt/core.h>
 
-#include "jv_schema/openapi_schema.h"
+#include "openapi/document_schema.h"
 #include "openapi_lint/lint_context.h"
 
 namespace specloom::openapi_lint {
@@ -20,7 +20,7 @@ std::string textOf(const jv::schema::ValidationError& error) {
 
 void JSONSchemaValidation::check(LintContext& context) {
     const openapi::OpenAPI& root = context.root();
-    const jv::schema::Schema& schema = jv::schema::openapiSchema(root.version());
+    const jv::schema::Schema& schema = openapi::documentSchema(root.version());
     const jv::JV& document = *context.document->source().root();
     if (schema.isValid(document))
         return;

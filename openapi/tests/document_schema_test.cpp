@@ -1,4 +1,4 @@
-#include "jv_schema/openapi_schema.h"
+#include "openapi/document_schema.h"
 
 #include "jv/deser.h"
 #include "jv/yaml_reader.h"
@@ -8,20 +8,26 @@
 
 #include <gtest/gtest.h>
 
-namespace specloom::jv::schema {
+namespace specloom::openapi {
 namespace {
 
 namespace fs = std::filesystem;
+using jv::formatFromPath;
+using jv::JV;
+using jv::loadDocument;
+using jv::parseYAML;
+using jv::schema::ValidationError;
 
 [[nodiscard]] std::vector<ValidationError> errorsOf(const JV& document) {
     const JV* version = document.isObject() ? document.get("openapi") : nullptr;
-    const Schema& schema = openapiSchema(version != nullptr && version->isString() ? version->text() : "");
+    const jv::schema::Schema& schema =
+        documentSchema(version != nullptr && version->isString() ? version->text() : "");
     const std::vector<ValidationError> errors = schema.validate(document);
     EXPECT_EQ(schema.isValid(document), errors.empty());
     return errors;
 }
 
-TEST(OpenapiSchema, JudgesItsOwnTestsAsTheirFoldersSay) {
+TEST(DocumentSchema, JudgesItsOwnTestsAsTheirFoldersSay) {
     SPECLOOM_NEEDS_CORPORA();
     std::size_t count = 0;
     for (const char* folder : {"tests-v3.0", "tests-v3.1"}) {
@@ -38,7 +44,7 @@ TEST(OpenapiSchema, JudgesItsOwnTestsAsTheirFoldersSay) {
     EXPECT_GT(count, 40U);
 }
 
-TEST(OpenapiSchema, LooksIntoSchemasUnlessTheyAreOfAnotherDialect) {
+TEST(DocumentSchema, LooksIntoSchemasUnlessTheyAreOfAnotherDialect) {
     const std::string text = "openapi: 3.1.0\ninfo: {title: a, version: b}\n"
                              "components: {schemas: {A: {properties: {p: {type: strin}}}}}\n";
     const auto errors = errorsOf(*parseYAML(text)->root());
@@ -51,7 +57,7 @@ TEST(OpenapiSchema, LooksIntoSchemasUnlessTheyAreOfAnotherDialect) {
     EXPECT_EQ(errorsOf(*parseYAML(ownDialect)->root()).size(), 0U);
 }
 
-TEST(OpenapiSchema, DecidesEveryDocumentOfTheCorpora) {
+TEST(DocumentSchema, DecidesEveryDocumentOfTheCorpora) {
     SPECLOOM_NEEDS_CORPORA();
     for (const char* folder : {"openapi", "pairs"}) {
         for (const fs::path& path : test_support::filesBelow(test_support::corporaFolder() / folder, "")) {
@@ -70,4 +76,4 @@ TEST(OpenapiSchema, DecidesEveryDocumentOfTheCorpora) {
 }
 
 } // namespace
-} // namespace specloom::jv::schema
+} // namespace specloom::openapi
