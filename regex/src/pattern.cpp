@@ -8,32 +8,28 @@
 
 namespace specloom::regex {
 
-namespace {
-
-struct Machine {
-    explicit Machine(const SyntaxTree& tree) : set(compile(tree)), matcher(set) {}
-
-    [[nodiscard]] Pattern::Outcome search(std::string_view text) const {
-        // Two searches at once are rare: the second one works with a memory of its own.
-        if (busy.test_and_set(std::memory_order_acquire))
-            return Matcher(set).search(text);
-        struct Release {
-            std::atomic_flag& flag;
-            ~Release() { flag.clear(std::memory_order_release); }
-        };
-        const Release release{busy};
-        return matcher.search(text);
-    }
-
-    AutomatonSet set;
-    /// Of the one search that holds `busy`.
-    mutable Matcher matcher;
-    mutable std::atomic_flag busy;
-};
-
-} // namespace
-
 struct Pattern::Program {
+    struct Machine {
+        explicit Machine(const SyntaxTree& tree) : set(compile(tree)), matcher(set) {}
+
+        [[nodiscard]] Pattern::Outcome search(std::string_view text) const {
+            // Two searches at once are rare: the second one works with a memory of its own.
+            if (busy.test_and_set(std::memory_order_acquire))
+                return Matcher(set).search(text);
+            struct Release {
+                std::atomic_flag& flag;
+                ~Release() { flag.clear(std::memory_order_release); }
+            };
+            const Release release{busy};
+            return matcher.search(text);
+        }
+
+        AutomatonSet set;
+        /// Of the one search that holds `busy`.
+        mutable Matcher matcher;
+        mutable std::atomic_flag busy;
+    };
+
     explicit Program(const SyntaxTree& tree) : shortcut(Shortcut::of(tree)) {
         if (!shortcut)
             machine.emplace(tree);

@@ -23,7 +23,7 @@ struct Quantifier {
     bool greedy = true;
 };
 
-std::optional<char32_t> hexDigit(char character) {
+std::optional<char32_t> hexValue(char character) {
     if (character >= '0' && character <= '9')
         return character - '0';
     if (character >= 'a' && character <= 'f')
@@ -383,7 +383,7 @@ class Parser {
     char32_t hexNumber(std::size_t digits, std::size_t begin) {
         char32_t value = 0;
         for (std::size_t i = 0; i < digits; ++i) {
-            const auto digit = hexDigit(peek());
+            const auto digit = hexValue(peek());
             if (!digit)
                 fail("Invalid escape", begin);
             value = value * 16 + *digit;
@@ -396,7 +396,7 @@ class Parser {
         if (skip("{")) {
             char32_t value = 0;
             const std::size_t digits = position_;
-            while (const auto digit = hexDigit(peek())) {
+            while (const auto digit = hexValue(peek())) {
                 value = std::min<char32_t>(value * 16 + *digit, lastCodePoint + 1);
                 ++position_;
             }
