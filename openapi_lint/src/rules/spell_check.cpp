@@ -10,10 +10,10 @@
 
 #include "foundation/file_system.h"
 #include "foundation/strings.h"
+#include "markdown/parser.h"
 #include "openapi_lint/dictionary.h"
-#include "openapi_lint/markdown.h"
-#include "openapi_lint/markdown_texts.h"
 #include "openapi_lint/rule_options.h"
+#include "openapi_lint/texts_handler.h"
 #include "openapi_lint/words.h"
 
 namespace specloom::openapi_lint {
@@ -112,13 +112,13 @@ std::unique_ptr<Dictionary> readDictionary(const SpellCheckOptions& options, con
 
 /// The words of a text without its code, HTML and destinations. U+FFFD stands for what is left out, so that
 /// the end of "`id`s" is no word of its own.
-class Prose final : public MarkdownHandler {
+class Prose final : public markdown::Handler {
   public:
     void text(std::string_view piece) override { prose_ += piece; }
     void lineEnd() override { prose_ += '\n'; }
     void code() override { prose_ += "\uFFFD"; }
     void html() override { prose_ += ' '; }
-    void link(const MarkdownLink& link) override { titles_.append(link.title).append("\n"); }
+    void link(const markdown::Link& link) override { titles_.append(link.title).append("\n"); }
     /// The titles of links stand behind the rest: they must not come between parts of a word.
     [[nodiscard]] std::string take() { return std::move(prose_.append("\n").append(titles_)); }
 
@@ -128,21 +128,21 @@ class Prose final : public MarkdownHandler {
 };
 
 /// Titles and summaries are plain text, but authors put code in backticks there too.
-std::string proseOf(const NodeTexts& texts) {
+std::string proseOf(const openapi::NodeTexts& texts) {
     Prose prose;
     for (const auto& text : {texts.title, texts.summary, texts.description})
         if (text)
-            parseMarkdown(*text, prose);
+            markdown::parse(*text, prose);
     return prose.take();
 }
 
-class SpellCheckHandler final : public MarkdownTextsHandler {
+class SpellCheckHandler final : public TextsHandler {
   public:
     SpellCheckHandler(const Rule& rule, LintContext& context, Dictionary& dictionary, const Words& accepted)
-        : MarkdownTextsHandler(rule, context), dictionary_(dictionary), accepted_(accepted) {}
+        : TextsHandler(rule, context), dictionary_(dictionary), accepted_(accepted) {}
 
   protected:
-    void visitTexts(const openapi::Node& node, const NodeTexts& texts) override {
+    void visitTexts(const openapi::Node& node, const openapi::NodeTexts& texts) override {
         const std::string prose = proseOf(texts);
         std::unordered_set<std::string_view> reported;
         for (const Word& word : wordsOf(prose)) {

@@ -3,19 +3,19 @@
 #include <string>      // std::string
 #include <string_view> // std::string_view
 
-namespace specloom::openapi_lint {
+namespace specloom::markdown {
 
 /// A link or an image.
-struct MarkdownLink {
+struct Link {
     std::string destination;             ///< with known character references resolved
     std::string_view writtenDestination; ///< with all of them as they are; good until the hook ends
     std::string title;                   ///< empty when there is none
 };
 
-/// What parseMarkdown() tells about a text. All hooks do nothing here.
-class MarkdownHandler {
+/// What parse() tells about a text. All hooks do nothing here.
+class Handler {
   public:
-    virtual ~MarkdownHandler() = default;
+    virtual ~Handler() = default;
 
     /// A piece of the text that a reader sees; a word may come in several pieces. Characters that were
     /// written as character references come as themselves, and as U+FFFD where their name is not known.
@@ -27,16 +27,16 @@ class MarkdownHandler {
     /// A piece of raw HTML: a block or an inline tag.
     virtual void html() {}
     /// Before the text of the link.
-    virtual void link(const MarkdownLink& /*link*/) {}
+    virtual void link(const Link& /*link*/) {}
 
   protected:
-    MarkdownHandler() = default;
-    MarkdownHandler(const MarkdownHandler&) = default;
-    MarkdownHandler& operator=(const MarkdownHandler&) = default;
+    Handler() = default;
+    Handler(const Handler&) = default;
+    Handler& operator=(const Handler&) = default;
 };
 
 /// Parses CommonMark (version 0.30), without extensions, in time in proportion to the text. What a hook
 /// throws ends the parse.
-void parseMarkdown(std::string_view text, MarkdownHandler& handler);
+void parse(std::string_view text, Handler& handler);
 
-} // namespace specloom::openapi_lint
+} // namespace specloom::markdown

@@ -1,4 +1,4 @@
-#include "openapi_lint/markdown.h"
+#include "markdown/parser.h"
 
 #include <algorithm> // std::find_if
 #include <array>     // std::array
@@ -11,7 +11,7 @@
 #include <md4c.h>
 #include <utf8cpp/utf8.h>
 
-namespace specloom::openapi_lint {
+namespace specloom::markdown {
 namespace {
 
 constexpr std::string_view replacementCharacter = "\uFFFD";
@@ -74,7 +74,7 @@ std::string attributeText(const MD_ATTRIBUTE& attribute) {
     return text;
 }
 
-MarkdownLink toLink(const MD_ATTRIBUTE& destination, const MD_ATTRIBUTE& title) {
+Link toLink(const MD_ATTRIBUTE& destination, const MD_ATTRIBUTE& title) {
     return {.destination = attributeText(destination),
             .writtenDestination = {destination.text, destination.size},
             .title = attributeText(title)};
@@ -83,21 +83,21 @@ MarkdownLink toLink(const MD_ATTRIBUTE& destination, const MD_ATTRIBUTE& title) 
 /// The parser is written in C: exceptions must not pass through it.
 class Callbacks {
   public:
-    explicit Callbacks(MarkdownHandler& handler) : handler_(handler) {}
+    explicit Callbacks(Handler& handler) : handler_(handler) {}
 
     void parse(std::string_view text) {
         MD_PARSER parser{};
         parser.flags = MD_DIALECT_COMMONMARK;
         parser.enter_block = [](MD_BLOCKTYPE, void*, void*) { return 0; };
         parser.leave_block = [](MD_BLOCKTYPE, void*, void* self) {
-            return guarded(self, [](MarkdownHandler& handler) { handler.lineEnd(); });
+            return guarded(self, [](Handler& handler) { handler.lineEnd(); });
         };
         parser.enter_span = [](MD_SPANTYPE type, void* detail, void* self) {
-            return guarded(self, [&](MarkdownHandler& handler) { enterSpan(type, detail, handler); });
+            return guarded(self, [&](Handler& handler) { enterSpan(type, detail, handler); });
         };
         parser.leave_span = [](MD_SPANTYPE, void*, void*) { return 0; };
         parser.text = [](MD_TEXTTYPE type, const MD_CHAR* piece, MD_SIZE size, void* self) {
-            return guarded(self, [&](MarkdownHandler& handler) { showText(type, {piece, size}, handler); });
+            return guarded(self, [&](Handler& handler) { showText(type, {piece, size}, handler); });
         };
         const int status = md_parse(text.data(), static_cast<MD_SIZE>(text.size()), &parser, this);
         if (failure_)
@@ -119,7 +119,7 @@ class Callbacks {
         }
     }
 
-    static void enterSpan(MD_SPANTYPE type, const void* detail, MarkdownHandler& handler) {
+    static void enterSpan(MD_SPANTYPE type, const void* detail, Handler& handler) {
         if (type == MD_SPAN_A) {
             const auto& link = *static_cast<const MD_SPAN_A_DETAIL*>(detail);
             handler.link(toLink(link.href, link.title));
@@ -131,7 +131,7 @@ class Callbacks {
         }
     }
 
-    static void showText(MD_TEXTTYPE type, std::string_view text, MarkdownHandler& handler) {
+    static void showText(MD_TEXTTYPE type, std::string_view text, Handler& handler) {
         switch (type) {
         case MD_TEXT_NORMAL:
             handler.text(text);
@@ -157,14 +157,14 @@ class Callbacks {
         }
     }
 
-    MarkdownHandler& handler_;
+    Handler& handler_;
     std::exception_ptr failure_;
 };
 
 } // namespace
 
-void parseMarkdown(std::string_view text, MarkdownHandler& handler) {
+void parse(std::string_view text, Handler& handler) {
     Callbacks(handler).parse(text);
 }
 
-} // namespace specloom::openapi_lint
+} // namespace specloom::markdown
