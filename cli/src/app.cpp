@@ -28,7 +28,9 @@ constexpr std::unique_ptr<Command> (*commandTable[])() = {
 
 } // namespace
 
-App::App() : parser_("specloom", SPECLOOM_VERSION) {
+App::App(WithoutTelemetry) : parser_("specloom", SPECLOOM_VERSION) {}
+
+App::App() : App(WithoutTelemetry{}) {
     telemetry::initTelemetry(".specloom.telemetry");
 }
 
@@ -51,6 +53,12 @@ std::int32_t App::run(int argc, char** argv) {
             return command->run();
     }
     return exit_status::noCommand;
+}
+
+CommandDescription App::describeCommandLine() {
+    App app(WithoutTelemetry{});
+    app.registerCommands();
+    return app.parser_.describe();
 }
 
 } // namespace specloom::cli

@@ -35,7 +35,13 @@ class App {
     /// is an exception.
     [[nodiscard]] std::int32_t run(int argc, char** argv);
 
+    /// The whole command line, without a run: no telemetry file is written.
+    [[nodiscard]] static CommandDescription describeCommandLine();
+
   private:
+    struct WithoutTelemetry {};
+    explicit App(WithoutTelemetry);
+
     ArgumentParser parser_;
     std::vector<std::unique_ptr<Command>> commands_;
 };

@@ -1,27 +1,80 @@
 #include "cli/argument_parser.h"
 
+#include <algorithm> // std::replace, std::sort
+
 #include <argparse/argparse.hpp>
 
 namespace specloom::cli {
+namespace {
 
+/// The place holder where none was given: the argument's name in capitals, without dashes before it.
+std::string placeHolder(std::string_view name) {
+    std::string result(name.substr(std::min(name.find_first_not_of('-'), name.size())));
+    std::replace(result.begin(), result.end(), '-', '_');
+    for (char& c : result)
+        if (c >= 'a' && c <= 'z')
+            c = static_cast<char>(c - 'a' + 'A');
+    return result;
+}
+
+} // namespace
+
+/// argparse's parser, which does not give back what it was told, and a record of that.
 struct ArgumentParser::Parser : argparse::ArgumentParser {
-    using argparse::ArgumentParser::ArgumentParser;
+    Parser(std::string_view name, std::string_view version)
+        : argparse::ArgumentParser(std::string(name), std::string(version)) {
+        described.name = name;
+        // argparse's own, with its words.
+        described.options = {
+            {.names = {"-h", "--help"}, .help = "shows help message and exits"},
+            {.names = {"-v", "--version"}, .help = "prints version information and exits"},
+        };
+    }
 
     argparse::Argument& add(std::string_view name, const ArgumentHelp& help) {
         argparse::Argument& argument = add_argument(name).help(std::string(help.help));
         if (!help.metavar.empty())
             argument.metavar(std::string(help.metavar));
+        auto& list = name.starts_with('-') ? described.options : described.positionals;
+        list.push_back({.names = {std::string(name)}, .help = std::string(help.help)});
         return argument;
     }
+
+    /// The same for an argument with a value.
+    argparse::Argument& addValued(std::string_view name, const ArgumentHelp& help) {
+        argparse::Argument& argument = add(name, help);
+        ArgumentDescription& description = lastOf(name);
+        description.metavar = help.metavar.empty() ? placeHolder(name) : std::string(help.metavar);
+        description.kind = help.kind;
+        description.values.assign(help.values.begin(), help.values.end());
+        return argument;
+    }
+
+    ArgumentDescription& lastOf(std::string_view name) {
+        return name.starts_with('-') ? described.options.back() : described.positionals.back();
+    }
+
+    [[nodiscard]] CommandDescription describe() const {
+        CommandDescription result = described;
+        for (const Parser* parser : attached) // a tree that the commands lay out, a few levels deep
+            result.commands.push_back(parser->describe());
+        std::sort(result.commands.begin(), result.commands.end(),
+                  [](const CommandDescription& a, const CommandDescription& b) { return a.name < b.name; });
+        return result;
+    }
+
+    CommandDescription described; // without the commands below it, which may still grow
+    std::vector<const Parser*> attached;
 };
 
 ArgumentParser::ArgumentParser(std::string_view programName, std::string_view version)
-    : parser_(std::make_unique<Parser>(std::string(programName), std::string(version))) {}
+    : parser_(std::make_unique<Parser>(programName, version)) {}
 
 ArgumentParser::~ArgumentParser() = default;
 
 void ArgumentParser::addDescription(std::string_view description) {
     parser_->add_description(std::string(description));
+    parser_->described.description = description;
 }
 
 void ArgumentParser::addFlag(std::string_view name, const ArgumentHelp& help) {
@@ -29,7 +82,7 @@ void ArgumentParser::addFlag(std::string_view name, const ArgumentHelp& help) {
 }
 
 void ArgumentParser::addOption(std::string_view name, const ArgumentHelp& help) {
-    parser_->add(name, help).nargs(1);
+    parser_->addValued(name, help).nargs(1);
 }
 
 void ArgumentParser::addOption(std::string_view name, const ArgumentHelp& help,
@@ -41,21 +94,32 @@ void ArgumentParser::addOption(std::string_view name, const ArgumentHelp& help, 
                                std::initializer_list<std::string_view> choices) {
     // A default value behind nargs() would make the value itself optional: one that is no choice would then
     // be left to the positional arguments.
-    argparse::Argument& argument = parser_->add(name, help).default_value(std::string(defaultValue)).nargs(1);
-    for (const std::string_view choice : choices)
+    argparse::Argument& argument =
+        parser_->addValued(name, help).default_value(std::string(defaultValue)).nargs(1);
+    ArgumentDescription& description = parser_->lastOf(name);
+    description.defaultValue = defaultValue;
+    for (const std::string_view choice : choices) {
         argument.add_choice(std::string(choice));
+        description.values.emplace_back(choice);
+    }
 }
 
 void ArgumentParser::addPositional(std::string_view name, const ArgumentHelp& help) {
-    parser_->add(name, help).nargs(1);
+    parser_->addValued(name, help).nargs(1);
 }
 
 void ArgumentParser::addPositionals(std::string_view name, const ArgumentHelp& help) {
-    parser_->add(name, help).nargs(argparse::nargs_pattern::at_least_one);
+    parser_->addValued(name, help).nargs(argparse::nargs_pattern::at_least_one);
+    parser_->lastOf(name).repeats = true;
 }
 
 void ArgumentParser::addSubparser(ArgumentParser& parser) {
     parser_->add_subparser(*parser.parser_);
+    parser_->attached.push_back(parser.parser_.get());
+}
+
+CommandDescription ArgumentParser::describe() const {
+    return parser_->describe();
 }
 
 void ArgumentParser::parse(const std::vector<std::string>& arguments) {

@@ -7,12 +7,16 @@
 #include <string_view>      // std::string_view
 #include <vector>           // std::vector
 
+#include "cli/command_line.h"
+
 namespace specloom::cli {
 
-/// How an argument stands in usage and help texts.
+/// How an argument stands in usage and help texts, and what is known of its value.
 struct ArgumentHelp {
     std::string_view help;
     std::string_view metavar = {}; // the value's place holder; none leaves the parser's own
+    ValueKind kind = ValueKind::Text;
+    std::vector<std::string_view> values = {}; // that are offered; unlike choices they are not checked
 };
 
 /// The command line's grammar and, after parse(), what it holds. A thin layer over argparse: that header
@@ -52,6 +56,9 @@ class ArgumentParser {
     /// `parser` takes over behind its program's name. It is held by reference and must outlive this parser's
     /// use.
     void addSubparser(ArgumentParser& parser);
+
+    /// What was added so far, to this parser and to those attached to it, the default arguments first.
+    [[nodiscard]] CommandDescription describe() const;
 
     /// Reads a command line, the program's name first. Throws std::runtime_error or std::logic_error with
     /// argparse's text.

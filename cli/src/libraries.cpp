@@ -46,6 +46,13 @@ constexpr Row rows[] = {
 
 } // namespace
 
+std::vector<std::string_view> libraryNames() {
+    std::vector<std::string_view> names;
+    for (const Row& row : rows)
+        names.push_back(row.name);
+    return names;
+}
+
 const std::vector<LibraryInfo>& libraries() {
     static const std::vector<LibraryInfo> table = [] {
         std::vector<LibraryInfo> result;

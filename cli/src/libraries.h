@@ -18,6 +18,9 @@ struct LibraryInfo {
 /// The libraries, in the order in which they are printed. Built on first use.
 [[nodiscard]] const std::vector<LibraryInfo>& libraries();
 
+/// Their names, in the same order.
+[[nodiscard]] std::vector<std::string_view> libraryNames();
+
 inline constexpr std::string_view librariesHeading =
     "Spec Loom uses the following open-source libraries:\n\n";
 

@@ -156,4 +156,37 @@ TEST(Documentation, EveryRelativeLinkLeadsSomewhere) {
     EXPECT_GT(links, 0u);
 }
 
+/// The libraries that the program itself is built with, by the names by which CMake looks for them.
+std::vector<std::string> librariesOfTheProgram() {
+    const std::string file = textOf(root / "cmake/SpecloomDependencies.cmake");
+    const std::string mandatory = file.substr(0, file.find("if(SPECLOOM_TESTS)"));
+    std::vector<std::string> result;
+    for (const char* call : {"find_package(", "pkg_check_modules("})
+        for (const std::string& name : between(mandatory, call, ' '))
+            if (name != "PkgConfig") // finds libraries and is none
+                result.push_back(name);
+    return result;
+}
+
+TEST(Licenses, ThePageHasEveryLibraryOfTheProgram) {
+    const std::string page = textOf(root / "docs/licenses.md");
+    const std::vector<std::string> libraries = librariesOfTheProgram();
+    ASSERT_GT(libraries.size(), 5u);
+    for (const std::string& library : libraries)
+        EXPECT_NE(page.find("| `" + library + "` |"), std::string::npos) << library;
+}
+
+TEST(Licenses, EveryTextThatThePageNamesIsInstalled) {
+    std::size_t texts = 0;
+    for (const std::string& name : between(textOf(root / "docs/licenses.md"), "`", '`')) {
+        if (!name.ends_with(".txt"))
+            continue;
+        ++texts;
+        EXPECT_TRUE(fs::exists(root / "cli/licenses" / name) ||
+                    fs::exists(root / "packaging/licenses" / name))
+            << name;
+    }
+    EXPECT_GT(texts, 5u);
+}
+
 } // namespace

@@ -38,15 +38,16 @@ std::unique_ptr<openapi::ReadResult> read(const char* spanName, const std::strin
 
 void DiffCommand::configure(App& app) {
     parser.addDescription("Compares two OpenAPI files and prints the differences.");
-    parser.addOption("--config", {.help = "Path to the configuration file."});
+    parser.addOption("--config", {.help = "Path to the configuration file.", .kind = ValueKind::Document});
     parser.addOption("--report", {.help = "Specifies what to print"}, "changelog",
                      {"status", "changelog", "detailed"});
     parser.addOption("--formatter", {.help = "Specifies the formatter"}, "stylish",
                      {"html", "json", "markdown", "stylish", "unix", "visualstudio"});
     parser.addFlag("--update-version",
                    {.help = "Updates the version of the OpenAPI file to the minimal suggested version."});
-    parser.addPositional("source_file", {.help = "Path to the original OpenAPI file."});
-    parser.addPositional("dest_file", {.help = "Path to final OpenAPI file."});
+    parser.addPositional("source_file",
+                         {.help = "Path to the original OpenAPI file.", .kind = ValueKind::Document});
+    parser.addPositional("dest_file", {.help = "Path to final OpenAPI file.", .kind = ValueKind::Document});
     app.addCommandLine(parser);
 }
 

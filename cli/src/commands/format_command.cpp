@@ -66,9 +66,15 @@ void formatTo(const openapi_format::Formatter& formatter, const std::string& fil
 
 void FormatCommand::configure(App& app) {
     parser.addDescription("Format one or more OpenAPI files.");
-    parser.addOption("--config", {.help = "Path to the configuration file.", .metavar = "CONFIG"});
-    parser.addOption("--output", {.help = "Path to the output file or directory.", .metavar = "OUTPUT"});
-    parser.addPositionals("files", {.help = "Path to OpenAPI files to format.", .metavar = "FILES"});
+    parser.addOption(
+        "--config",
+        {.help = "Path to the configuration file.", .metavar = "CONFIG", .kind = ValueKind::Document});
+    parser.addOption(
+        "--output",
+        {.help = "Path to the output file or directory.", .metavar = "OUTPUT", .kind = ValueKind::Document});
+    parser.addPositionals(
+        "files",
+        {.help = "Path to OpenAPI files to format.", .metavar = "FILES", .kind = ValueKind::Document});
     app.addCommandLine(parser);
 }
 

@@ -1,9 +1,11 @@
 #include "cli/commands/license_command.h"
 
-#include <algorithm> // std::find_if
-#include <iostream>  // std::cout
-#include <optional>  // std::optional
-#include <string>    // std::string
+#include <algorithm>   // std::find_if
+#include <iostream>    // std::cout
+#include <optional>    // std::optional
+#include <string>      // std::string
+#include <string_view> // std::string_view
+#include <vector>      // std::vector
 
 #include <fmt/format.h>
 
@@ -16,10 +18,10 @@ namespace {
 
 void printNames() {
     std::string names;
-    for (const LibraryInfo& library : libraries()) {
+    for (const std::string_view name : libraryNames()) {
         if (!names.empty())
             names += ", ";
-        names += library.name;
+        names += name;
     }
     std::cout << librariesHeading << fmt::format("{0}\n", names);
 }
@@ -47,7 +49,8 @@ void printLicenses() {
 void LicenseCommand::configure(App& app) {
     parser.addDescription("Show licenses of 3rd party libraries used in this project.");
     parser.addFlag("--list", {.help = "List all 3rd party libraries used in this project."});
-    parser.addOption("--library", {.help = "Name of the library to show license for."});
+    parser.addOption("--library",
+                     {.help = "Name of the library to show license for.", .values = libraryNames()});
     app.addCommandLine(parser);
 }
 

@@ -9,6 +9,7 @@
 #include "cli/config_file.h"
 #include "cli/exit_status.h"
 #include "openapi/reader.h"
+#include "openapi_lint/formatter_registry.h"
 #include "openapi_lint/linter.h"
 #include "telemetry/telemetry.h"
 
@@ -39,10 +40,15 @@ std::unique_ptr<openapi::ReadResult> read(const std::string& path,
 
 void LintCommand::configure(App& app) {
     parser.addDescription("Lint one or more OpenAPI files.");
-    parser.addOption("--config", {.help = "Path to the configuration file.", .metavar = "CONFIG"});
+    parser.addOption(
+        "--config",
+        {.help = "Path to the configuration file.", .metavar = "CONFIG", .kind = ValueKind::Document});
     parser.addFlag("--fix", {.help = "Automatically fixes problems where possible."});
-    parser.addOption("--formatter", {.help = "Specifies the formatter"}, "stylish");
-    parser.addPositionals("files", {.help = "Path to OpenAPI files to lint.", .metavar = "FILES"});
+    parser.addOption("--formatter",
+                     {.help = "Specifies the formatter", .values = openapi_lint::formatterNames()},
+                     "stylish");
+    parser.addPositionals(
+        "files", {.help = "Path to OpenAPI files to lint.", .metavar = "FILES", .kind = ValueKind::Document});
     app.addCommandLine(parser);
 }
 
