@@ -1,6 +1,11 @@
 #include "cli/argument_parser.h"
 
+#include <exception> // std::exception
+#include <stdexcept> // std::runtime_error
+
 #include <argparse/argparse.hpp>
+
+#include "foundation/message.h"
 
 namespace specloom::cli {
 
@@ -59,7 +64,12 @@ void ArgumentParser::addSubparser(ArgumentParser& parser) {
 }
 
 void ArgumentParser::parse(const std::vector<std::string>& arguments) {
-    parser_->parse_args(arguments);
+    try {
+        parser_->parse_args(arguments);
+    } catch (const std::exception& error) {
+        // The library quotes the arguments as they are, and its texts are of one line.
+        throw std::runtime_error(formatMessage("{}", error.what()));
+    }
 }
 
 bool ArgumentParser::isSubcommandUsed(std::string_view name) const {
