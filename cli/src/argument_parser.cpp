@@ -1,8 +1,12 @@
 #include "cli/argument_parser.h"
 
 #include <algorithm> // std::replace, std::sort
+#include <exception> // std::exception
+#include <stdexcept> // std::runtime_error
 
 #include <argparse/argparse.hpp>
+
+#include "foundation/message.h"
 
 namespace specloom::cli {
 namespace {
@@ -123,7 +127,12 @@ CommandDescription ArgumentParser::describe() const {
 }
 
 void ArgumentParser::parse(const std::vector<std::string>& arguments) {
-    parser_->parse_args(arguments);
+    try {
+        parser_->parse_args(arguments);
+    } catch (const std::exception& error) {
+        // The library quotes the arguments as they are, and its texts are of one line.
+        throw std::runtime_error(formatMessage("{}", error.what()));
+    }
 }
 
 bool ArgumentParser::isSubcommandUsed(std::string_view name) const {

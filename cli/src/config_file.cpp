@@ -4,6 +4,7 @@
 
 #include <fmt/format.h>
 
+#include "foundation/message.h"
 #include "jv/deser.h"
 
 namespace specloom::cli {
@@ -14,14 +15,14 @@ void ConfigFile::load(std::string_view path) {
     if (version == nullptr || !version->isString())
         throw ConfigFileError("Missing configuration version.", document_->root()->pos());
     if (version->text() != "1.0")
-        throw ConfigFileError(fmt::format("Unsupported configuration version: '{}'.", version->text()),
+        throw ConfigFileError(formatMessage("Unsupported configuration version: '{}'.", version->text()),
                               version->pos());
 }
 
 const jv::JV* ConfigFile::commandSection(std::string_view name) const {
     const jv::JV* section = document_ ? document_->lookup(fmt::format("/commands/{}", name)) : nullptr;
     if (section != nullptr && !section->isObject())
-        throw ConfigFileError(fmt::format("An object is expected for '{}'", name), jv::Pos{});
+        throw ConfigFileError(formatMessage("An object is expected for '{}'", name), jv::Pos{});
     return section;
 }
 
@@ -37,7 +38,7 @@ void readConfigFile(ConfigFile& file, std::string_view path, const std::function
         file.load(path);
         apply();
     } catch (const jv::JVError& error) {
-        throw ConfigFileError(error.what(), error.value() == nullptr ? jv::Pos{} : error.value()->pos());
+        throw ConfigFileError(Message(error), error.value() == nullptr ? jv::Pos{} : error.value()->pos());
     }
 }
 

@@ -6,6 +6,7 @@
 #include <string>      // std::string
 #include <string_view> // std::string_view
 
+#include "foundation/message.h"
 #include "jv/jv_document.h"
 
 namespace specloom::cli {
@@ -13,7 +14,8 @@ namespace specloom::cli {
 /// A configuration file that can be read but not be used.
 class ConfigFileError : public std::runtime_error {
   public:
-    ConfigFileError(const std::string& text, jv::Pos pos) : std::runtime_error(text), pos_(pos) {}
+    ConfigFileError(const Message& message, jv::Pos pos)
+        : std::runtime_error(message.composed()), pos_(pos) {}
 
     /// Where the value at fault begins, counted as the format's reader counts; -1, -1 when that is not known.
     [[nodiscard]] jv::Pos pos() const noexcept { return pos_; }

@@ -5,6 +5,7 @@
 
 #include "cli/app.h"
 #include "cli/exit_status.h"
+#include "foundation/printable.h"
 
 using namespace specloom::cli;
 
@@ -19,7 +20,8 @@ int main(int argc, char** argv) {
             throw std::runtime_error("Failed to write to standard output.");
         return status;
     } catch (const std::exception& error) {
-        std::cout << error.what() << '\n';
+        // Our own texts are printable already. Those of a library may be not.
+        std::cout << specloom::printableLines(error.what()) << '\n';
     } catch (...) {
         std::cout << "Unknown error.\n";
     }

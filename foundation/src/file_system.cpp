@@ -5,15 +5,21 @@
 #include <stdexcept>    // std::runtime_error
 #include <system_error> // std::error_code
 
-#include <fmt/format.h>
+#include "foundation/message.h"
 
 namespace fs = std::filesystem;
 
 namespace specloom {
 namespace {
 
+/// The standard error of an operation on files. Its text is the library's and quotes the path, so that the
+/// path is cleaned here.
+fs::filesystem_error fileSystemError(const char* operation, std::string_view path, std::error_code error) {
+    return {operation, pathFromUtf8(messageArgument(path)), error};
+}
+
 std::runtime_error failure(std::string_view text, std::string_view path) {
-    return std::runtime_error(fmt::format("{}: {}", text, path));
+    return std::runtime_error(formatMessage("{}: {}", text, path));
 }
 
 /// Appends the rest of `stream` to `content`; false when a read fails before the end.
@@ -37,12 +43,20 @@ std::string pathToUtf8(const fs::path& path) {
     return std::string(text.begin(), text.end());
 }
 
+std::string canonicalPath(std::string_view path) {
+    std::error_code error;
+    const fs::path result = fs::canonical(pathFromUtf8(path), error);
+    if (error)
+        throw fileSystemError("cannot make canonical path", path, error);
+    return pathToUtf8(result);
+}
+
 bool LocalFileSystem::exists(std::string_view path) const {
     const fs::path file = pathFromUtf8(path);
     std::error_code error;
     const bool result = fs::exists(file, error);
     if (error)
-        throw fs::filesystem_error("exists", file, error);
+        throw fileSystemError("exists", path, error);
     return result;
 }
 
@@ -51,7 +65,7 @@ std::string LocalFileSystem::readFile(std::string_view path) const {
     std::error_code error;
     const fs::file_status status = fs::status(file, error);
     if (!fs::status_known(status))
-        throw fs::filesystem_error("status", file, error);
+        throw fileSystemError("status", path, error);
     if (!fs::exists(status))
         throw failure("File does not exist", path);
 
@@ -59,7 +73,7 @@ std::string LocalFileSystem::readFile(std::string_view path) const {
     if (fs::is_regular_file(status) || fs::is_directory(status)) {
         const std::uintmax_t size = fs::file_size(file, error);
         if (error)
-            throw fs::filesystem_error("file_size", file, error);
+            throw fileSystemError("file_size", path, error);
         content.reserve(size);
     }
 
@@ -78,7 +92,7 @@ void LocalFileSystem::createDirectories(std::string_view path) {
     std::error_code error;
     fs::create_directories(folder, error);
     if (error)
-        throw fs::filesystem_error("create_directories", folder, error);
+        throw fileSystemError("create_directories", pathToUtf8(folder), error);
 }
 
 void LocalFileSystem::writeFile(std::string_view path, std::string_view content) {

@@ -12,6 +12,10 @@ namespace specloom {
 /// The UTF-8 form of a platform path, as the program prints and stores it.
 [[nodiscard]] std::string pathToUtf8(const std::filesystem::path& path);
 
+/// `path` from the root of the file system, without links. Throws as std::filesystem::canonical does when
+/// nothing stands there.
+[[nodiscard]] std::string canonicalPath(std::string_view path);
+
 /// File access as the generators and loaders use it, so that they can run against something other than the
 /// disk. All paths are UTF-8. Throws as LocalFileSystem tells.
 class FileSystem {

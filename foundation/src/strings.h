@@ -5,8 +5,6 @@
 #include <string>      // std::string
 #include <string_view> // std::string_view
 
-#include "foundation/unreachable.h"
-
 /// The toolbox for byte strings. Characters are classified one byte at a time, in the C locale: a byte of 128
 /// and above is neither a letter nor a digit nor white space, and has no case.
 namespace specloom {
@@ -42,63 +40,6 @@ void replaceAny(std::string& text, std::string_view characters, std::string_view
 /// its last line and is not repeated; an empty text has no lines.
 [[nodiscard]] std::string indentLines(std::string_view text, std::size_t count);
 
-/// Replaces & < > " { } by character references: the braces too, because the text goes through templates and
-/// component languages that take them for code.
-[[nodiscard]] std::string escapeHtml(std::string_view text);
-
-/// escapeHtml(), then escapeDoubleQuoted(): for HTML inside of a string literal.
-[[nodiscard]] std::string escapeHtmlDoubleQuoted(std::string_view text);
-
-/// Writes backslash, \b, \f, \n, \r, \t and the single quote as backslash escapes. All other bytes, control
-/// characters and those of 128 and above included, stay as they are, so that UTF-8 passes unharmed.
-[[nodiscard]] std::string escapeSingleQuoted(std::string_view text);
-
-/// The same with the double quote for the single one.
-[[nodiscard]] std::string escapeDoubleQuoted(std::string_view text);
-
-/// The naming conventions of generated code.
-enum class CaseStyle {
-    Camel = 1,
-    Const = 2,
-    Kebab = 3,
-    Pascal = 4,
-    Header = 5,
-    Snake = 6,
-};
-
-/// The style's name written in the style itself, such as "camelCase"; an unreachable path for any other
-/// value.
-[[nodiscard]] std::string_view caseStyleName(CaseStyle style);
-
-/// The conversion that belongs to `style`; an unreachable path for any other value.
-[[nodiscard]] std::string convertCase(std::string_view text, CaseStyle style);
-
-// Each conversion finds its words by a rule of its own, and they differ on purpose. Separators are the blank
-// and
-// - / _ { } (the dot is none).
-
-/// Runs between separators, each with its first byte upper-cased, the very first lower-cased: "pet_store"
-/// gives "petStore", "XMLParser" gives "xMLParser".
-[[nodiscard]] std::string toCamelCase(std::string_view text);
-
-/// toCamelCase() with the first byte upper-cased.
-[[nodiscard]] std::string toPascalCase(std::string_view text);
-
-/// A word begins at an alphanumeric byte that is the first of the text or follows a separator, and at an
-/// upper-case byte whose predecessor is not upper-case; it ends at a separator and before an upper-case byte
-/// that follows an alphanumeric one that is not. "petStore" gives "PET_STORE", "XMLParser" gives "XMLPARSER".
-[[nodiscard]] std::string toConstCase(std::string_view text);
-
-/// Every upper-case byte and every byte behind a non-alphanumeric one begins a word: "XMLParser" gives
-/// "x-m-l-parser".
-[[nodiscard]] std::string toKebabCase(std::string_view text);
-
-/// toKebabCase() with the first byte of each word upper-cased.
-[[nodiscard]] std::string toHeaderCase(std::string_view text);
-
-/// toKebabCase() with underscores.
-[[nodiscard]] std::string toSnakeCase(std::string_view text);
-
 // Text to number by strtod, strtoll and strtoull (base 10), with all that they accept: leading white space,
 // signs, and for doubles hexadecimal, "inf" and "nan". toUInt64("-1") is the largest value, as strtoull has
 // it.
@@ -112,13 +53,6 @@ enum class CaseStyle {
 [[nodiscard]] double toDouble(const std::string& text);
 [[nodiscard]] std::int64_t toInt64(const std::string& text);
 [[nodiscard]] std::uint64_t toUInt64(const std::string& text);
-
-/// The number of code points of a UTF-8 text (RFC 3629). Throws std::runtime_error with "Not enough space"
-/// when the text ends inside a sequence, and with "Invalid UTF-8" for any other fault.
-[[nodiscard]] std::size_t utf8Length(std::string_view text);
-
-/// `text` with U+FFFD in place of what is not UTF-8 (RFC 3629), so that strict readers take it.
-[[nodiscard]] std::string toValidUtf8(std::string_view text);
 
 /// `prefix` followed by `text`.
 [[nodiscard]] std::string joinWith(std::string_view prefix, std::string_view text);

@@ -1,8 +1,8 @@
 #include "foundation/uri_template.h"
 
+#include "foundation/ascii.h"
+#include "foundation/message.h"
 #include "foundation/unreachable.h"
-
-#include <fmt/format.h>
 
 namespace specloom {
 namespace {
@@ -39,17 +39,13 @@ const char* faultText(UriTemplateFault fault) {
 
 /// RFC 3986, section 2.3.
 bool isUnreserved(char c) noexcept {
-    return isAsciiAlphanumeric(c) || c == '-' || c == '.' || c == '_' || c == '~';
+    return ascii::isAlphanumeric(c) || c == '-' || c == '.' || c == '_' || c == '~';
 }
 
 /// RFC 3986, section 2.2.
 bool isReserved(char c) noexcept {
     constexpr std::string_view characters = ":/?#[]@!$&'()*+,;=";
     return characters.find(c) != std::string_view::npos;
-}
-
-unsigned hexDigit(char c) noexcept {
-    return static_cast<unsigned>(c <= '9' ? c - '0' : (c | 0x20) - 'a' + 10);
 }
 
 /// The first `count` code points of `text`. With `decodes`, as many percent-encoded triplets as make one code
@@ -60,8 +56,8 @@ std::string_view firstCodePoints(std::string_view text, std::size_t count, bool 
     std::size_t offset = 0;
     while (offset < text.size()) {
         const bool triplet = decodes && isPercentEncoded(text, offset);
-        const unsigned octet = triplet ? hexDigit(text[offset + 1]) * 16 + hexDigit(text[offset + 2])
-                                       : static_cast<unsigned char>(text[offset]);
+        const int octet = triplet ? ascii::hexValue(text[offset + 1]) * 16 + ascii::hexValue(text[offset + 2])
+                                  : static_cast<unsigned char>(text[offset]);
         const bool begins = (octet & 0xc0) != 0x80;
         if (begins && begun == count)
             break;
@@ -86,7 +82,7 @@ class Output {
 
     void append(std::string_view text) {
         if (text.size() > largest_ - text_.size())
-            throw std::length_error(fmt::format("URI template expands to more than {} bytes", largest_));
+            throw std::length_error(formatMessage("URI template expands to more than {} bytes", largest_));
         text_ += text;
     }
 
@@ -202,7 +198,7 @@ class VariableExpansion {
 
 UriTemplateError::UriTemplateError(const UriTemplateFaultPlace& place)
     : std::runtime_error(
-          fmt::format("Invalid URI template at byte {}: {}", place.offset, faultText(place.fault))),
+          formatMessage("Invalid URI template at byte {}: {}", place.offset, faultText(place.fault))),
       place_(place) {}
 
 UriTemplate::UriTemplate(std::string text) : text_(std::move(text)) {

@@ -6,6 +6,8 @@
 
 #include <utf8cpp/utf8.h>
 
+#include "foundation/ascii.h"
+
 namespace specloom {
 namespace {
 
@@ -27,14 +29,6 @@ constexpr std::string_view reservedOperators = "=,!@|";
 /// The ASCII characters other than letters and digits that may stand outside of expressions. The apostrophe
 /// is one of them by erratum 6937, as the examples of the RFC itself have it.
 constexpr std::string_view literalMarks = "!#$&'()*+,-./:;=?@[]_~";
-
-bool isDigit(char c) noexcept {
-    return c >= '0' && c <= '9';
-}
-
-bool isHexDigit(char c) noexcept {
-    return isDigit(c) || (c >= 'A' && c <= 'F') || (c >= 'a' && c <= 'f');
-}
 
 bool isAscii(char c) noexcept {
     return static_cast<unsigned char>(c) < 0x80;
@@ -85,7 +79,7 @@ class Scanner {
             return fail(Fault::UnopenedBrace);
         if (c == '%')
             return scanTriplet();
-        if (!isAsciiAlphanumeric(c) && literalMarks.find(c) == std::string_view::npos)
+        if (!ascii::isAlphanumeric(c) && literalMarks.find(c) == std::string_view::npos)
             return fail(Fault::LiteralCharacter);
         ++offset_;
         return true;
@@ -184,7 +178,7 @@ class Scanner {
         const char c = text_[offset_];
         if (c == '%')
             return scanTriplet();
-        if (!isAsciiAlphanumeric(c) && c != '_' && c != '.')
+        if (!ascii::isAlphanumeric(c) && c != '_' && c != '.')
             return fail(Fault::NameCharacter);
         ++offset_;
         return true;
@@ -193,9 +187,9 @@ class Scanner {
     bool scanPrefix(UriTemplateVariable& variable) noexcept {
         const std::size_t begin = offset_;
         unsigned length = 0;
-        while (!atEnd() && isDigit(text_[offset_]) && offset_ - begin < 4)
+        while (!atEnd() && ascii::isDigit(text_[offset_]) && offset_ - begin < 4)
             length = length * 10 + static_cast<unsigned>(text_[offset_++] - '0');
-        const bool tooLong = !atEnd() && isDigit(text_[offset_]);
+        const bool tooLong = !atEnd() && ascii::isDigit(text_[offset_]);
         if (offset_ == begin || text_[begin] == '0' || tooLong)
             return fail(Fault::PrefixLength, begin);
         variable.prefix = static_cast<std::uint16_t>(length);
@@ -216,12 +210,8 @@ std::optional<UriTemplateFaultPlace> scanUriTemplate(std::string_view text, UriT
 }
 
 bool isPercentEncoded(std::string_view text, std::size_t offset) noexcept {
-    return text.size() - offset >= 3 && text[offset] == '%' && isHexDigit(text[offset + 1]) &&
-           isHexDigit(text[offset + 2]);
-}
-
-bool isAsciiAlphanumeric(char c) noexcept {
-    return isDigit(c) || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
+    return text.size() - offset >= 3 && text[offset] == '%' && ascii::isHexDigit(text[offset + 1]) &&
+           ascii::isHexDigit(text[offset + 2]);
 }
 
 } // namespace specloom

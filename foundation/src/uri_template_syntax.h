@@ -71,7 +71,4 @@ struct UriTemplateFaultPlace {
 /// Whether "%" and two hexadecimal digits stand at `offset` (RFC 3986, section 2.1).
 [[nodiscard]] bool isPercentEncoded(std::string_view text, std::size_t offset) noexcept;
 
-/// ALPHA and DIGIT of RFC 5234, appendix B.1.
-[[nodiscard]] bool isAsciiAlphanumeric(char c) noexcept;
-
 } // namespace specloom

@@ -1,4 +1,8 @@
+#include "foundation/case_style.h"
+#include "foundation/escapes.h"
 #include "foundation/strings.h"
+#include "foundation/unreachable.h"
+#include "foundation/utf8.h"
 
 #include <limits>    // std::numeric_limits
 #include <stdexcept> // std::invalid_argument, std::out_of_range
@@ -7,8 +11,6 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-
-#include "foundation/report_text.h"
 
 using namespace std::string_literals;
 
@@ -212,13 +214,6 @@ TEST(Strings, ToValidUtf8) {
         EXPECT_EQ(toValidUtf8(text).substr(0, 3), "\xef\xbf\xbd");
         EXPECT_EQ(toValidUtf8(text + std::string("(")).back(), '(');
     }
-}
-
-TEST(Strings, SingleLine) {
-    EXPECT_EQ(singleLine("a\tb\r\n\x1b[1m\x7f \xc2\x9b"
-                         "2J \xc2\xa0\xc3\xa4\xff"s),
-              "a\\tb\\r\\n\\u001b[1m\\u007f \\u009b2J \xc2\xa0\xc3\xa4\xff");
-    EXPECT_EQ(columnsOf("a\xc3\xa4\xe2\x82\xac\xf0\x9f\x98\x80"), 4U);
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "jv/default_handler.h"
 
+#include "foundation/message.h"
 #include "jv/json_reader.h"
 
 #include <string> // std::string
@@ -8,8 +9,8 @@ namespace specloom::jv {
 
 void DefaultHandler::requireNoKeyDue(Kind kind) const {
     if (keyDue()) {
-        throw JSONReaderError(std::string("context_add_value: Object key is not a string (") +
-                              typeName(kind) + ")");
+        throw JSONReaderError(
+            formatMessage("context_add_value: Object key is not a string ({})", typeName(kind)));
     }
 }
 

@@ -1,5 +1,6 @@
 #include "jv/deser.h"
 
+#include "foundation/message.h"
 #include "foundation/strings.h"
 #include "foundation/unreachable.h"
 #include "jv/json_reader.h"
@@ -17,13 +18,13 @@ namespace specloom::jv {
 
 namespace {
 
-constexpr const char* cannotOpen = "Cannot open file: ";
-constexpr const char* failedToOpen = "Failed to open file: ";
-constexpr const char* failedToWrite = "Failed to write file: ";
-constexpr const char* unsupportedFormat = "Unsupported file format: ";
+constexpr const char* cannotOpen = "Cannot open file: {}";
+constexpr const char* failedToOpen = "Failed to open file: {}";
+constexpr const char* failedToWrite = "Failed to write file: {}";
+constexpr const char* unsupportedFormat = "Unsupported file format: {}";
 
-[[nodiscard]] std::runtime_error pathError(const char* message, std::string_view path) {
-    return std::runtime_error(std::string(message).append(path));
+[[nodiscard]] std::runtime_error pathError(MessageFormat<std::string_view> message, std::string_view path) {
+    return std::runtime_error(formatMessage(message, path));
 }
 
 [[nodiscard]] std::filesystem::path nativePath(std::string_view path) {

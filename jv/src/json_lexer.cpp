@@ -1,5 +1,6 @@
 #include "jv/json_lexer.h"
 
+#include "foundation/ascii.h"
 #include "jv/string_scan.h"
 
 #include <algorithm> // std::min
@@ -8,18 +9,6 @@
 #include <utility>   // std::pair
 
 namespace specloom::jv {
-
-namespace {
-
-[[nodiscard]] bool isDigit(char c) noexcept {
-    return c >= '0' && c <= '9';
-}
-
-[[nodiscard]] bool isHexDigit(char c) noexcept {
-    return isDigit(c) || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F');
-}
-
-} // namespace
 
 // ---- chunks and positions
 // -------------------------------------------------------------------------------------
@@ -125,7 +114,7 @@ JSONLexer::Token JSONLexer::next() {
                 return token;
             continue;
         default:
-            if (*cursor_ == '-' || isDigit(*cursor_))
+            if (*cursor_ == '-' || ascii::isDigit(*cursor_))
                 return scanNumber();
             return fail(Error::InvalidCharacter);
         }
@@ -146,12 +135,12 @@ JSONLexer::Token JSONLexer::scanWord(std::string_view word, Token token) {
 JSONLexer::Token JSONLexer::scanNumber() {
     const char* p = cursor_;
     const auto skipDigits = [&] {
-        while (p != end_ && isDigit(*p))
+        while (p != end_ && ascii::isDigit(*p))
             ++p;
     };
     if (*p == '-' && ++p == end_)
         return cut();
-    if (!isDigit(*p))
+    if (!ascii::isDigit(*p))
         return fail(Error::MissingDigitAfterMinus);
     if (*p == '0')
         ++p;
@@ -160,7 +149,7 @@ JSONLexer::Token JSONLexer::scanNumber() {
     Token token = Token::Integer;
     if (p != end_ && *p == '.') {
         token = Token::Double;
-        if (++p != end_ && !isDigit(*p))
+        if (++p != end_ && !ascii::isDigit(*p))
             return fail(Error::MissingDigitAfterDecimalPoint);
         skipDigits();
     }
@@ -168,7 +157,7 @@ JSONLexer::Token JSONLexer::scanNumber() {
         token = Token::Double;
         if (++p != end_ && (*p == '+' || *p == '-'))
             ++p;
-        if (p != end_ && !isDigit(*p))
+        if (p != end_ && !ascii::isDigit(*p))
             return fail(Error::MissingDigitInExponent);
         skipDigits();
     }
@@ -264,7 +253,7 @@ JSONLexer::Step JSONLexer::scanEscape(const char*& p) noexcept {
     for (int digits = 0; digits < 4; ++digits, ++p) {
         if (p == end_)
             return Step::Cut;
-        if (!isHexDigit(*p)) {
+        if (!ascii::isHexDigit(*p)) {
             error_ = Error::InvalidHexDigit;
             return Step::Bad;
         }

@@ -11,7 +11,7 @@
 namespace specloom::jv {
 
 namespace {
-constexpr const char* parseErrorText = "JSON parse error";
+constexpr char parseErrorText[] = "JSON parse error";
 }
 
 std::unique_ptr<JVDocument> readJSON(std::istream& stream) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "foundation/message.h"
 #include "jv/handler.h"
 #include "jv/json_lexer.h"
 #include "jv/jv_document.h"
@@ -17,11 +18,11 @@ namespace specloom::jv {
 /// A text is no JSON, or parse events came in an order that makes no document.
 class JSONReaderError : public std::exception {
   public:
-    explicit JSONReaderError(std::string message) : message_(std::move(message)) {}
-    [[nodiscard]] const char* what() const noexcept override { return message_.c_str(); }
+    explicit JSONReaderError(Message message) : message_(std::move(message)) {}
+    [[nodiscard]] const char* what() const noexcept override { return message_.composed().c_str(); }
 
   private:
-    std::string message_;
+    Message message_;
 };
 
 /// Reads a document: no comments, UTF-8 checked, nothing behind the value. Throws JSONReaderError with "JSON

@@ -1,6 +1,7 @@
 #include "jv/json_unescape.h"
 
 #include "foundation/unreachable.h"
+#include "foundation/utf8.h"
 
 #include <charconv> // std::from_chars
 #include <cstdint>  // std::uint32_t
@@ -16,25 +17,6 @@ namespace {
     return unit;
 }
 
-void appendUtf8(std::uint32_t codePoint, std::string& out) {
-    const auto add = [&](std::uint32_t byte) { out += static_cast<char>(byte); };
-    if (codePoint < 0x80) {
-        add(codePoint);
-    } else if (codePoint < 0x800) {
-        add(0xc0 | codePoint >> 6);
-        add(0x80 | (codePoint & 0x3f));
-    } else if (codePoint < 0x10000) {
-        add(0xe0 | codePoint >> 12);
-        add(0x80 | (codePoint >> 6 & 0x3f));
-        add(0x80 | (codePoint & 0x3f));
-    } else {
-        add(0xf0 | codePoint >> 18);
-        add(0x80 | (codePoint >> 12 & 0x3f));
-        add(0x80 | (codePoint >> 6 & 0x3f));
-        add(0x80 | (codePoint & 0x3f));
-    }
-}
-
 /// `rest` starts behind a "\u"; returns how many of its bytes were used.
 [[nodiscard]] std::size_t appendUnicodeEscape(std::string_view rest, std::string& out) {
     const std::uint32_t unit = codeUnit(rest);
@@ -43,7 +25,7 @@ void appendUtf8(std::uint32_t codePoint, std::string& out) {
     if (high && rest.size() >= 10 && rest.substr(4, 2) == "\\u") {
         const std::uint32_t second = codeUnit(rest.substr(6));
         if (second >= 0xdc00 && second < 0xe000) {
-            appendUtf8(0x10000 + ((unit - 0xd800) << 10) + (second - 0xdc00), out);
+            appendUtf8(static_cast<char32_t>(0x10000 + ((unit - 0xd800) << 10) + (second - 0xdc00)), out);
             return 10;
         }
     }
@@ -51,7 +33,7 @@ void appendUtf8(std::uint32_t codePoint, std::string& out) {
     if (high || low)
         out += '?';
     else
-        appendUtf8(unit, out);
+        appendUtf8(static_cast<char32_t>(unit), out);
     return 4;
 }
 

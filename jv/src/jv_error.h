@@ -3,6 +3,8 @@
 #include <stdexcept> // std::runtime_error
 #include <string>    // std::string
 
+#include "foundation/message.h"
+
 namespace specloom::jv {
 
 class JV;
@@ -10,7 +12,8 @@ class JV;
 /// A value is not what its reader needs.
 class JVError : public std::runtime_error {
   public:
-    JVError(const std::string& message, const JV* value) : std::runtime_error(message), value_(value) {}
+    JVError(const Message& message, const JV* value)
+        : std::runtime_error(message.composed()), value_(value) {}
 
     /// The value at fault; it lives as long as its document.
     [[nodiscard]] const JV* value() const noexcept { return value_; }

@@ -2,16 +2,18 @@
 
 #include "jv/jv.h"
 
+#include "foundation/message.h"
 #include "jv/jv_pointer.h"
 
-#include <charconv> // std::from_chars
-#include <fmt/core.h>
+#include <charconv>  // std::from_chars
 #include <limits>    // std::numeric_limits
 #include <stdexcept> // std::invalid_argument
 
 namespace specloom::jv {
 
 namespace {
+
+using NameMessage = MessageFormat<std::string_view>;
 
 constexpr const char* missingProperty = "Required property '{}' is missing.";
 constexpr const char* objectExpected = "An object value is expected for '{}'.";
@@ -21,14 +23,14 @@ constexpr const char* integerExpected = "An integer value is expected for '{}'."
 constexpr const char* numericExpected = "A numeric value is expected for '{}'.";
 constexpr const char* stringExpected = "A string value is expected for '{}'.";
 
-[[nodiscard]] const JV* checked(const JV& object, const JV* value, bool fits, const char* message,
+[[nodiscard]] const JV* checked(const JV& object, const JV* value, bool fits, NameMessage message,
                                 std::string_view name) {
     if (value != nullptr && !fits)
-        throw JVError(fmt::format(fmt::runtime(message), name), &object);
+        throw JVError(formatMessage(message, name), &object);
     return value;
 }
 
-[[nodiscard]] const JV* ofKind(const JV& object, const JV* value, Kind kind, const char* message,
+[[nodiscard]] const JV* ofKind(const JV& object, const JV* value, Kind kind, NameMessage message,
                                std::string_view name) {
     return checked(object, value, value != nullptr && value->kind() == kind, message, name);
 }
@@ -38,7 +40,7 @@ constexpr const char* stringExpected = "A string value is expected for '{}'.";
 const JV* JV::getRequired(std::string_view name) const {
     const JV* value = get(name);
     if (value == nullptr)
-        throw JVError(fmt::format(missingProperty, name), this);
+        throw JVError(formatMessage(missingProperty, name), this);
     return value;
 }
 

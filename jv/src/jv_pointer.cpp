@@ -1,5 +1,9 @@
 #include "jv/jv_pointer.h"
 
+#include <algorithm> // std::ranges::equal, std::ranges::find
+
+#include "foundation/message.h"
+
 namespace specloom::jv {
 
 void JVPointer::parse(std::string_view text) {
@@ -7,7 +11,7 @@ void JVPointer::parse(std::string_view text) {
     if (text.empty())
         return;
     if (text.front() != '/')
-        throw JVPointerError(std::string(text) + " does not represent a valid JSON pointer");
+        throw JVPointerError(formatMessage("{} does not represent a valid JSON pointer", text));
     for (const std::string_view token : splitString(text.substr(1), '/'))
         push_back(unescapeToken(token));
 }

@@ -6,16 +6,18 @@
 #include <string_view> // std::string_view
 #include <vector>      // std::vector
 
+#include "foundation/message.h"
+
 namespace specloom::jv {
 
 /// A text is no JSON pointer, or a pointer has no parent.
 class JVPointerError : public std::exception {
   public:
-    explicit JVPointerError(std::string message) : message_(std::move(message)) {}
-    [[nodiscard]] const char* what() const noexcept override { return message_.c_str(); }
+    explicit JVPointerError(Message message) : message_(std::move(message)) {}
+    [[nodiscard]] const char* what() const noexcept override { return message_.composed().c_str(); }
 
   private:
-    std::string message_;
+    Message message_;
 };
 
 /// A JSON pointer (RFC 6901) as its reference tokens, unescaped. No tokens: the whole document.

@@ -1,9 +1,9 @@
 #include "jv/yaml_writer.h"
 
+#include "foundation/message.h"
 #include "jv/yaml_quoting.h"
 #include "jv/yaml_reader.h"
 
-#include <fmt/core.h>
 #include <limits>    // std::numeric_limits
 #include <stdexcept> // std::runtime_error
 #include <vector>    // std::vector
@@ -81,9 +81,9 @@ class Emitter {
   private:
     void emit(int initialized, const char* name) {
         if (initialized == 0)
-            throw std::runtime_error(fmt::format("Failed to initialize {} event", name));
+            throw std::runtime_error(formatMessage("Failed to initialize {} event", name));
         if (yaml_emitter_emit(&emitter_, &event_) == 0)
-            throw std::runtime_error(fmt::format("Failed to emit {} event", name));
+            throw std::runtime_error(formatMessage("Failed to emit {} event", name));
     }
 
     [[nodiscard]] static bool isFinite(const number::Number& value) {

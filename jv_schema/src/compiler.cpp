@@ -1,5 +1,6 @@
 #include "jv_schema/compiler.h"
 
+#include "foundation/message.h"
 #include "jv/jv_document.h"
 #include "jv/jv_pointer.h"
 #include "jv_schema/carried_schemas.h"
@@ -10,8 +11,6 @@
 #include <algorithm> // std::sort
 #include <charconv>  // std::from_chars
 #include <utility>   // std::pair
-
-#include <fmt/core.h>
 
 namespace specloom::jv::schema {
 
@@ -55,10 +54,10 @@ void Site::require(Kind kind) const {
 
 void Site::require(const JV& candidate, Kind kind) const {
     if (candidate.kind() != kind)
-        fault(fmt::format(message::keywordType, keyword, typeName(kind), typeName(candidate.kind())));
+        fault(formatMessage(message::keywordType, keyword, typeName(kind), typeName(candidate.kind())));
 }
 
-void Site::fault(const std::string& message) const {
+void Site::fault(const Message& message) const {
     throw CompileError(message, place.location(keyword));
 }
 
@@ -112,7 +111,7 @@ void Compiler::compileNode(Node& node) {
         return;
     }
     if (!schema.isObject())
-        throw CompileError(fmt::format(message::noSchema, typeName(schema.kind())), place.location());
+        throw CompileError(formatMessage(message::noSchema, typeName(schema.kind())), place.location());
     const Dialect& dialect = *place.resource->dialect;
     std::vector<std::pair<const KeywordEntry*, const JV*>> found;
     for (const Member member : schema.members()) {
@@ -272,14 +271,14 @@ const Dialect& Compiler::dialectOf(const Place& place, std::string_view metaSche
         return *known;
     if (const auto known = dialects_.find(uri); known != dialects_.end())
         return *known->second;
-    const auto fault = [&](const std::string& text) -> CompileError {
+    const auto fault = [&](const Message& text) -> CompileError {
         std::string at = place.parent == nullptr ? options_.baseUri + "#" : place.parent->location();
         return CompileError(text, std::move(at));
     };
     // A meta-schema is written in some dialect itself: the first of a draft on this way tells the draft.
     const std::shared_ptr<const JV> document = findDocument(uri);
     if (document == nullptr)
-        throw fault(fmt::format(message::unknownMetaSchema, quoted(metaSchema)));
+        throw fault(formatMessage(message::unknownMetaSchema, quoted(metaSchema)));
     const Dialect* draft = nullptr;
     std::shared_ptr<const JV> next = document;
     for (int steps = 0; steps < 100 && next != nullptr && next->isObject() && draft == nullptr; ++steps) {
@@ -289,7 +288,7 @@ const Dialect& Compiler::dialectOf(const Place& place, std::string_view metaSche
         next = draft == nullptr ? findDocument(parentUri) : nullptr;
     }
     if (draft == nullptr)
-        throw fault(fmt::format(message::unknownMetaSchema, quoted(metaSchema)));
+        throw fault(formatMessage(message::unknownMetaSchema, quoted(metaSchema)));
     const JV* vocabularies = document->get("$vocabulary");
     const Dialect* dialect = draft;
     if (vocabularies != nullptr && vocabularies->isObject() && !draft->isOneOf(beforeRefHadSiblings)) {
@@ -299,7 +298,8 @@ const Dialect& Compiler::dialectOf(const Place& place, std::string_view metaSche
             if (const auto known = Dialect::vocabulary(draft->draft(), member.key))
                 set |= *known;
             else if (required)
-                throw fault(fmt::format(message::unknownVocabulary, quoted(metaSchema), quoted(member.key)));
+                throw fault(
+                    formatMessage(message::unknownVocabulary, quoted(metaSchema), quoted(member.key)));
         }
         dialect = &program_->dialects.emplace_back(draft->draft(), set);
     }
@@ -339,7 +339,7 @@ Place& Compiler::resolve(const Site& from, std::string_view reference) {
         }
     }
     if (target == nullptr)
-        from.fault(fmt::format(message::unresolvable, from.keyword, quoted(reference)));
+        from.fault(formatMessage(message::unresolvable, from.keyword, quoted(reference)));
     return *target;
 }
 

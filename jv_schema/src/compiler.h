@@ -1,5 +1,6 @@
 #pragma once
 
+#include "foundation/message.h"
 #include "jv_schema/node.h"
 #include "jv_schema/resource.h"
 #include "jv_schema/schema.h"
@@ -89,7 +90,7 @@ struct Site {
     /// Throws CompileError unless the value is of a kind.
     void require(Kind kind) const;
     void require(const JV& value, Kind kind) const;
-    [[noreturn]] void fault(const std::string& message) const;
+    [[noreturn]] void fault(const Message& message) const;
 };
 
 } // namespace specloom::jv::schema

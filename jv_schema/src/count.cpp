@@ -1,11 +1,10 @@
 #include "jv_schema/count.h"
 
+#include "foundation/message.h"
 #include "jv_schema/exact_numbers.h"
 #include "jv_schema/messages.h"
 
 #include <limits> // std::numeric_limits
-
-#include <fmt/core.h>
 
 namespace specloom::jv::schema {
 
@@ -13,7 +12,7 @@ std::size_t countOf(const Site& site, const JV& value) {
     site.require(value, Kind::Number);
     const number::Number number = value.number();
     if (!isIntegral(number) || number.compare(0) < 0)
-        site.fault(fmt::format(message::notCount, site.keyword));
+        site.fault(formatMessage(message::notCount, site.keyword));
     constexpr std::size_t largest = std::numeric_limits<std::size_t>::max();
     if (number.kind() == number::NumberKind::Big)
         return largest;

@@ -1,5 +1,6 @@
 #include "jv_schema/messages.h"
 
+#include "foundation/utf8.h"
 #include "jv_schema/exact_numbers.h"
 
 namespace specloom::jv::schema {
@@ -11,10 +12,7 @@ constexpr std::size_t longestQuotation = 60; // bytes
 [[nodiscard]] std::string clipped(std::string_view text) {
     if (text.size() <= longestQuotation)
         return std::string(text);
-    std::size_t end = longestQuotation;
-    while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xc0) == 0x80)
-        --end;
-    return std::string(text.substr(0, end)) + "...";
+    return std::string(text.substr(0, wholeCodePoints(text, longestQuotation))) + "...";
 }
 
 } // namespace

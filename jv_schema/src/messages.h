@@ -32,7 +32,7 @@ namespace message {
 inline constexpr const char* noSchema = "schema is neither an object nor a boolean, but of type {}";
 inline constexpr const char* keywordType = "'{}' must be of type {}, not {}";
 inline constexpr const char* unresolvable = "cannot resolve '{}' to {}";
-inline constexpr const char* endlessReference = "'$ref' leads back to itself";
+inline constexpr char endlessReference[] = "'$ref' leads back to itself";
 inline constexpr const char* unknownMetaSchema = "meta-schema {} is not known";
 inline constexpr const char* unknownVocabulary =
     "meta-schema {} requires the vocabulary {}, which is not known";

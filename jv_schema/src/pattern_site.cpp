@@ -1,5 +1,6 @@
 #include "jv_schema/pattern_site.h"
 
+#include "foundation/message.h"
 #include "jv_schema/messages.h"
 
 #include <fmt/core.h>
@@ -10,7 +11,7 @@ regex::Pattern compilePattern(const Site& site, std::string_view source) {
     try {
         return regex::Pattern(source);
     } catch (const regex::SyntaxError& error) {
-        site.fault(fmt::format(message::invalidPattern, quoted(source), error.what()));
+        site.fault(formatMessage(message::invalidPattern, quoted(source), error.what()));
     }
 }
 

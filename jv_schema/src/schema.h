@@ -1,5 +1,6 @@
 #pragma once
 
+#include "foundation/message.h"
 #include "jv/jv.h"
 #include "jv_schema/draft.h"
 #include "jv_schema/schema_registry.h"
@@ -18,8 +19,9 @@ struct Program;
 /// A schema that cannot be compiled. The text ends with the place, " at " and location().
 class CompileError : public std::runtime_error {
   public:
-    CompileError(const std::string& message, std::string location)
-        : std::runtime_error(message + " at " + location), location_(std::move(location)) {}
+    CompileError(const Message& message, std::string location)
+        : std::runtime_error(formatMessage("{} at {}", message.composed(), location)),
+          location_(std::move(location)) {}
     /// The URI of the schema, if it has one, and a JSON pointer as its fragment.
     [[nodiscard]] const std::string& location() const noexcept { return location_; }
 

@@ -3,6 +3,8 @@
 #include <algorithm> // std::min
 #include <cstddef>   // std::size_t
 
+#include "foundation/ascii.h"
+
 namespace specloom::jv::schema {
 
 namespace {
@@ -60,13 +62,6 @@ struct Parts {
     return uri;
 }
 
-[[nodiscard]] int hexDigit(char c) noexcept {
-    if (c >= '0' && c <= '9')
-        return c - '0';
-    const char lower = static_cast<char>(c | 0x20);
-    return lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : -1;
-}
-
 } // namespace
 
 SplitUri splitFragment(std::string_view reference) noexcept {
@@ -101,8 +96,8 @@ std::string resolveUri(std::string_view base, std::string_view reference) {
 std::string percentDecoded(std::string_view text) {
     std::string out;
     for (std::size_t i = 0; i < text.size(); ++i) {
-        const int high = text[i] == '%' && i + 2 < text.size() ? hexDigit(text[i + 1]) : -1;
-        const int low = high >= 0 ? hexDigit(text[i + 2]) : -1;
+        const int high = text[i] == '%' && i + 2 < text.size() ? ascii::hexValue(text[i + 1]) : -1;
+        const int low = high >= 0 ? ascii::hexValue(text[i + 2]) : -1;
         if (low >= 0) {
             out += static_cast<char>(high * 16 + low);
             i += 2;

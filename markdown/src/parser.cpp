@@ -9,7 +9,9 @@
 #include <optional>  // std::optional
 
 #include <md4c.h>
-#include <utf8cpp/utf8.h>
+
+#include "foundation/ascii.h"
+#include "foundation/utf8.h"
 
 namespace specloom::markdown {
 namespace {
@@ -37,14 +39,13 @@ std::string numericCharacter(std::string_view number) {
     number.remove_prefix(hexadecimal ? 1 : 0);
     std::uint32_t code = 0;
     for (const char c : number) {
-        const int digit = c <= '9' ? c - '0' : (c | 0x20) - 'a' + 10;
-        code = code * (hexadecimal ? 16 : 10) + static_cast<std::uint32_t>(digit);
+        code = code * (hexadecimal ? 16 : 10) + static_cast<std::uint32_t>(ascii::hexValue(c));
     }
     std::string text;
     if (code == 0 || code > 0x10FFFF || (code >= 0xD800 && code <= 0xDFFF))
         text = replacementCharacter;
     else
-        utf8::append(static_cast<char32_t>(code), std::back_inserter(text));
+        appendUtf8(static_cast<char32_t>(code), text);
     return text;
 }
 

@@ -2,6 +2,8 @@
 
 #include <stdexcept> // std::runtime_error
 
+#include "foundation/ascii.h"
+
 namespace specloom::number {
 namespace {
 
@@ -31,12 +33,8 @@ constexpr const char* errorTexts[] = {
     "Invalid number format - expected end of string",
 };
 
-bool isDigit(char c) noexcept {
-    return c >= '0' && c <= '9';
-}
-
 const char* skipDigits(const char* at, const char* end) noexcept {
-    while (at != end && isDigit(*at))
+    while (at != end && ascii::isDigit(*at))
         ++at;
     return at;
 }
@@ -63,9 +61,9 @@ std::int32_t classify(NumberLiteral& literal, const char* at, const char* end) n
         literal.negative = *at == '-';
         if (++at == end)
             return noIntegerDigits;
-        if (!isDigit(*at))
+        if (!ascii::isDigit(*at))
             return digitRequired;
-    } else if (!isDigit(*at)) {
+    } else if (!ascii::isDigit(*at)) {
         return badFirstCharacter;
     }
     literal.integerBegin = at;

@@ -1,8 +1,7 @@
 #include "openapi/extensions.h"
 
+#include "foundation/message.h"
 #include "jv/jv_pointer.h"
-
-#include <fmt/format.h> // fmt::format
 
 namespace specloom::openapi::extensions {
 
@@ -22,7 +21,7 @@ std::optional<bool> findBoolean(const Node& node, std::string_view pointer) {
     if (value == nullptr)
         return std::nullopt;
     if (!value->isBoolean())
-        throw ExtensionError(fmt::format("Extension '{}' does not represent a boolean", pointer));
+        throw ExtensionError(formatMessage("Extension '{}' does not represent a boolean", pointer));
     return value->boolean();
 }
 
@@ -31,7 +30,7 @@ std::optional<std::string_view> findString(const Node& node, std::string_view po
     if (value == nullptr)
         return std::nullopt;
     if (!value->isString())
-        throw ExtensionError(fmt::format("Extension '{}' does not represent a string", pointer));
+        throw ExtensionError(formatMessage("Extension '{}' does not represent a string", pointer));
     return value->text();
 }
 

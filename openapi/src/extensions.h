@@ -1,5 +1,6 @@
 #pragma once
 
+#include "foundation/message.h"
 #include "openapi/node.h"
 
 // The program's own settings in a document: what stands under the one member "x-specloom" of any node.
@@ -7,7 +8,7 @@ namespace specloom::openapi::extensions {
 
 class ExtensionError : public std::runtime_error {
   public:
-    using std::runtime_error::runtime_error;
+    explicit ExtensionError(const Message& message) : std::runtime_error(message.composed()) {}
 };
 
 /// The value at a JSON pointer (RFC 6901) below "x-specloom", or null. Throws ExtensionError "Extension root

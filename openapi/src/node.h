@@ -1,5 +1,6 @@
 #pragma once
 
+#include "foundation/message.h"
 #include "openapi/name_map.h"
 #include "openapi/node_pool.h"
 #include "openapi/node_type.h"
@@ -149,7 +150,8 @@ template <typename T>
 /// A failure that concerns one node.
 class NodeError : public std::runtime_error {
   public:
-    NodeError(const std::string& message, const Node* node) : std::runtime_error(message), node_(node) {}
+    NodeError(const Message& message, const Node* node)
+        : std::runtime_error(message.composed()), node_(node) {}
     [[nodiscard]] const Node* node() const noexcept { return node_; }
 
   private:

@@ -1,16 +1,16 @@
 #include "openapi/operation_type.h"
 
-#include <fmt/format.h> // fmt::format
-
 #include <algorithm> // std::find
 #include <stdexcept> // std::runtime_error
+
+#include "foundation/message.h"
 
 namespace specloom::openapi {
 
 std::string_view operationKey(OperationType type) {
     const auto number = static_cast<std::size_t>(type);
     if (number >= operationKeys.size())
-        throw std::runtime_error(fmt::format("invalid operation key {}", number));
+        throw std::runtime_error(formatMessage("invalid operation key {}", number));
     return operationKeys[number];
 }
 

@@ -1,8 +1,7 @@
 #include "openapi/paths.h"
 
+#include "foundation/message.h"
 #include "openapi/reference.h"
-
-#include <fmt/format.h> // fmt::format
 
 namespace specloom::openapi {
 
@@ -22,11 +21,11 @@ void Paths::rename(std::string_view oldUrl, std::string_view newUrl) {
     if (oldUrl == newUrl)
         return;
     if (items_.find(oldUrl) == nullptr)
-        throw std::runtime_error(fmt::format("Path does not exist {}", oldUrl));
+        throw std::runtime_error(formatMessage("Path does not exist {}", oldUrl));
     if (newUrl.empty())
         throw std::runtime_error("New path URL cannot be empty");
     if (items_.find(newUrl) != nullptr)
-        throw std::runtime_error(fmt::format("Path already exists {}", newUrl));
+        throw std::runtime_error(formatMessage("Path already exists {}", newUrl));
     items_.rename(oldUrl, newUrl);
 }
 

@@ -1,9 +1,8 @@
 #include "openapi/schema.h"
 
+#include "foundation/message.h"
 #include "openapi/openapi.h"
 #include "openapi/reference.h"
-
-#include <fmt/format.h> // fmt::format
 
 #include <algorithm> // std::all_of, std::find, std::lower_bound, std::sort, std::unique
 
@@ -56,7 +55,7 @@ void Schema::setDialect(std::string_view uri) {
     const auto& dialects = schemaDialects();
     const auto* const found = std::find(dialects.begin(), dialects.end(), uri);
     if (found == dialects.end())
-        throw std::runtime_error(fmt::format("Unknown schema dialect: {}", uri));
+        throw std::runtime_error(formatMessage("Unknown schema dialect: {}", uri));
     setText(SchemaKeyword::Dialect, Text::borrow(*found));
 }
 

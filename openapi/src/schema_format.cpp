@@ -1,6 +1,7 @@
 #include "openapi/schema_format.h"
 
 #include "foundation/hash.h"
+#include "foundation/message.h"
 
 #include <stdexcept> // std::runtime_error
 
@@ -42,7 +43,7 @@ using Table = std::unordered_map<std::string_view, SchemaFormat, NameHash>;
 
 void SchemaFormatRegistry::add(std::string_view name, SchemaType type) {
     if (find(name) != nullptr)
-        throw std::runtime_error("Schema format already exists: " + std::string(name));
+        throw std::runtime_error(formatMessage("Schema format already exists: {}", name));
     auto format = std::make_unique<SchemaFormat>(SchemaFormat{std::string(name), type});
     const std::string_view key = format->name;
     custom_.emplace(key, std::move(format));

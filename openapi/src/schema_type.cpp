@@ -5,6 +5,8 @@
 #include <stdexcept> // std::invalid_argument, std::runtime_error
 #include <string>    // std::string
 
+#include "foundation/message.h"
+
 namespace specloom::openapi {
 
 namespace {
@@ -17,7 +19,7 @@ constexpr std::array<std::string_view, schemaTypeCount> typeNames{"null",   "boo
 SchemaType schemaTypeFromName(std::string_view name) {
     const auto found = std::find(typeNames.begin(), typeNames.end(), name);
     if (found == typeNames.end())
-        throw std::runtime_error("Invalid schema type: " + std::string(name));
+        throw std::runtime_error(formatMessage("Invalid schema type: {}", name));
     return static_cast<SchemaType>(found - typeNames.begin());
 }
 

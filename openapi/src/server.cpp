@@ -1,5 +1,6 @@
 #include "openapi/server.h"
 
+#include "foundation/message.h"
 #include "openapi/url_template.h"
 
 namespace specloom::openapi {
@@ -9,7 +10,7 @@ Server::Server(Node* parent, Text url) : Node(parent, NodeType::Server), url_(st
         if (name.empty())
             throw std::runtime_error("Empty variable name");
         if (variables_.find(name) != nullptr)
-            throw std::runtime_error("Duplicate server variable name: " + std::string(name));
+            throw std::runtime_error(formatMessage("Duplicate server variable name: {}", name));
         variables_.add(name, std::make_unique<ServerVariable>(this));
     }
 }

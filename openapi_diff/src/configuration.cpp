@@ -1,5 +1,6 @@
 #include "openapi_diff/configuration.h"
 
+#include "foundation/message.h"
 #include "jv/deser.h"
 #include "jv/jv_error.h"
 #include "openapi_diff/embedded_configuration.h"
@@ -12,12 +13,10 @@
 #include <stdexcept> // std::runtime_error
 #include <utility>   // std::as_const, std::pair
 
-#include <fmt/format.h>
-
 namespace specloom::openapi_diff {
 namespace {
 
-[[nodiscard]] jv::JVError fault(const char* message, const jv::JV& value) {
+[[nodiscard]] jv::JVError fault(const Message& message, const jv::JV& value) {
     return {message, &value};
 }
 
@@ -228,7 +227,7 @@ Configuration Configuration::load(const jv::JV* section) {
             if (!ruleset->isString())
                 throw fault("Expected string", *ruleset);
             if (ruleset->text() != "recommended")
-                throw jv::JVError(fmt::format("Unknown ruleset: {}", ruleset->text()), ruleset);
+                throw jv::JVError(formatMessage("Unknown ruleset: {}", ruleset->text()), ruleset);
             configuration = recommended();
         }
     if (const jv::JV* rules = section->getObject("rules"); rules != nullptr)

@@ -2,8 +2,7 @@
 
 #include <stdexcept> // std::runtime_error
 
-#include <fmt/format.h>
-
+#include "foundation/message.h"
 #include "openapi_diff/formatters/html.h"
 #include "openapi_diff/formatters/json.h"
 #include "openapi_diff/formatters/markdown.h"
@@ -53,7 +52,7 @@ std::unique_ptr<Formatter> createFormatter(std::string_view format, std::string_
     for (const FormatterEntry& entry : formatterTable)
         if (entry.format == format && entry.report == report)
             return entry.make(stream);
-    throw std::runtime_error(fmt::format("Invalid formatter ({}) or report ({}) name", format, report));
+    throw std::runtime_error(formatMessage("Invalid formatter ({}) or report ({}) name", format, report));
 }
 
 } // namespace specloom::openapi_diff

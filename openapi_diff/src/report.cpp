@@ -4,6 +4,7 @@
 #include <stdexcept> // std::runtime_error
 #include <utility>   // std::move
 
+#include "foundation/message.h"
 #include "foundation/unreachable.h"
 #include "openapi_diff/reports/changelog.h"
 #include "openapi_diff/reports/detailed.h"
@@ -52,7 +53,7 @@ std::unique_ptr<Report> createReport(std::string_view name) {
     for (const ReportEntry& entry : reportTable)
         if (entry.name == name)
             return entry.make();
-    throw std::runtime_error("Result not found: " + std::string(name));
+    throw std::runtime_error(formatMessage("Result not found: {}", name));
 }
 
 } // namespace specloom::openapi_diff

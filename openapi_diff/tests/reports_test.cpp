@@ -1,6 +1,7 @@
 // All pairs of report and format over three pairs of documents: golden/before.yaml and golden/after.yaml,
 // which differ in everything that a report tells, in golden/changes.REPORT.FORMAT; documents from no file
-// whose texts try to break the reports, in golden/hostile.txt; and one that stays the same, in
+// whose texts try to break the reports, in golden/hostile.txt, and a file name that does, in
+// golden/hostile_name.txt; and one that stays the same, in
 // golden/nothing.txt. With SPECLOOM_UPDATE_GOLDEN set they are written anew, for review.
 
 #include "openapi_diff/differ.h"
@@ -17,6 +18,7 @@
 
 #include <fmt/format.h>
 #include <gtest/gtest.h>
+#include <md4c.h>
 
 #include "jv/deser.h"
 #include "openapi/reader.h"
@@ -92,11 +94,59 @@ paths:
   "/`a`|b*_c_d_e\n# <script>{{ added }}{% for %}\x1b[31m\xff\\":
     get:
       "x-\"<i>\n": 1
+      "x-@user www.a.b https://a.b me@a.b #1 !1 GH-1 /@/ ##vso[task.complete]": 1
+      "x-\0 \u2028 \u202e\u2066 \uffff \e[2J ::error::": 1
       parameters:
         - {name: "n\n<u>", in: query, schema: {}}
       responses: {default: {description: d}}
 )");
     expectGolden("hostile.txt", renderAll(before, after));
+    // A name as the command line has it.
+    after->setSourcePath("::error::\n##vso[task]\xff\xe2\x80\xae.yaml");
+    std::string lines;
+    for (const std::string_view format : {"unix", "visualstudio"})
+        lines += render("changelog", format, before, after) + render("detailed", format, before, after);
+    expectGolden("hostile_name.txt", lines);
+}
+
+/// How many links, images and pieces of HTML a reader of Markdown finds that makes links of bare addresses.
+int actingParts(const std::string& markdown) {
+    MD_PARSER parser{};
+    parser.flags = MD_DIALECT_GITHUB;
+    parser.enter_block = parser.leave_block = [](MD_BLOCKTYPE type, void*, void* count) {
+        *static_cast<int*>(count) += type == MD_BLOCK_HTML ? 1 : 0;
+        return 0;
+    };
+    parser.enter_span = [](MD_SPANTYPE type, void*, void* count) {
+        *static_cast<int*>(count) += type == MD_SPAN_A || type == MD_SPAN_IMG ? 1 : 0;
+        return 0;
+    };
+    parser.leave_span = [](MD_SPANTYPE, void*, void*) { return 0; };
+    parser.text = [](MD_TEXTTYPE type, const MD_CHAR*, MD_SIZE, void* count) {
+        *static_cast<int*>(count) += type == MD_TEXT_HTML ? 1 : 0;
+        return 0;
+    };
+    int count = 0;
+    EXPECT_EQ(md_parse(markdown.data(), static_cast<MD_SIZE>(markdown.size()), &parser, &count), 0);
+    return count;
+}
+
+TEST(Reports, haveNoLinksInMarkdown) {
+    const Document before = fromText("{openapi: 3.1.0, info: {title: a, version: v}, paths: {}}");
+    const Document after = fromText(R"(
+openapi: 3.1.0
+info: {title: a, version: v}
+paths:
+  "/www.a.b WWW.a.b http://a.b (https://a.b) ftp://a.b me@a.b mailto:me@a.b [a](b) <a@b.c> <i>":
+    get:
+      responses: {default: {description: d}}
+)");
+    ASSERT_GT(actingParts("www.a.b"), 0);
+    for (const std::string_view name : {"changelog", "detailed"}) {
+        const std::string text = render(name, "markdown", before, after);
+        EXPECT_NE(text.find("/www"), std::string::npos) << text;
+        EXPECT_EQ(actingParts(text), 0) << text;
+    }
 }
 
 TEST(Reports, areFoundByName) {

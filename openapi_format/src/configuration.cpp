@@ -1,5 +1,6 @@
 #include "openapi_format/configuration.h"
 
+#include "foundation/message.h"
 #include "jv/jv_error.h"
 #include "openapi_format/embedded_configuration.h"
 #include "openapi_format/messages.h"
@@ -8,19 +9,17 @@
 #include <utility> // std::move
 #include <vector>  // std::vector
 
-#include <fmt/format.h>
-
 namespace specloom::openapi_format {
 
 namespace {
 
-[[nodiscard]] jv::JVError fault(const char* message, const jv::JV& value) {
+[[nodiscard]] jv::JVError fault(const Message& message, const jv::JV& value) {
     return {message, &value};
 }
 
 /// A fault whose message quotes the text of the value.
-[[nodiscard]] jv::JVError textFault(const char* message, const jv::JV& value) {
-    return {fmt::format(fmt::runtime(message), value.text()), &value};
+[[nodiscard]] jv::JVError textFault(MessageFormat<std::string_view> message, const jv::JV& value) {
+    return {formatMessage(message, value.text()), &value};
 }
 
 [[nodiscard]] jv::DocumentFormat readFormat(const jv::JV& value) {
@@ -97,7 +96,7 @@ void Configuration::readIndent(const jv::JV& openapi) {
         return;
     const number::Number blanks = value->number();
     if (blanks.compare(0) < 0 || blanks.compare(largestIndent) > 0)
-        throw jv::JVError(fmt::format(message::indentOutOfRange, largestIndent), value);
+        throw jv::JVError(formatMessage(message::indentOutOfRange, largestIndent), value);
     indent_ = static_cast<std::int32_t>(blanks.toDouble()); // exact: a small integer, perhaps written as 2.0
 }
 
@@ -112,7 +111,7 @@ void Configuration::readOrders(const jv::JV& orders) {
             continue;
         PropertyOrder order = readOrder(*value);
         if (findObjectKind(kind) == nullptr)
-            throw jv::JVError(fmt::format(message::unknownKind, kind), value);
+            throw jv::JVError(formatMessage(message::unknownKind, kind), value);
         orders_.insert_or_assign(std::string(kind), std::move(order));
     }
 }

@@ -4,22 +4,24 @@
 #include <optional>  // std::optional
 #include <stdexcept> // std::runtime_error
 
-#include <fmt/format.h>
 #include <hunspell/hunspell.hxx>
 #include <iconv.h>
 
+#include "foundation/ascii.h"
 #include "foundation/file_system.h"
+#include "foundation/message.h"
 #include "foundation/strings.h"
 
 namespace specloom::openapi_lint {
 namespace {
 
 /// Hunspell opens the files itself, and says on standard error when it cannot.
-std::string requireReadable(const FileSystem& files, const std::string& path, const char* message) {
+std::string requireReadable(const FileSystem& files, const std::string& path,
+                            MessageFormat<std::string> message) {
     try {
         return files.readFile(path);
     } catch (const std::exception&) {
-        throw std::runtime_error(fmt::format(fmt::runtime(message), path));
+        throw std::runtime_error(formatMessage(message, path));
     }
 }
 
@@ -27,7 +29,7 @@ bool beginsWithCount(std::string_view content) {
     constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
     if (content.starts_with(byteOrderMark))
         content.remove_prefix(byteOrderMark.size());
-    return !content.empty() && content[0] >= '0' && content[0] <= '9';
+    return !content.empty() && ascii::isDigit(content[0]);
 }
 
 /// The name that iconv has for an encoding of Hunspell's.
@@ -47,7 +49,7 @@ class EncodingConverter {
     explicit EncodingConverter(const std::string& encoding)
         : descriptor_(iconv_open(iconvName(encoding).c_str(), "UTF-8")) {
         if (descriptor_ == invalid())
-            throw std::runtime_error(fmt::format("Affix file has an unknown encoding: {}", encoding));
+            throw std::runtime_error(formatMessage("Affix file has an unknown encoding: {}", encoding));
     }
     ~EncodingConverter() { iconv_close(descriptor_); }
     EncodingConverter(const EncodingConverter&) = delete;
@@ -79,7 +81,7 @@ Dictionary::Dictionary(const FileSystem& files, const std::string& affixPath,
     requireReadable(files, affixPath, "Affix file cannot be read: {}");
     if (!beginsWithCount(requireReadable(files, dictionaryPath, "Dictionary file cannot be read: {}")))
         throw std::runtime_error(
-            fmt::format("Dictionary file does not begin with its number of words: {}", dictionaryPath));
+            formatMessage("Dictionary file does not begin with its number of words: {}", dictionaryPath));
     hunspell_ = std::make_unique<Hunspell>(affixPath.c_str(), dictionaryPath.c_str());
     converter_ = std::make_unique<EncodingConverter>(hunspell_->get_dict_encoding());
 }

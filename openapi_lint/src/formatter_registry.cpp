@@ -3,6 +3,7 @@
 #include <stdexcept> // std::runtime_error
 #include <string>    // std::string
 
+#include "foundation/message.h"
 #include "openapi_lint/formatters/checkstyle_formatter.h"
 #include "openapi_lint/formatters/compact_formatter.h"
 #include "openapi_lint/formatters/html_formatter.h"
@@ -45,7 +46,7 @@ std::unique_ptr<Formatter> findFormatter(std::string_view name, std::ostream& st
     for (const FormatterEntry& entry : formatterTable)
         if (entry.name == name)
             return entry.make(stream);
-    throw std::runtime_error("Formatter not found: " + std::string(name));
+    throw std::runtime_error(formatMessage("Formatter not found: {}", name));
 }
 
 std::vector<std::string_view> formatterNames() {

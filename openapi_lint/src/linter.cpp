@@ -1,14 +1,12 @@
 #include "openapi_lint/linter.h"
 
-#include <algorithm>  // std::stable_partition
-#include <filesystem> // std::filesystem::canonical
-#include <ostream>    // std::ostream
-#include <stdexcept>  // std::runtime_error
-#include <vector>     // std::vector
-
-#include <fmt/format.h>
+#include <algorithm> // std::stable_partition
+#include <ostream>   // std::ostream
+#include <stdexcept> // std::runtime_error
+#include <vector>    // std::vector
 
 #include "foundation/file_system.h"
+#include "foundation/message.h"
 #include "openapi/writer.h"
 #include "openapi_lint/formatter_registry.h"
 #include "openapi_lint/rule_configuration_error.h"
@@ -20,11 +18,11 @@
 namespace specloom::openapi_lint {
 namespace {
 
-constexpr const char* rulesetFailed = "Cannot load ruleset: ";
-constexpr const char* ruleFailed = "Cannot load rule: ";
-constexpr const char* invalidRule = "Invalid rule configuration";
-constexpr const char* shortArray = "A rule's array must hold a severity and options";
-constexpr const char* noFilename = "Cannot auto-fix: filename is not set";
+constexpr char rulesetFailed[] = "Cannot load ruleset: ";
+constexpr char ruleFailed[] = "Cannot load rule: ";
+constexpr char invalidRule[] = "Invalid rule configuration";
+constexpr char shortArray[] = "A rule's array must hold a severity and options";
+constexpr char noFilename[] = "Cannot auto-fix: filename is not set";
 
 /// What stands under a rule's id in a configuration.
 struct RuleSetting {
@@ -90,7 +88,7 @@ void Linter::addRuleset(std::string_view name) {
                 rule.configure(entry.options.get());
         }
     } catch (const std::exception& error) {
-        stream_ << rulesetFailed << error.what() << '\n';
+        stream_ << rulesetFailed << Message(error).composed() << '\n';
     }
 }
 
@@ -106,10 +104,10 @@ void Linter::configureRule(std::string_view id, const jv::JV& value) {
         if (setting.options != nullptr)
             rule.configure(setting.options);
     } catch (const RuleConfigurationError& error) {
-        stream_ << ruleFailed << error.what() << '\n';
+        stream_ << ruleFailed << Message(error).composed() << '\n';
         throw;
     } catch (const std::exception& error) {
-        stream_ << ruleFailed << error.what() << '\n';
+        stream_ << ruleFailed << Message(error).composed() << '\n';
         throw RuleConfigurationError(id, invalidRule);
     }
 }
@@ -128,7 +126,7 @@ void Linter::setFormatter(std::string_view name) {
 }
 
 void Linter::run(openapi::ReadResult& document, std::string_view path) {
-    context_.setFilename(pathToUtf8(std::filesystem::canonical(pathFromUtf8(path))));
+    context_.setFilename(canonicalPath(path));
     check(document);
 }
 

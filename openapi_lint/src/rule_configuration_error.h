@@ -4,13 +4,15 @@
 #include <string>      // std::string
 #include <string_view> // std::string_view
 
+#include "foundation/message.h"
+
 namespace specloom::openapi_lint {
 
 /// A rule cannot be configured as the configuration asks.
 class RuleConfigurationError : public std::runtime_error {
   public:
-    RuleConfigurationError(std::string_view ruleId, const std::string& message)
-        : std::runtime_error(message), ruleId_(ruleId) {}
+    RuleConfigurationError(std::string_view ruleId, const Message& message)
+        : std::runtime_error(message.composed()), ruleId_(ruleId) {}
 
     [[nodiscard]] const std::string& ruleId() const noexcept { return ruleId_; }
 

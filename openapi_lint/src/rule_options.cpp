@@ -2,7 +2,7 @@
 
 #include <string> // std::string
 
-#include <fmt/format.h>
+#include "foundation/message.h"
 
 namespace specloom::openapi_lint {
 
@@ -14,7 +14,7 @@ const jv::JV& requireOptions(const jv::JV* options, std::string_view ruleId) {
 
 std::string_view textOf(const jv::JV& value, std::string_view name) {
     if (!value.isString())
-        throw jv::JVError(fmt::format("A string value is expected for '{}'.", name), &value);
+        throw jv::JVError(formatMessage("A string value is expected for '{}'.", name), &value);
     return value.text();
 }
 
@@ -30,7 +30,7 @@ number::Number optionsPositiveNumber(const jv::JV* options, std::string_view rul
     if (!value.isNumber() && !value.isString())
         throw RuleConfigurationError(ruleId, "Options must be a string or an object");
     if (!value.isNumber())
-        throw jv::JVError(fmt::format("A numeric value is expected for '{}'.", ruleId), &value);
+        throw jv::JVError(formatMessage("A numeric value is expected for '{}'.", ruleId), &value);
     number::Number minimum = value.number();
     if (minimum.compare(0) <= 0)
         throw RuleConfigurationError(ruleId, "Minimal description length must be a positive number");

@@ -5,6 +5,7 @@
 #include <stdexcept> // std::runtime_error
 #include <string>    // std::string
 
+#include "foundation/message.h"
 #include "openapi_lint/rules/audience_defined.h"
 #include "openapi_lint/rules/contact_defined.h"
 #include "openapi_lint/rules/id_defined.h"
@@ -145,7 +146,7 @@ const RuleEntry* findEntry(std::string_view id) {
 std::unique_ptr<Rule> findRule(std::string_view id, Severity severity) {
     const RuleEntry* found = findEntry(id);
     if (found == nullptr)
-        throw std::runtime_error("Rule not found: " + std::string(id));
+        throw std::runtime_error(formatMessage("Rule not found: {}", id));
     return found->make(severity);
 }
 

@@ -4,6 +4,8 @@
 #include <stdexcept> // std::runtime_error
 #include <string>    // std::string
 
+#include "foundation/message.h"
+
 namespace specloom::openapi_lint {
 namespace {
 
@@ -140,7 +142,7 @@ std::unique_ptr<Ruleset> findRuleset(std::string_view name) {
     for (const RulesetEntry& entry : rulesetTable)
         if (entry.name == name)
             return entry.make();
-    throw std::runtime_error("Ruleset not found: " + std::string(name));
+    throw std::runtime_error(formatMessage("Ruleset not found: {}", name));
 }
 
 std::vector<std::string_view> rulesetNames() {

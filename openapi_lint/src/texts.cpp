@@ -3,8 +3,8 @@
 #include <array>   // std::array
 #include <utility> // std::pair
 
-#include <fmt/format.h>
-
+#include "foundation/message.h"
+#include "foundation/strings.h"
 #include "openapi_lint/rule_configuration_error.h"
 
 namespace specloom::openapi_lint {
@@ -38,7 +38,7 @@ NamingConvention parseNamingConvention(std::string_view text, std::string_view r
     for (const auto& [name, convention] : conventions)
         if (name == text)
             return convention;
-    throw RuleConfigurationError(ruleId, fmt::format("Unknown naming convention: {}", text));
+    throw RuleConfigurationError(ruleId, formatMessage("Unknown naming convention: {}", text));
 }
 
 std::string withoutTemplateNames(std::string_view path) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "foundation/strings.h"
+#include "foundation/case_style.h"
 #include "number/number.h"
 
 #include <optional>    // std::optional

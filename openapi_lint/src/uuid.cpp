@@ -4,6 +4,8 @@
 #include <array>     // std::array
 #include <random>    // std::mt19937
 
+#include "foundation/ascii.h"
+
 namespace specloom::openapi_lint {
 namespace {
 
@@ -27,8 +29,7 @@ bool isUuid(std::string_view text) noexcept {
         return false;
     for (std::size_t i = 0; i < text.size(); ++i) {
         const char c = text[i];
-        const bool isDigit = (c >= '0' && c <= '9') || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F');
-        if (version4[i] == '-' ? c != '-' : !isDigit)
+        if (version4[i] == '-' ? c != '-' : !ascii::isHexDigit(c))
             return false;
     }
     return true;

@@ -1,12 +1,14 @@
 #include "openapi_lint/words.h"
 
-#include <cwctype>  // std::wint_t
-#include <iterator> // std::back_inserter
+#include <cwctype> // std::wint_t
 
 #include <locale.h> // newlocale, locale_t
 #include <wctype.h> // iswalnum_l, iswupper_l, towlower_l
 
 #include <utf8cpp/utf8.h>
+
+#include "foundation/ascii.h"
+#include "foundation/utf8.h"
 
 namespace specloom::openapi_lint {
 namespace {
@@ -24,13 +26,13 @@ locale_t unicode() {
 
 bool isUpper(char32_t c) {
     if (c < 0x80 || unicode() == nullptr)
-        return c >= 'A' && c <= 'Z';
+        return ascii::isUpper(c);
     return iswupper_l(static_cast<std::wint_t>(c), unicode()) != 0;
 }
 
 bool isLetter(char32_t c) {
     if (c < 0x80)
-        return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+        return ascii::isLetter(c);
     const bool isCombining = c >= 0x300 && c <= 0x36F; // an accent is part of its letter
     return isCombining || unicode() == nullptr || iswalpha_l(static_cast<std::wint_t>(c), unicode()) != 0;
 }
@@ -41,7 +43,7 @@ bool isApostrophe(char32_t c) {
 
 /// What a name is made of, letters included.
 bool isWordCharacter(char32_t c) {
-    return isLetter(c) || (c >= '0' && c <= '9') || c == '_' || c == unreadableCharacter;
+    return isLetter(c) || ascii::isDigit(c) || c == '_' || c == unreadableCharacter;
 }
 
 bool isWhiteSpace(char32_t c) {
@@ -126,9 +128,7 @@ void appendWords(std::string_view chunk, std::vector<Word>& words) {
 
 /// Whether an "@" stands between two letters or digits.
 bool holdsAddress(std::string_view chunk) {
-    const auto isPlain = [](char c) {
-        return isLetter(static_cast<unsigned char>(c)) || (c >= '0' && c <= '9');
-    };
+    const auto isPlain = [](char c) { return isLetter(static_cast<unsigned char>(c)) || ascii::isDigit(c); };
     for (std::size_t at = chunk.find('@'); at != std::string_view::npos; at = chunk.find('@', at + 1))
         if (at > 0 && at + 1 < chunk.size() && isPlain(chunk[at - 1]) && isPlain(chunk[at + 1]))
             return true;
@@ -168,11 +168,11 @@ std::string withSmallInitial(std::string_view word) {
     cursor.advance();
     std::string result;
     char32_t small = initial;
-    if (initial >= 'A' && initial <= 'Z')
+    if (ascii::isUpper(initial))
         small = initial | 0x20;
     else if (initial >= 0x80 && unicode() != nullptr)
         small = static_cast<char32_t>(towlower_l(static_cast<std::wint_t>(initial), unicode()));
-    utf8::unchecked::append(small, std::back_inserter(result));
+    appendUtf8(small, result);
     return result.append(word.substr(static_cast<std::size_t>(cursor.at() - word.data())));
 }
 

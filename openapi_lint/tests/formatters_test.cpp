@@ -15,6 +15,7 @@
 #include <nlohmann/json.hpp>
 
 #include "foundation/strings.h"
+#include "foundation/utf8.h"
 #include "openapi_lint/formatter_registry.h"
 #include "openapi_lint/lint_context.h"
 #include "test_support/corpora.h"
@@ -24,6 +25,7 @@ namespace specloom::openapi_lint {
 namespace {
 
 namespace fs = std::filesystem;
+using namespace std::string_view_literals;
 using test_support::fileBytes;
 using test_support::markupFault;
 
@@ -36,7 +38,7 @@ struct Finding {
     Severity severity;
     bool fixable;
     const char* ruleId;
-    const char* message;
+    std::string_view message;
 };
 struct File {
     const char* name;
@@ -66,6 +68,13 @@ const std::vector<File> hostile = {
        "a line\r\nfeed,\ta bell\x07, \x1b[31mcolours, \xc2\x9b"
        "31m and \x7f"},
       {2, 0, Warning, false, "spell-check", "no UTF-8: \xff \xed\xa0\x80 \xc3"}}},
+    {"::error::x # SKIP y\\.json", {}},
+    {"::warning::x.json", {{1, 1, Warning, false, "tags-unique", "::error::x"}}},
+    {"##vso[task]\n::error::\xe2\x80\xae.json",
+     {{1, 1, Error, false, "tags-unique", "a\n::error::b ##[group] c ##vso[task.complete] d"},
+      {2, 1, Error, false, "tags-unique", "NUL \0 and U+FFFF \xef\xbf\xbf"sv},
+      {3, 1, Error, false, "tags-unique",
+       "\xe2\x80\xa8 \xe2\x80\xa9 \xe2\x80\xaa\xe2\x80\xae \xe2\x81\xa6\xe2\x81\xa9"}}},
 };
 const std::vector<File> nothing = {{"/srv/api/a.yaml", {}}, {"/srv/api/b.json", {}}};
 
@@ -79,7 +88,7 @@ void fill(LintContext& context, const std::vector<File>& files) {
                                        .filename = context.filename(),
                                        .line = finding.line,
                                        .column = finding.column,
-                                       .message = finding.message});
+                                       .message = std::string(finding.message)});
             ++(finding.severity == Error ? context.errorCount : context.warningCount);
             if (finding.fixable)
                 ++(finding.severity == Error ? context.fixableErrorCount : context.fixableWarningCount);
@@ -152,9 +161,63 @@ TEST(Formatters, writeWellFormedMarkup) {
     EXPECT_NE(markupFault(report("junit", {hostile[0]})), "") << "attributes hold the texts as they are";
 }
 
+/// A text that its attribute and element hold as it is, so that a fault is none of the texts' markup.
+std::vector<File> withoutMarkup(std::vector<File> files) {
+    for (File& file : files)
+        for (Finding& finding : file.findings)
+            if (finding.message.find('<') != std::string_view::npos)
+                finding.message = "";
+    files.erase(files.begin());
+    return files;
+}
+
+TEST(Formatters, writeNothingThatActs) {
+    for (const char* name : {"checkstyle", "junit", "html"})
+        EXPECT_EQ(markupFault(report(name, withoutMarkup(hostile))), "") << name;
+    for (const std::string_view name : formatterNames()) {
+        if (name == "json")
+            continue; // has escapes of its own, and reads back as it was
+        const std::string text = "\n" + report(name, hostile);
+        EXPECT_EQ(text, toValidUtf8(text)) << name;
+        for (const std::string_view acting : {"\n::", "##vso[", "##[", "\x1b", "\xc2\x9b", "\xe2\x80\xae",
+                                              "\xe2\x80\xa8", "\xe2\x81\xa6", "\xef\xbf\xbf"})
+            EXPECT_EQ(text.find(acting), std::string::npos) << name << ": " << acting;
+        EXPECT_EQ(text.find('\0'), std::string::npos) << name;
+    }
+}
+
+/// What a reader of TAP 14 makes of the test lines: the name with its escapes resolved, behind "not " when it
+/// failed and behind the directive when there is one.
+std::vector<std::string> readTap(const std::string& text) {
+    std::vector<std::string> tests;
+    std::istringstream lines(text);
+    for (std::string line; std::getline(lines, line);) {
+        const std::size_t dash = line.find(" - ");
+        if (!line.starts_with("ok") && !line.starts_with("not ok"))
+            continue;
+        std::string name = line.starts_with("not") ? "not " : "";
+        for (std::size_t at = dash + 3; at < line.size(); ++at) {
+            if (line[at] == '#') {
+                name.insert(0, line.substr(at) + " ");
+                break;
+            }
+            at += line[at] == '\\' ? 1 : 0;
+            name += line.substr(at, 1);
+        }
+        tests.push_back(name);
+    }
+    return tests;
+}
+
+TEST(Formatters, writeNamesThatAreNoDirectives) {
+    const std::vector<File> files = {{"a # TODO", {}},
+                                     {"b\\# SKIP\n", {{1, 1, Error, false, "tags-unique", ""}}}};
+    EXPECT_EQ(readTap(report("tap", files)), (std::vector<std::string>{"a # TODO", "not b\\# SKIP\\n"}));
+}
+
 TEST(Formatters, writeJsonThatReadsBack) {
     const nlohmann::json read = nlohmann::json::parse(report("json", hostile));
-    EXPECT_EQ(read.size(), 2u);
+    EXPECT_EQ(read.size(), 4u);
     for (const File& file : hostile)
         for (std::size_t index = 0; index < file.findings.size(); ++index) {
             const Finding& finding = file.findings[index];

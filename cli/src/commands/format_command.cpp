@@ -6,12 +6,11 @@
 #include <string>    // std::string
 #include <vector>    // std::vector
 
-#include <fmt/format.h>
-
 #include "cli/app.h"
 #include "cli/config_file.h"
 #include "cli/exit_status.h"
 #include "foundation/file_system.h"
+#include "foundation/message.h"
 #include "jv/deser.h"
 #include "openapi_format/formatter.h"
 #include "telemetry/telemetry.h"
@@ -48,7 +47,7 @@ void formatInPlace(const openapi_format::Formatter& formatter, const std::string
 void requireWritable(const std::string& path) {
     const std::ofstream stream(pathFromUtf8(path), std::ios::app);
     if (!stream)
-        throw std::runtime_error(fmt::format("Failed to open file for writing: {}", path));
+        throw std::runtime_error(formatMessage("Failed to open file for writing: {}", path));
 }
 
 void formatTo(const openapi_format::Formatter& formatter, const std::string& file,
@@ -57,7 +56,7 @@ void formatTo(const openapi_format::Formatter& formatter, const std::string& fil
     requireWritable(output); // before its name is judged: a bad extension is told after the file was created
     const std::optional<jv::DocumentFormat> target = jv::formatFromPath(output);
     if (!target)
-        throw std::runtime_error(fmt::format("Unknown file format: {}", output));
+        throw std::runtime_error(formatMessage("Unknown file format: {}", output));
     const std::string text = formatter.text(*loaded.document, *target);
     LocalFileSystem().writeFile(output, text);
 }

@@ -12,6 +12,7 @@
 #include "cli/app.h"
 #include "cli/exit_status.h"
 #include "cli/libraries.h"
+#include "foundation/message.h"
 
 namespace specloom::cli {
 namespace {
@@ -31,7 +32,7 @@ std::int32_t printLicense(const std::string& name) {
     const auto library =
         std::find_if(all.begin(), all.end(), [&](const LibraryInfo& row) { return row.name == name; });
     if (library == all.end()) {
-        std::cout << fmt::format("No library with name {0} found.\n", name);
+        std::cout << formatMessage("No library with name {} found.", name).composed() << '\n';
         return exit_status::failure;
     }
     std::cout << library->license;

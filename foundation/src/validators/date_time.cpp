@@ -1,5 +1,5 @@
+#include "foundation/ascii.h"
 #include "foundation/unreachable.h"
-#include "foundation/validators/ascii.h"
 #include "foundation/validators/validators.h"
 
 #include <algorithm>   // std::all_of, std::find

@@ -1,4 +1,4 @@
-#include "foundation/validators/ascii.h"
+#include "foundation/ascii.h"
 #include "foundation/validators/validators.h"
 
 #include <cstddef>     // std::size_t

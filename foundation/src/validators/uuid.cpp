@@ -1,4 +1,4 @@
-#include "foundation/validators/ascii.h"
+#include "foundation/ascii.h"
 #include "foundation/validators/validators.h"
 
 #include <cstddef>     // std::size_t
@@ -12,7 +12,7 @@ bool isUUID(std::string_view text) noexcept {
         return false;
     for (std::size_t at = 0; at < form.size(); ++at) {
         const char byte = text[at];
-        const bool lowerHex = ascii::isDigit(byte) || (byte >= 'a' && byte <= 'f');
+        const bool lowerHex = ascii::isHexDigit(byte) && !ascii::isUpper(byte);
         if (form[at] == '-' ? byte != '-' : !lowerHex)
             return false;
         if (form[at] == 'v' && std::string_view("089ab").find(byte) == std::string_view::npos)

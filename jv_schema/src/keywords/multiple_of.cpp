@@ -1,5 +1,6 @@
 #include "jv_schema/keywords/multiple_of.h"
 
+#include "foundation/message.h"
 #include "jv_schema/compiler.h"
 #include "jv_schema/evaluation.h"
 #include "jv_schema/exact_numbers.h"
@@ -36,8 +37,8 @@ std::unique_ptr<Keyword> makeMultipleOf(const Site& site) {
     const std::optional<Divisor> divisor = Divisor::of(number);
     if (!divisor) {
         const bool positive = compareExactly(number, number::Number()).value_or(0) > 0;
-        site.fault(
-            fmt::format(fmt::runtime(positive ? message::longDivisor : message::notPositive), site.keyword));
+        site.fault(positive ? formatMessage(message::longDivisor, site.keyword)
+                            : formatMessage(message::notPositive, site.keyword));
     }
     return std::make_unique<MultipleOf>(site, *divisor);
 }

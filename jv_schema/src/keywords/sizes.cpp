@@ -1,12 +1,12 @@
 #include "jv_schema/keywords/sizes.h"
 
+#include "foundation/utf8.h"
 #include "jv_schema/compiler.h"
 #include "jv_schema/count.h"
 #include "jv_schema/evaluation.h"
 #include "jv_schema/messages.h"
 
-#include <algorithm> // std::count_if
-#include <string>    // std::string
+#include <string> // std::string
 
 #include <fmt/core.h>
 
@@ -16,19 +16,13 @@ namespace {
 
 enum class Bound { Least, Most };
 
-/// Code points of UTF-8; of other bytes, those that may begin one.
-[[nodiscard]] std::size_t codePoints(std::string_view text) {
-    return static_cast<std::size_t>(std::count_if(
-        text.begin(), text.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xc0) != 0x80; }));
-}
-
 class Size : public Keyword {
   public:
     Size(const Site& site, Bound bound, Kind kind)
         : Keyword(site.place, site.keyword, only(kind)), bound_(bound), limit_(countOf(site, site.value)) {}
 
     [[nodiscard]] bool evaluate(const JV& instance, Evaluation& evaluation) const override {
-        const std::size_t size = instance.isString() ? codePoints(instance.text()) : instance.size();
+        const std::size_t size = instance.isString() ? columnsOf(instance.text()) : instance.size();
         if (bound_ == Bound::Least ? size >= limit_ : size <= limit_)
             return true;
         return evaluation.fail(*this, [&] {

@@ -1,5 +1,6 @@
 #include "jv_schema/keywords/type.h"
 
+#include "foundation/message.h"
 #include "jv_schema/compiler.h"
 #include "jv_schema/evaluation.h"
 #include "jv_schema/exact_numbers.h"
@@ -70,7 +71,7 @@ std::unique_ptr<Keyword> makeType(const Site& site) {
         else if (name == "integer")
             integers = true;
         else
-            site.fault(fmt::format(message::unknownType, quoted(name)));
+            site.fault(formatMessage(message::unknownType, quoted(name)));
         names.push_back(name);
     }
     return std::make_unique<Type>(site, kinds, integers, alternatives(names));

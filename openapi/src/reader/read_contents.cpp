@@ -1,9 +1,8 @@
 // What requests and responses consist of: parameters, headers, bodies, media types, examples, links.
 
+#include "foundation/message.h"
 #include "openapi/reader/readers.h"
 #include "openapi/reference.h"
-
-#include <fmt/format.h> // fmt::format
 
 namespace specloom::openapi {
 
@@ -61,7 +60,7 @@ template <typename Allows>
     const auto style = parameterStyleFromName(name.view());
     if (style && allows(*style))
         return style;
-    context.report(node, &member.value, fmt::format("Invalid parameter style: {}", name.view()));
+    context.report(node, &member.value, formatMessage("Invalid parameter style: {}", name.view()));
     return std::nullopt;
 }
 
@@ -234,7 +233,7 @@ ParameterIdentity readParameterIdentity(const jv::JV& value) {
     const std::string_view name = value.getRequiredString("name")->text();
     const auto location = parameterLocationFromName(in);
     if (!location)
-        throw std::runtime_error("Invalid parameter location: " + std::string(in));
+        throw std::runtime_error(formatMessage("Invalid parameter location: {}", in));
     return {*location, Text::borrow(name)};
 }
 

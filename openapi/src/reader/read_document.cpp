@@ -1,6 +1,7 @@
 // The objects around the paths and components: the root, its description, servers, tags, security
 // requirements.
 
+#include "foundation/message.h"
 #include "openapi/reader/readers.h"
 #include "openapi/reference.h"
 
@@ -62,7 +63,7 @@ void readServerVariables(ReaderContext& context, Server& server, const Member& m
     for (const jv::Member& entry : member.asObject().members()) {
         ServerVariable* variable = server.variable(entry.key);
         if (variable == nullptr)
-            throw std::runtime_error("Invalid server variable: " + std::string(entry.key));
+            throw std::runtime_error(formatMessage("Invalid server variable: {}", entry.key));
         if (context.requireObject(server, *entry.value, "Expected object"))
             serverVariableReader.read(context, *variable, *entry.value);
     }

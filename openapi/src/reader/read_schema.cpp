@@ -1,7 +1,6 @@
+#include "foundation/message.h"
 #include "openapi/reader/readers.h"
 #include "openapi/reference.h"
-
-#include <fmt/format.h> // fmt::format
 
 #include <algorithm> // std::find
 
@@ -108,7 +107,7 @@ void dialect(ReaderContext& context, Schema& schema, const Member& member) {
     const Text uri = member.text();
     const auto& dialects = schemaDialects();
     if (std::find(dialects.begin(), dialects.end(), uri.view()) == dialects.end())
-        context.report(schema, &member.value, fmt::format("Unknown schema dialect: {}", uri.view()));
+        context.report(schema, &member.value, formatMessage("Unknown schema dialect: {}", uri.view()));
     else
         schema.setDialect(uri.view());
 }
@@ -184,7 +183,7 @@ void format(ReaderContext& context, Schema& schema, const Member& member) {
     if (const SchemaFormat* known = context.formats().find(name.view()); known != nullptr)
         schema.setFormat(known);
     else
-        context.report(schema, &member.value, fmt::format("Unknown format: {}", name.view()));
+        context.report(schema, &member.value, formatMessage("Unknown format: {}", name.view()));
 }
 
 void contentEncoding(ReaderContext&, Schema& schema, const Member& member) {

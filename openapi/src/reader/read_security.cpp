@@ -2,6 +2,8 @@
 
 #include "openapi/reader/readers.h"
 
+#include "foundation/message.h"
+
 namespace specloom::openapi {
 
 namespace {
@@ -60,7 +62,7 @@ constexpr ObjectReader<OAuth2SecurityScheme, 2> oauth2Reader({
     const std::string_view in = value.getRequiredString("in")->text();
     const auto location = apiKeyLocationFromName(in);
     if (!location)
-        throw std::runtime_error("Invalid API key location: " + std::string(in));
+        throw std::runtime_error(formatMessage("Invalid API key location: {}", in));
     return *location;
 }
 
@@ -90,7 +92,7 @@ void readSecurityScheme(ReaderContext& context, Components& components, std::str
             std::move(key), requiredText(value, "openIdConnectUrl"));
         securitySchemeReader.read(context, *scheme, value);
     } else {
-        throw std::runtime_error("Invalid security scheme type: " + std::string(type));
+        throw std::runtime_error(formatMessage("Invalid security scheme type: {}", type));
     }
 }
 

@@ -26,19 +26,19 @@ constexpr const char* customFormatsHint =
 ReaderContext::ReaderContext(ReadResult& result, const SchemaFormatRegistry& formats)
     : result_(result), formats_(formats), placeholder_(&result.root()) {}
 
-void ReaderContext::report(const Node& node, const jv::JV* value, std::string message) {
+void ReaderContext::report(const Node& node, const jv::JV* value, Message message) {
     errors_.push_back({&node, value, std::move(message)});
 }
 
-bool ReaderContext::requireObject(const Node& node, const jv::JV& value, const char* message) {
+bool ReaderContext::requireObject(const Node& node, const jv::JV& value, MessageFormat<> message) {
     if (!value.isObject())
-        report(node, &value, message);
+        report(node, &value, formatMessage(message));
     return value.isObject();
 }
 
 bool ReaderContext::enter(const Node& node, const jv::JV& value) {
     if (depth_ == maxNodeDepth) {
-        report(node, &value, fmt::format("Objects are nested more than {} levels deep", maxNodeDepth));
+        report(node, &value, formatMessage("Objects are nested more than {} levels deep", maxNodeDepth));
         return false;
     }
     ++depth_;
@@ -67,10 +67,11 @@ void ReaderContext::throwErrors() const {
     std::string text;
     for (const ReadError& error : errors_) {
         const jv::Pos pos = positionOf(error);
-        fmt::format_to(std::back_inserter(text), "{} at ({}, {})\n", error.message, pos.line, pos.column);
+        fmt::format_to(std::back_inserter(text), "{} at ({}, {})\n", error.message.composed(), pos.line,
+                       pos.column);
     }
     const bool custom = std::any_of(errors_.begin(), errors_.end(), [](const ReadError& error) {
-        return error.message.find(unknownFormat) != std::string::npos;
+        return error.message.composed().find(unknownFormat) != std::string::npos;
     });
     if (custom)
         fmt::format_to(std::back_inserter(text), "{}{}/custom-formats\n", customFormatsHint,

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "foundation/message.h"
 #include "openapi/read_result.h"
 #include "openapi/schema_format.h"
 
@@ -13,7 +14,7 @@ namespace specloom::openapi {
 struct ReadError {
     const Node* node;    ///< the nearest node around it
     const jv::JV* value; ///< at fault; may be null
-    std::string message;
+    Message message;
 };
 
 /// The state of one read.
@@ -30,9 +31,9 @@ class ReaderContext {
     /// Whether `nullable` may stand in documents other than 3.0.
     bool allowNullable = true;
 
-    void report(const Node& node, const jv::JV* value, std::string message);
+    void report(const Node& node, const jv::JV* value, Message message);
     /// Reports `message` and answers false when `value` is no object.
-    bool requireObject(const Node& node, const jv::JV& value, const char* message);
+    bool requireObject(const Node& node, const jv::JV& value, MessageFormat<> message);
 
     /// Counts a level of nesting. Reports and answers false, with nothing counted, when there are too many.
     [[nodiscard]] bool enter(const Node& node, const jv::JV& value);

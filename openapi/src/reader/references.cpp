@@ -1,5 +1,6 @@
 // How the texts of references find their targets.
 
+#include "foundation/message.h"
 #include "openapi/reader/reader_context.h"
 #include "openapi/reference.h"
 
@@ -131,7 +132,7 @@ void ReaderContext::reportUnresolved() {
         [](const Unresolved& first, const Unresolved& second) { return first.text < second.text; });
     report(placeholder_, nullptr, "Unresolved references found");
     for (const Unresolved& unresolved : unresolved_)
-        report(root(), unresolved.object, "Unresolved reference: " + unresolved.text);
+        report(root(), unresolved.object, formatMessage("Unresolved reference: {}", unresolved.text));
 }
 
 } // namespace specloom::openapi

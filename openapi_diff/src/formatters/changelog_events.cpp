@@ -2,7 +2,7 @@
 
 #include <fmt/format.h>
 
-#include "foundation/report_text.h"
+#include "foundation/printable.h"
 #include "openapi_diff/formatters/utils.h"
 
 namespace specloom::openapi_diff {
@@ -13,8 +13,8 @@ class EventWalk {
   public:
     EventWalk(const ChangelogReport& report, const EventFormats& formats, const TakeEvent& take)
         : report_(report), formats_(formats), take_(take),
-          sourceFile_(singleLine(report.fileName(DocumentSide::Source))),
-          destinationFile_(singleLine(report.fileName(DocumentSide::Destination))) {}
+          sourceFile_(printableAtLineStart(report.fileName(DocumentSide::Source))),
+          destinationFile_(printableAtLineStart(report.fileName(DocumentSide::Destination))) {}
 
     void run() {
         if (report_.metadata().level != ChangeLevel::None)
@@ -34,7 +34,7 @@ class EventWalk {
             return;
         const std::string& file = entry.side == DocumentSide::Source ? sourceFile_ : destinationFile_;
         take_(entry, fmt::format(fmt::runtime(format), file, printedLine(entry.pos), printedColumn(entry.pos),
-                                 changeLevelText(entry.level), singleLine(first), singleLine(second)));
+                                 changeLevelText(entry.level), printable(first), printable(second)));
     }
 
     void tellOperations(ChangelogEvent event, const std::vector<OperationChange>& operations) const {

@@ -6,7 +6,8 @@
 
 #include <nlohmann/json.hpp>
 
-#include "foundation/strings.h"
+#include "foundation/escapes.h"
+#include "foundation/printable.h"
 #include "openapi_diff/formatters/template_report.h"
 #include "openapi_diff/html_template.h"
 #include "templating/templating.h"
@@ -15,7 +16,7 @@ namespace specloom::openapi_diff {
 namespace {
 
 std::string htmlText(std::string_view text) {
-    return escapeHtml(toValidUtf8(text));
+    return escapeHtml(printable(text));
 }
 
 void render(std::string_view name, std::string_view title, const Report& report, nlohmann::json data,

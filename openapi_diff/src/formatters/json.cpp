@@ -2,7 +2,7 @@
 
 #include <ostream> // std::ostream
 
-#include "foundation/strings.h"
+#include "foundation/utf8.h"
 #include "jv/json_writer.h"
 #include "openapi_diff/formatters/utils.h"
 #include "openapi_diff/reports/changelog.h"

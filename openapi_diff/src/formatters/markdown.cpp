@@ -1,13 +1,12 @@
 #include "openapi_diff/formatters/markdown.h"
 
-#include <cctype>  // std::isalnum
 #include <ostream> // std::ostream
 #include <string>  // std::string
 
 #include <nlohmann/json.hpp>
 
-#include "foundation/report_text.h"
-#include "foundation/strings.h"
+#include "foundation/escapes.h"
+#include "foundation/printable.h"
 #include "openapi_diff/formatters/template_report.h"
 #include "openapi_diff/markdown_template.h"
 #include "templating/templating.h"
@@ -15,29 +14,9 @@
 namespace specloom::openapi_diff {
 namespace {
 
-bool isWordCharacter(std::string_view text, std::size_t at) noexcept {
-    return at < text.size() && std::isalnum(static_cast<unsigned char>(text[at])) != 0;
-}
-
-/// Whether a character would be taken for Markdown (CommonMark 0.30, section 2.4). An underscore within a
-/// word is none, and paths are full of them.
-bool isMarkup(std::string_view text, std::size_t at) noexcept {
-    if (text[at] == '_')
-        return at == 0 || !isWordCharacter(text, at - 1) || !isWordCharacter(text, at + 1);
-    return std::string_view("\\`*[]<>&|~").find(text[at]) != std::string_view::npos;
-}
-
 /// Text of a document as one line that Markdown shows as it is.
 std::string markdownText(std::string_view text) {
-    const std::string line = singleLine(toValidUtf8(text));
-    std::string result;
-    result.reserve(line.size());
-    for (std::size_t at = 0; at < line.size(); ++at) {
-        if (isMarkup(line, at))
-            result += '\\';
-        result += line[at];
-    }
-    return result;
+    return escapeMarkdown(printable(text));
 }
 
 std::string render(std::string_view name, const nlohmann::json& data) {

@@ -4,7 +4,7 @@
 
 #include <fmt/format.h>
 
-#include "foundation/report_text.h"
+#include "foundation/printable.h"
 #include "openapi_diff/formatters/changelog_events.h"
 #include "openapi_diff/formatters/utils.h"
 #include "openapi_diff/reports/detailed.h"
@@ -40,7 +40,7 @@ void UnixChangelogFormatter::format(const Report& report) {
 void UnixDetailsFormatter::format(const Report& report) {
     // Nothing but the place and the level: that is all of a line here.
     for (const Change& change : static_cast<const DetailedReport&>(report).changes())
-        stream() << fmt::format("{}:{}:{}: [{}]\n", singleLine(report.fileName(change.side)),
+        stream() << fmt::format("{}:{}:{}: [{}]\n", printableAtLineStart(report.fileName(change.side)),
                                 printedLine(change.pos), printedColumn(change.pos),
                                 changeLevelText(change.level));
 }

@@ -2,7 +2,7 @@
 
 #include <fmt/format.h>
 
-#include "foundation/report_text.h"
+#include "foundation/printable.h"
 #include "foundation/unreachable.h"
 
 namespace specloom::openapi_diff {
@@ -106,7 +106,7 @@ std::string_view nodeKindText(const openapi::Node& node) {
 
 std::string changeText(const Change& change) {
     const std::string_view target = nodeKindText(*change.node);
-    const std::string name = singleLine(change.name);
+    const std::string name = printable(change.name);
     switch (change.kind) {
     case ChangeKind::ExtensionAdded:
     case ChangeKind::ExtensionRemoved:

@@ -4,20 +4,20 @@
 
 #include <nlohmann/json.hpp>
 
-#include "foundation/strings.h"
+#include "foundation/printable.h"
 #include "openapi_lint/template_report.h"
 
 namespace specloom::openapi_lint {
 namespace {
 
 nlohmann::json describeCheckstyleFile(std::string_view name, std::size_t /*count*/) {
-    return {{"path", toValidUtf8(name)}};
+    return {{"path", printable(name)}};
 }
 
 nlohmann::json describeCheckstyleIssue(const LintResult& result) {
     return {{"line", result.printedLine()},
             {"severity", severityName(result.severity)},
-            {"message", toValidUtf8(result.message)},
+            {"message", printable(result.message)},
             {"ruleId", result.ruleId}};
 }
 

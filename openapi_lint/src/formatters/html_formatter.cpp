@@ -5,8 +5,9 @@
 #include <fmt/format.h>
 #include <nlohmann/json.hpp>
 
+#include "foundation/escapes.h"
+#include "foundation/printable.h"
 #include "foundation/site.h"
-#include "foundation/strings.h"
 #include "openapi_lint/template_report.h"
 
 namespace specloom::openapi_lint {
@@ -18,7 +19,7 @@ std::string ruleDocUrl(std::string_view ruleId) {
 }
 
 std::string htmlText(std::string_view text) {
-    return escapeHtml(toValidUtf8(text));
+    return escapeHtml(printable(text));
 }
 
 nlohmann::json describeHtmlFile(std::string_view name, std::size_t /*count*/) {

@@ -2,7 +2,7 @@
 
 #include <ostream> // std::ostream
 
-#include "foundation/strings.h"
+#include "foundation/utf8.h"
 #include "jv/json_writer.h"
 #include "openapi_lint/lint_context.h"
 #include "openapi_lint/result_value.h"
@@ -15,7 +15,7 @@ void JSONFormatter::format(const LintContext& context) {
     for (const auto& [filename, indices] : context.groupByFile()) {
         jv::JV* issues = files->setArray(toValidUtf8(filename));
         for (const std::size_t index : indices)
-            appendResult(*issues, context.results[index]);
+            appendResult(*issues, context.results[index], toValidUtf8);
     }
     jv::JSONWriter writer;
     writer.write(report);

@@ -6,7 +6,7 @@
 #include <fmt/format.h>
 #include <nlohmann/json.hpp>
 
-#include "foundation/strings.h"
+#include "foundation/printable.h"
 #include "openapi_lint/template_report.h"
 
 namespace specloom::openapi_lint {
@@ -14,11 +14,11 @@ namespace {
 
 // Every test case fails, because what passes is no finding: the two counts are always the same.
 nlohmann::json describeJUnitFile(std::string_view name, std::size_t count) {
-    return {{"name", toValidUtf8(name)}, {"totalCount", count}, {"issueCount", count}};
+    return {{"name", printable(name)}, {"totalCount", count}, {"issueCount", count}};
 }
 
 nlohmann::json describeJUnitIssue(const LintResult& result) {
-    const std::string message = toValidUtf8(result.message);
+    const std::string message = printable(result.message);
     return {{"name", fmt::format("specloom.{}", result.ruleId)},
             {"ruleId", result.ruleId},
             {"message", message},

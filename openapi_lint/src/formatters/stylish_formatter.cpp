@@ -8,8 +8,9 @@
 
 #include <fmt/format.h>
 
-#include "foundation/report_text.h"
+#include "foundation/printable.h"
 #include "foundation/unreachable.h"
+#include "foundation/utf8.h"
 #include "openapi_lint/lint_context.h"
 
 namespace specloom::openapi_lint {
@@ -37,7 +38,7 @@ Row rowOf(const LintResult& result) {
     return {.line = std::to_string(result.printedLine()),
             .column = std::to_string(result.printedColumn()),
             .severity = severityText(result.severity),
-            .message = singleLine(result.message),
+            .message = printable(result.message),
             .ruleId = std::string(result.ruleId)};
 }
 
@@ -60,7 +61,7 @@ void appendPadded(std::string& text, std::string_view value, std::size_t width) 
 
 void appendFile(std::string& text, std::string_view name, const std::vector<Row>& rows) {
     const Widths widths = widthsOf(rows);
-    text.append(singleLine(name)) += '\n';
+    text.append(printableAtLineStart(name)) += '\n';
     for (const Row& row : rows) {
         text.append(2 + widths.line - columnsOf(row.line), ' ').append(row.line) += ':';
         appendPadded(text, row.column, widths.column);

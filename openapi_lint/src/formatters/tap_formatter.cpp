@@ -8,7 +8,8 @@
 
 #include <fmt/format.h>
 
-#include "foundation/report_text.h"
+#include "foundation/escapes.h"
+#include "foundation/printable.h"
 #include "foundation/strings.h"
 #include "foundation/unreachable.h"
 #include "jv/yaml_writer.h"
@@ -38,7 +39,7 @@ std::string diagnosticsOf(const LintContext& context, const std::vector<std::siz
     root->setInteger("warningCount", static_cast<std::int64_t>(indices.size()) - errors);
     jv::JV* issues = root->setArray("issues");
     for (const std::size_t index : indices)
-        appendResult(*issues, context.results[index]);
+        appendResult(*issues, context.results[index], printable);
     jv::YAMLWriter writer;
     writer.write(diagnostics);
     return fmt::format("  ---\n{}\n  ...\n", indentLines(writer.output(), 2));
@@ -52,7 +53,8 @@ void TAPFormatter::format(const LintContext& context) {
         files.try_emplace(filename); // those without results are tests that passed
     std::string text = fmt::format("TAP version 14\n1..{}\n", files.size());
     for (const auto& [filename, indices] : files) {
-        text.append(indices.empty() ? "ok" : "not ok").append(" - ").append(singleLine(filename)) += '\n';
+        text.append(indices.empty() ? "ok" : "not ok").append(" - ").append(escapeTap(printable(filename))) +=
+            '\n';
         if (!indices.empty())
             text += diagnosticsOf(context, indices);
     }

@@ -6,7 +6,7 @@
 
 #include <fmt/format.h>
 
-#include "foundation/report_text.h"
+#include "foundation/printable.h"
 #include "openapi_lint/lint_context.h"
 
 namespace specloom::openapi_lint {
@@ -14,11 +14,11 @@ namespace specloom::openapi_lint {
 void UnixFormatter::format(const LintContext& context) {
     std::string text;
     for (const auto& [filename, indices] : context.groupByFile()) {
-        const std::string name = singleLine(filename);
+        const std::string name = printableAtLineStart(filename);
         for (const std::size_t index : indices) {
             const LintResult& result = context.results[index];
             fmt::format_to(std::back_inserter(text), "{}:{}:{}: {}. [{}/{}]\n", name, result.printedLine(),
-                           result.printedColumn(), singleLine(result.message),
+                           result.printedColumn(), printable(result.message),
                            capitalizedSeverityName(result.severity), result.ruleId);
         }
     }

@@ -4,6 +4,7 @@
 
 #include <fmt/format.h>
 
+#include "foundation/message.h"
 #include "openapi_lint/disabling.h"
 #include "openapi_lint/lint_context.h"
 #include "openapi_lint/rule_options.h"
@@ -12,14 +13,14 @@
 namespace specloom::openapi_lint {
 namespace {
 
-constexpr const char* identifierMissing = "API identifier ({}) is missing";
-constexpr const char* identifierInvalid = "API identifier ({}) has invalid format";
+constexpr char identifierMissing[] = "API identifier ({}) is missing";
+constexpr char identifierInvalid[] = "API identifier ({}) has invalid format";
 
-constexpr const char* idOptionsNoObject = "Options must be an object";
-constexpr const char* attributeEmpty = "Attribute name must not be empty";
-constexpr const char* attributeNoExtension = "Attribute name must start with 'x-'";
-constexpr const char* patternEmpty = "Pattern must not be empty";
-constexpr const char* patternInvalid = "Pattern is not a regular expression: {} ({})";
+constexpr char idOptionsNoObject[] = "Options must be an object";
+constexpr char attributeEmpty[] = "Attribute name must not be empty";
+constexpr char attributeNoExtension[] = "Attribute name must start with 'x-'";
+constexpr char patternEmpty[] = "Pattern must not be empty";
+constexpr char patternInvalid[] = "Pattern is not a regular expression: {} ({})";
 
 constexpr std::string_view uuidPattern = "uuid";
 
@@ -30,7 +31,7 @@ regex::Pattern wholePattern(const std::string& expression) {
         return regex::Pattern(fmt::format("^(?:{})$", expression));
     } catch (const regex::SyntaxError& error) {
         throw RuleConfigurationError(IDDefined::ruleId,
-                                     fmt::format(patternInvalid, expression, error.what()));
+                                     formatMessage(patternInvalid, expression, error.what()));
     }
 }
 

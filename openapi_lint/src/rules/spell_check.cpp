@@ -11,6 +11,8 @@
 #include "foundation/file_system.h"
 #include "foundation/strings.h"
 #include "markdown/parser.h"
+#include "foundation/message.h"
+#include "foundation/utf8.h"
 #include "openapi_lint/dictionary.h"
 #include "openapi_lint/rule_options.h"
 #include "openapi_lint/texts_handler.h"
@@ -65,8 +67,8 @@ class SpellCheckOptions {
         return texts;
     }
 
-    [[noreturn]] static void fail(const char* message, std::string_view argument) {
-        throw RuleConfigurationError(SpellCheck::ruleId, fmt::format(fmt::runtime(message), argument));
+    [[noreturn]] static void fail(MessageFormat<std::string_view> message, std::string_view argument) {
+        throw RuleConfigurationError(SpellCheck::ruleId, formatMessage(message, argument));
     }
 
   private:
@@ -106,7 +108,7 @@ std::unique_ptr<Dictionary> readDictionary(const SpellCheckOptions& options, con
     try {
         return std::make_unique<Dictionary>(files, *affix, *dictionary);
     } catch (const std::runtime_error& error) {
-        throw RuleConfigurationError(SpellCheck::ruleId, error.what());
+        throw RuleConfigurationError(SpellCheck::ruleId, Message(error));
     }
 }
 

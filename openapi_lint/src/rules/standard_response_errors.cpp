@@ -5,12 +5,11 @@
 #include <unordered_set>    // std::unordered_set
 #include <vector>           // std::vector
 
+#include "foundation/message.h"
 #include "foundation/unreachable.h"
 #include "openapi/responses.h"
 #include "openapi_lint/rule_handler.h"
 #include "openapi_lint/rule_options.h"
-
-#include <fmt/format.h>
 
 namespace specloom::openapi_lint {
 namespace {
@@ -118,7 +117,7 @@ void StandardResponseErrors::configure(const jv::JV* options) {
     else if (options->text() == "json-api")
         convention_ = Convention::JsonApi;
     else
-        throw RuleConfigurationError(ruleId, fmt::format("Unknown convention: {}", options->text()));
+        throw RuleConfigurationError(ruleId, formatMessage("Unknown convention: {}", options->text()));
 }
 
 void StandardResponseErrors::check(LintContext& context) {
