@@ -552,16 +552,21 @@ inline constexpr ObjectShape objectShapes[] = {
     return objectShapes[static_cast<std::size_t>(kind)];
 }
 
+namespace shape {
+
+inline constexpr auto kindsByType = [] {
+    std::array<ObjectKind, nodeTypeCount> kinds{};
+    for (const ObjectShape& shape : objectShapes) // the later ones overwrite what is theirs
+        for (auto type = static_cast<std::size_t>(shape.firstType); type < kinds.size(); ++type)
+            kinds[type] = shape.kind;
+    return kinds;
+}();
+
+} // namespace shape
+
 /// The kind of the objects of a type.
 [[nodiscard]] constexpr ObjectKind kindOf(NodeType type) noexcept {
-    constexpr auto kinds = [] {
-        std::array<ObjectKind, nodeTypeCount> table{};
-        for (const ObjectShape& shape : objectShapes) // the later ones overwrite what is theirs
-            for (auto at = static_cast<std::size_t>(shape.firstType); at < table.size(); ++at)
-                table[at] = shape.kind;
-        return table;
-    }();
-    return kinds[static_cast<std::size_t>(type)];
+    return shape::kindsByType[static_cast<std::size_t>(type)];
 }
 
 /// The shape of the kind of that name, or null.
