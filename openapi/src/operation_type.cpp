@@ -13,8 +13,7 @@ static_assert(
     [] {
         std::size_t next = 0;
         for (const MemberShape& member : shape::pathItem)
-            if (member.kind == ObjectKind::Operation && member.content == Content::Object &&
-                (next == operationKeys.size() || member.name != operationKeys[next++]))
+            if (isOperation(member) && (next == operationKeys.size() || member.name != operationKeys[next++]))
                 return false;
         return next == operationKeys.size();
     }(),

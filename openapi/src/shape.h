@@ -3,7 +3,7 @@
 #include "openapi/node_type.h"
 #include "openapi/schema_keyword.h"
 
-#include <algorithm>   // std::ranges::all_of, std::ranges::find
+#include <algorithm>   // std::ranges::all_of, std::ranges::any_of, std::ranges::find
 #include <array>       // std::array
 #include <cstddef>     // std::size_t
 #include <cstdint>     // std::uint8_t
@@ -152,6 +152,12 @@ struct ObjectShape {
     std::span<const MemberShape> members = {};
     References references = References::None;
     std::optional<ObjectKind> entries = std::nullopt; ///< of the members whose names are the author's
+
+    [[nodiscard]] constexpr bool leadsTo(ObjectKind below) const {
+        return entries == below || std::ranges::any_of(members, [&](const MemberShape& row) {
+                   return row.content == Content::Object && row.kind == below;
+               });
+    }
 };
 
 namespace shape {
@@ -583,6 +589,11 @@ inline constexpr auto kindsByType = [] {
     return nullptr;
 }
 
+/// Of a path item: whether the member is one of the operations.
+[[nodiscard]] constexpr bool isOperation(const MemberShape& member) noexcept {
+    return member.content == Content::Object && member.kind == ObjectKind::Operation;
+}
+
 // ---- what the tables promise -----------------------------------------------------------------------------
 
 static_assert(std::size(objectShapes) == objectKindCount, "a shape for each kind of object");
@@ -596,6 +607,16 @@ static_assert(
         return true;
     }(),
     "shapes stand in the order of ObjectKind and of their types");
+
+static_assert(std::ranges::all_of(objectShapes,
+                                  [](const ObjectShape& sought) {
+                                      return sought.kind == ObjectKind::OpenAPI ||
+                                             sought.kind == ObjectKind::Reference ||
+                                             std::ranges::any_of(objectShapes, [&](const ObjectShape& shape) {
+                                                 return shape.leadsTo(sought.kind);
+                                             });
+                                  }),
+              "each kind stands somewhere");
 
 static_assert(std::ranges::all_of(objectShapes,
                                   [](const ObjectShape& shape) {
