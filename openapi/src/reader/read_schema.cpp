@@ -289,10 +289,10 @@ constexpr SchemaRow ownRows[] = {
 
 constexpr auto readMembers = [] {
     std::array<const MemberShape*, std::ranges::count_if(shape::schema, &MemberShape::isRead)> members{};
-    std::size_t count = 0;
+    std::size_t next = 0;
     for (const MemberShape& member : shape::schema)
         if (member.isRead)
-            members[count++] = &member;
+            members[next++] = &member;
     std::ranges::sort(members, [](const MemberShape* a, const MemberShape* b) {
         return a->reading != b->reading ? a->reading < b->reading : a < b;
     });

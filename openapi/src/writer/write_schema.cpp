@@ -191,10 +191,10 @@ constexpr std::pair<std::string_view, Write> ownWrites[] = {
 constexpr auto schemaMembers = [] {
     constexpr auto isWritten = [](const MemberShape& row) { return row.written != Written::Never; };
     std::array<SchemaMember, std::ranges::count_if(shape::schema, isWritten)> members{};
-    std::size_t count = 0;
+    std::size_t next = 0;
     for (const MemberShape& row : shape::schema)
         if (isWritten(row))
-            members[count++] = {row.name, writeOf(row), row.keyword, row.written == Written::Only31};
+            members[next++] = {row.name, writeOf(row), row.keyword, row.written == Written::Only31};
     return members;
 }();
 
