@@ -5,6 +5,7 @@
 
 #include <algorithm> // std::ranges::count_if, std::ranges::sort, std::ranges::transform, std::reverse
 #include <array>     // std::array
+#include <utility>   // std::move
 
 namespace specloom::openapi {
 
@@ -198,6 +199,20 @@ bool NodeVisitor::markVisited(const Node& node) {
         return false;
     visited_[node.index()] = true;
     return true;
+}
+
+std::vector<Node*> nodesOf(OpenAPI& root) {
+    class Collector final : public NodeVisitHandler {
+      public:
+        using NodeVisitHandler::visit;
+        // A visitor shows what is not to be changed; these belong to a tree that is.
+        void visit(const Node& node) override { nodes.push_back(const_cast<Node*>(&node)); }
+
+        std::vector<Node*> nodes;
+    };
+    Collector collector;
+    NodeVisitor(collector).visit(root);
+    return std::move(collector.nodes);
 }
 
 } // namespace specloom::openapi
