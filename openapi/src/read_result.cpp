@@ -51,8 +51,9 @@ void followRenamedPaths(const Paths& paths, std::vector<std::string_view>& keys)
 
 } // namespace
 
-ReadResult::ReadResult(std::unique_ptr<jv::JVDocument> source)
-    : source_(std::move(source)), root_(std::make_unique<OpenAPI>()) {}
+ReadResult::ReadResult(std::unique_ptr<jv::JVDocument> source,
+                       std::shared_ptr<const SchemaFormatRegistry> formats)
+    : source_(std::move(source)), formats_(std::move(formats)), root_(std::make_unique<OpenAPI>()) {}
 
 ReadResult::~ReadResult() = default;
 

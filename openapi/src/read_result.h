@@ -2,8 +2,9 @@
 
 #include "jv/jv_document.h"
 #include "openapi/openapi.h"
+#include "openapi/schema_format.h"
 
-#include <memory>        // std::unique_ptr
+#include <memory>        // std::shared_ptr, std::unique_ptr
 #include <optional>      // std::optional
 #include <string>        // std::string
 #include <string_view>   // std::string_view
@@ -15,13 +16,15 @@ namespace specloom::openapi {
 /// A document as values and as a tree. The tree refers to the values, so both live and end together here.
 class ReadResult {
   public:
-    /// An empty tree beside `source`, which must have a root and stay as it is.
-    explicit ReadResult(std::unique_ptr<jv::JVDocument> source);
+    /// An empty tree beside `source`, which must have a root and stay as it is. The formats, to which schemas
+    /// of the tree may refer, live as long as the result at least.
+    ReadResult(std::unique_ptr<jv::JVDocument> source, std::shared_ptr<const SchemaFormatRegistry> formats);
     ReadResult(const ReadResult&) = delete;
     ReadResult& operator=(const ReadResult&) = delete;
     ~ReadResult();
 
     [[nodiscard]] const jv::JVDocument& source() const noexcept { return *source_; }
+    [[nodiscard]] const SchemaFormatRegistry& formats() const noexcept { return *formats_; }
     [[nodiscard]] const OpenAPI& root() const noexcept { return *root_; }
     [[nodiscard]] OpenAPI& root() noexcept { return *root_; }
 
@@ -49,7 +52,8 @@ class ReadResult {
 
   private:
     std::unique_ptr<jv::JVDocument> source_;
-    std::unique_ptr<OpenAPI> root_; ///< behind source_, so that it ends first
+    std::shared_ptr<const SchemaFormatRegistry> formats_;
+    std::unique_ptr<OpenAPI> root_; ///< behind what it refers to, so that it ends first
     std::optional<std::string> sourcePath_;
     mutable std::unordered_map<const jv::JV*, const Node*> nodesByValue_;
 };

@@ -25,7 +25,7 @@ using enum ChangeKind;
 using enum ChangeLevel;
 using enum ConfigKey;
 
-const openapi::SchemaFormatRegistry anyFormat;
+const auto anyFormat = std::make_shared<const openapi::SchemaFormatRegistry>();
 
 /// An OpenAPI 3.1 document with these members.
 std::unique_ptr<openapi::ReadResult> document(std::string_view members) {
@@ -33,7 +33,7 @@ std::unique_ptr<openapi::ReadResult> document(std::string_view members) {
     return openapi::read(jv::parseDocument(fmt::format("openapi: 3.1.0\ninfo: {{title: t, version: v}}\n{}{}",
                                                        hasPaths ? "" : "paths: {}\n", members),
                                            {.format = jv::DocumentFormat::Yaml, .refLoader = {}}),
-                         &anyFormat);
+                         anyFormat);
 }
 
 std::string eventsOf(const ChangelogReport& report) {

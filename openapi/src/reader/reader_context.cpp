@@ -23,8 +23,7 @@ constexpr const char* customFormatsHint =
 
 } // namespace
 
-ReaderContext::ReaderContext(ReadResult& result, const SchemaFormatRegistry& formats)
-    : result_(result), formats_(formats), placeholder_(&result.root()) {}
+ReaderContext::ReaderContext(ReadResult& result) : result_(result), placeholder_(&result.root()) {}
 
 void ReaderContext::report(const Node& node, const jv::JV* value, std::string message) {
     errors_.push_back({&node, value, std::move(message)});
