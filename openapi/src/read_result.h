@@ -13,6 +13,17 @@
 
 namespace specloom::openapi {
 
+/// Where something stands. What it refers to lives as long as the ReadResult.
+struct Location {
+    std::string_view file;         ///< its path in UTF-8; empty for a document that came from no file
+    jv::Pos pos{};                 ///< as of ReadResult::positionOf()
+    const jv::JV* value = nullptr; ///< null for what was made in code
+
+    /// The JSON pointer (RFC 6901) of the value. Throws std::out_of_range "Node was not read from the
+    /// document" when there is none.
+    [[nodiscard]] std::string pointer() const;
+};
+
 /// A document as values and as a tree. The tree refers to the values, so both live and end together here.
 class ReadResult {
   public:
@@ -32,14 +43,19 @@ class ReadResult {
     [[nodiscard]] const std::optional<std::string>& sourcePath() const noexcept { return sourcePath_; }
     void setSourcePath(std::string path) { sourcePath_ = std::move(path); }
 
-    /// The JSON pointer (RFC 6901) of the value that the node was read from. Throws std::out_of_range "Node
-    /// was not read from the document" for a node that was made in code.
-    [[nodiscard]] std::string pointerOf(const Node& node) const;
+    /// Where the value stands that the node was read from. All that tells of places asks here: a document may
+    /// come to stand in several files.
+    [[nodiscard]] Location locationOf(const Node& node) const;
+    /// The same of the node or, where that has no position, of the nearest one around it that has: booleans
+    /// that stand for schemas have none. Without a position where there is no such node.
+    [[nodiscard]] Location nearestLocationOf(const Node& node) const;
+    /// Location::pointer() of the node.
+    [[nodiscard]] std::string pointerOf(const Node& node) const { return locationOf(node).pointer(); }
     /// That of a member of the node, whether it is there or not; empty for a node that was made in code.
     [[nodiscard]] std::optional<std::string> pointerOf(const Node& node, std::string_view key) const;
     /// 1-based and counted in bytes for JSON, 0-based and counted in code points for YAML; unknown, with -1,
     /// for a node that was made in code.
-    [[nodiscard]] jv::Pos positionOf(const Node& node) const;
+    [[nodiscard]] jv::Pos positionOf(const Node& node) const { return locationOf(node).pos; }
     /// The keys of the source object, in their order; none for a node that was made in code. A path item that
     /// was renamed since has its new URL there.
     [[nodiscard]] std::vector<std::string_view> keyOrderOf(const Node& node) const;

@@ -284,10 +284,7 @@ void DiffContext::place(Change& change, const openapi::Node& node, DocumentSide 
     const openapi::ReadResult& document = side == DocumentSide::Source ? source_ : destination_;
     change.node = &node;
     change.side = side;
-    // Booleans that stand for schemas have no position of their own.
-    for (const openapi::Node* around = &node; around != nullptr && !change.pos.isKnown();
-         around = around->parent())
-        change.pos = document.positionOf(*around);
+    change.pos = document.nearestLocationOf(node).pos;
 }
 
 /// Comparisons may include others, as deep as the references of the documents lead. Whatever refers to an

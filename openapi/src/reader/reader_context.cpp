@@ -53,11 +53,7 @@ jv::Pos ReaderContext::positionOf(const ReadError& error) const {
         if (const jv::JV* around = error.value->enclosingObject(); around != nullptr)
             return around->pos();
     }
-    for (const Node* node = error.node; node != nullptr; node = node->parent()) {
-        if (node->source() != nullptr && node->source()->pos().isKnown())
-            return node->source()->pos();
-    }
-    return {};
+    return result_.nearestLocationOf(*error.node).pos;
 }
 
 void ReaderContext::throwErrors() const {
