@@ -65,12 +65,13 @@ class Comparison {
     void run() {
         open_.push_back({before_.root(), after_.root(), Kind::OpenAPI});
         while (!open_.empty()) {
-            const auto [value, other, kind] = open_.back();
+            const auto [value, other, place] = open_.back();
             open_.pop_back();
             if (value->isArray()) {
                 for (std::size_t i = 0; i < value->size(); ++i)
-                    open_.push_back({value->elements()[i], other->elements()[i], kind});
+                    open_.push_back({value->elements()[i], other->elements()[i], place});
             } else if (value->isObject() && isPlain(*value)) {
+                const Kind kind = test_support::kindOf(place, *value);
                 compare(*value, *other, value->has("$ref") ? Kind::Any : kind);
                 openMembers(*value, *other, kind);
             }
