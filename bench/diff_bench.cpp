@@ -39,10 +39,10 @@ class Pair {
     }
 
     [[nodiscard]] std::unique_ptr<openapi::ReadResult> readSource() const {
-        return openapi::readFile(source_, formats_.get());
+        return openapi::readFile(source_, formats_);
     }
     [[nodiscard]] std::unique_ptr<openapi::ReadResult> readDestination() const {
-        return openapi::readFile(destination_, formats_.get());
+        return openapi::readFile(destination_, formats_);
     }
     /// The path of a configuration file that allows the formats.
     [[nodiscard]] const std::string& configuration() const noexcept { return configuration_; }
@@ -60,7 +60,7 @@ class Pair {
     std::string source_;
     std::string destination_;
     std::string configuration_;
-    std::unique_ptr<openapi::SchemaFormatRegistry> formats_;
+    std::shared_ptr<openapi::SchemaFormatRegistry> formats_;
 };
 
 /// Reading, comparing and the report; against reading alone.

@@ -35,7 +35,7 @@ void benchTree(const Input& input, int rounds, Table& table) {
         std::unique_ptr<jv::JVDocument> document;
         values.add(seconds([&] { document = jv::parseDocument(input.text, options); }));
         std::unique_ptr<openapi::ReadResult> result;
-        build.add(seconds([&] { result = openapi::read(std::move(document), first.formats.get()); }));
+        build.add(seconds([&] { result = openapi::read(std::move(document), first.formats); }));
         walk.add(seconds([&] {
             openapi::NodeVisitHandler nothing;
             openapi::NodeVisitor(nothing).visit(result->root());

@@ -21,15 +21,15 @@ constexpr std::array<const char*, 3> reports{"status", "changelog", "detailed"};
 constexpr std::array<const char*, 6> formats{"html", "json", "markdown", "stylish", "unix", "visualstudio"};
 
 /// A changed copy of a document as a tree; null when it is refused, which is told in words.
-[[nodiscard]] std::unique_ptr<openapi::ReadResult> changed(const std::string& text, std::size_t changes,
-                                                           fuzz::Choices& choices,
-                                                           const openapi::SchemaFormatRegistry& known) {
+[[nodiscard]] std::unique_ptr<openapi::ReadResult>
+changed(const std::string& text, std::size_t changes, fuzz::Choices& choices,
+        const std::shared_ptr<const openapi::SchemaFormatRegistry>& known) {
     auto document = fuzz::readIfGood(text, jv::DocumentFormat::Json);
     for (std::size_t change = 0; change < changes; ++change)
         fuzz::mutate(*document, choices);
     document->reindex();
     try {
-        return openapi::read(std::move(document), &known);
+        return openapi::read(std::move(document), known);
     } catch (const std::exception& error) {
         fuzz::require(*error.what() != '\0', "a refusal has a text");
         return nullptr;
@@ -59,7 +59,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     fuzz::Choices choices(fuzz::textOf(data, size));
     const std::string& text = documents[choices.below(documents.size())];
     const char* format = formats[choices.below(formats.size())];
-    const openapi::SchemaFormatRegistry known;
+    const auto known = std::make_shared<const openapi::SchemaFormatRegistry>();
     const auto source = changed(text, choices.below(3), choices, known);
     const auto destination = changed(text, 1 + choices.below(6), choices, known);
     if (source == nullptr || destination == nullptr)

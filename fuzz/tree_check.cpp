@@ -32,9 +32,9 @@ class LinkChecker final : public openapi::NodeVisitHandler {
 }
 
 [[nodiscard]] std::unique_ptr<openapi::ReadResult> readIfGood(std::unique_ptr<jv::JVDocument> document) {
-    static const openapi::SchemaFormatRegistry formats;
+    static const auto formats = std::make_shared<const openapi::SchemaFormatRegistry>();
     try {
-        return openapi::read(std::move(document), &formats);
+        return openapi::read(std::move(document), formats);
     } catch (const std::exception& error) {
         require(!std::string_view(error.what()).empty(), "what is refused is refused with a text");
         return nullptr;

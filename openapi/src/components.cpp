@@ -1,75 +1,55 @@
 #include "openapi/components.h"
 
 #include "openapi/reference.h"
+#include "openapi/shape.h"
 
-#include <algorithm> // std::all_of
+#include <algorithm> // std::all_of, std::ranges::equal
 
 namespace specloom::openapi {
 
 namespace {
 
-struct SectionInfo {
-    std::string_view key;
-    const char* taken;
+/// By section: what is said when a name is taken.
+constexpr std::array<const char*, componentSectionCount> takenTexts{
+    "Schema already exists",          "Response already exists",     "Parameter already exists",
+    "Example already exists",         "Request body already exists", "Header already exists",
+    "Security scheme already exists", "Link already exists",         "Callback already exists",
+    "Path item already exists",
 };
 
-constexpr std::array<SectionInfo, componentSectionCount> sectionInfos{{
-    {"schemas", "Schema already exists"},
-    {"responses", "Response already exists"},
-    {"parameters", "Parameter already exists"},
-    {"examples", "Example already exists"},
-    {"requestBodies", "Request body already exists"},
-    {"headers", "Header already exists"},
-    {"securitySchemes", "Security scheme already exists"},
-    {"links", "Link already exists"},
-    {"callbacks", "Callback already exists"},
-    {"pathItems", "Path item already exists"},
-}};
+static_assert(std::size(shape::components) == componentSectionCount,
+              "a section for each member of components");
+static_assert(
+    [] {
+        constexpr ObjectKind kinds[] = {
+            ObjectKind::Schema,      ObjectKind::Response, ObjectKind::Parameter,      ObjectKind::Example,
+            ObjectKind::RequestBody, ObjectKind::Header,   ObjectKind::SecurityScheme, ObjectKind::Link,
+            ObjectKind::Callback,    ObjectKind::PathItem};
+        return std::ranges::equal(shape::components, kinds, {}, &MemberShape::kind);
+    }(),
+    "components stand in the order of ComponentSection");
 
-[[nodiscard]] const SectionInfo& infoOf(ComponentSection section) {
-    return sectionInfos.at(static_cast<std::size_t>(section));
+[[nodiscard]] const char* takenText(ComponentSection section) {
+    return takenTexts.at(static_cast<std::size_t>(section));
 }
 
 } // namespace
 
 std::string_view componentSectionKey(ComponentSection section) {
-    return infoOf(section).key;
+    constexpr auto members = std::to_array(shape::components);
+    return members.at(static_cast<std::size_t>(section)).name;
 }
 
 std::optional<ComponentSection> componentSectionOf(NodeType type) {
-    switch (type) {
-    case NodeType::Schema:
-        return ComponentSection::Schemas;
-    case NodeType::Response:
-        return ComponentSection::Responses;
-    case NodeType::Parameter:
-    case NodeType::PathParameter:
-    case NodeType::QueryParameter:
-    case NodeType::HeaderParameter:
-    case NodeType::CookieParameter:
-        return ComponentSection::Parameters;
-    case NodeType::Example:
-        return ComponentSection::Examples;
-    case NodeType::RequestBody:
-        return ComponentSection::RequestBodies;
-    case NodeType::Header:
-        return ComponentSection::Headers;
-    case NodeType::SecurityScheme:
-    case NodeType::ApiKeySecurityScheme:
-    case NodeType::HTTPSecurityScheme:
-    case NodeType::MutualTLSSecurityScheme:
-    case NodeType::OAuth2SecurityScheme:
-    case NodeType::OpenIdConnectSecurityScheme:
-        return ComponentSection::SecuritySchemes;
-    case NodeType::Link:
-        return ComponentSection::Links;
-    case NodeType::Callback:
-        return ComponentSection::Callbacks;
-    case NodeType::PathItem:
-        return ComponentSection::PathItems;
-    default:
-        return std::nullopt;
-    }
+    constexpr auto sections = [] {
+        std::array<std::optional<ComponentSection>, nodeTypeCount> table{};
+        for (std::size_t at = 0; at < table.size(); ++at)
+            for (std::size_t section = 0; section < componentSectionCount; ++section)
+                if (shape::components[section].kind == kindOf(static_cast<NodeType>(at)))
+                    table[at] = static_cast<ComponentSection>(section);
+        return table;
+    }();
+    return sections.at(static_cast<std::size_t>(type));
 }
 
 bool Components::empty() const {
@@ -133,7 +113,7 @@ template <typename T, typename... Arguments>
 T* Components::create(ComponentSection section, Text name, Arguments&&... arguments) {
     NamedNodes& nodes = sections_.at(static_cast<std::size_t>(section));
     if (nodes.find(name.view()) != nullptr)
-        throw std::runtime_error(infoOf(section).taken);
+        throw std::runtime_error(takenText(section));
     auto node = std::make_unique<T>(this, std::forward<Arguments>(arguments)...);
     return static_cast<T*>(&nodes.add(std::move(name), std::move(node)));
 }
@@ -212,7 +192,7 @@ PathItem* Components::createPathItem(Text name) {
 Reference* Components::addReference(ComponentSection section, Text name, Node& target) {
     NamedNodes& nodes = sections_.at(static_cast<std::size_t>(section));
     if (nodes.find(name.view()) != nullptr)
-        throw std::runtime_error(infoOf(section).taken);
+        throw std::runtime_error(takenText(section));
     return static_cast<Reference*>(&nodes.add(std::move(name), target.createReference(this)));
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef> // std::size_t
 #include <cstdint> // std::uint32_t
 
 namespace specloom::openapi {
@@ -50,5 +51,7 @@ enum class NodeType : std::uint32_t {
     AuthorizationCodeOAuthFlow = 41,
     SecurityRequirement = 42,
 };
+
+inline constexpr std::size_t nodeTypeCount = static_cast<std::size_t>(NodeType::SecurityRequirement) + 1;
 
 } // namespace specloom::openapi

@@ -1,9 +1,11 @@
 #include "openapi/node_visitor.h"
 
 #include "openapi/node_dispatch.h"
+#include "openapi/shape.h"
 
-#include <algorithm> // std::reverse
-#include <cstdint>   // std::uint8_t
+#include <algorithm> // std::ranges::count_if, std::ranges::sort, std::ranges::transform, std::reverse
+#include <array>     // std::array
+#include <utility>   // std::move
 
 namespace specloom::openapi {
 
@@ -115,38 +117,30 @@ class ChildCollector {
     std::vector<const Node*>& out_;
 };
 
-enum class Shape : std::uint8_t { Single, List, Map };
-
 struct ChildKeyword {
     SchemaKeyword keyword;
-    Shape shape;
+    Arrangement arrangement;
 };
 
-constexpr ChildKeyword childKeywords[] = {
-    {SchemaKeyword::ContentSchema, Shape::Single},
-    {SchemaKeyword::PrefixItems, Shape::List},
-    {SchemaKeyword::Items, Shape::Single},
-    {SchemaKeyword::AdditionalItems, Shape::Single},
-    {SchemaKeyword::Contains, Shape::Single},
-    {SchemaKeyword::UnevaluatedItems, Shape::Single},
-    {SchemaKeyword::Properties, Shape::Map},
-    {SchemaKeyword::PatternProperties, Shape::Map},
-    {SchemaKeyword::AdditionalProperties, Shape::Single},
-    {SchemaKeyword::PropertyNames, Shape::Single},
-    {SchemaKeyword::DependentSchemas, Shape::Map},
-    {SchemaKeyword::UnevaluatedProperties, Shape::Single},
-    {SchemaKeyword::AllOf, Shape::List},
-    {SchemaKeyword::OneOf, Shape::List},
-    {SchemaKeyword::AnyOf, Shape::List},
-    {SchemaKeyword::Not, Shape::Single},
-    {SchemaKeyword::If, Shape::Single},
-    {SchemaKeyword::Then, Shape::Single},
-    {SchemaKeyword::Else, Shape::Single},
-    {SchemaKeyword::Definitions, Shape::Map},
-    {SchemaKeyword::XML, Shape::Single},
-    {SchemaKeyword::Discriminator, Shape::Single},
-    {SchemaKeyword::ExternalDocs, Shape::Single},
-};
+/// The members of schemas that hold objects, in the order in which they are walked.
+constexpr auto childKeywords = [] {
+    constexpr auto leadsOn = [](const MemberShape& row) {
+        return row.content == Content::Object && row.written != Written::Never;
+    };
+    std::array<const MemberShape*, std::ranges::count_if(shape::schema, leadsOn)> rows{};
+    std::size_t count = 0;
+    for (const MemberShape& row : shape::schema)
+        if (leadsOn(row))
+            rows[count++] = &row;
+    std::ranges::sort(rows, [](const MemberShape* a, const MemberShape* b) {
+        return a->walking != b->walking ? a->walking < b->walking : a < b;
+    });
+    std::array<ChildKeyword, rows.size()> keywords{};
+    std::ranges::transform(rows, keywords.begin(), [](const MemberShape* row) {
+        return ChildKeyword{*row->keyword, row->arrangement};
+    });
+    return keywords;
+}();
 
 constexpr SchemaKeywords childKeywordSet = [] {
     SchemaKeywords set;
@@ -158,17 +152,18 @@ constexpr SchemaKeywords childKeywordSet = [] {
 void ChildCollector::of(const Schema& node) {
     if (!node.keywords().meets(childKeywordSet)) // most schemas are leaves
         return;
-    for (const auto& [keyword, shape] : childKeywords) {
+    for (const auto& [keyword, arrangement] : childKeywords) {
         if (!node.has(keyword))
             continue;
-        switch (shape) {
-        case Shape::Single:
+        switch (arrangement) {
+        case Arrangement::One:
+        case Arrangement::OneOrList: // a tree has no lists there
             add(node.node(keyword));
             break;
-        case Shape::List:
+        case Arrangement::List:
             addAll(node.list(keyword));
             break;
-        case Shape::Map:
+        case Arrangement::Map:
             addMap(node.map(keyword));
             break;
         }
@@ -204,6 +199,20 @@ bool NodeVisitor::markVisited(const Node& node) {
         return false;
     visited_[node.index()] = true;
     return true;
+}
+
+std::vector<Node*> nodesOf(OpenAPI& root) {
+    class Collector final : public NodeVisitHandler {
+      public:
+        using NodeVisitHandler::visit;
+        // A visitor shows what is not to be changed; these belong to a tree that is.
+        void visit(const Node& node) override { nodes.push_back(const_cast<Node*>(&node)); }
+
+        std::vector<Node*> nodes;
+    };
+    Collector collector;
+    NodeVisitor(collector).visit(root);
+    return std::move(collector.nodes);
 }
 
 } // namespace specloom::openapi

@@ -1,9 +1,10 @@
 #pragma once
 
-#include "openapi/node.h"
+#include "openapi/node_dispatch.h"
 #include "openapi/node_visit_handler.h"
 
-#include <vector> // std::vector
+#include <type_traits> // std::is_same_v
+#include <vector>      // std::vector
 
 namespace specloom::openapi {
 
@@ -28,5 +29,19 @@ class NodeVisitor {
     NodeVisitHandler& handler_;
     std::vector<bool> visited_; ///< by Node::index()
 };
+
+/// All objects of a tree, as a NodeVisitor meets them.
+[[nodiscard]] std::vector<Node*> nodesOf(OpenAPI& root);
+
+/// Calls change(object), which may change the object, for each object of class T. The objects are gathered
+/// before: what is added meanwhile is not among them, and what is destroyed must have been before.
+template <typename T, typename Change>
+void changeEach(OpenAPI& root, Change change) {
+    for (Node* node : nodesOf(root))
+        dispatchNode(*node, [&]<typename Typed>(const Typed&) {
+            if constexpr (std::is_same_v<Typed, T>)
+                change(static_cast<T&>(*node));
+        });
+}
 
 } // namespace specloom::openapi

@@ -1,11 +1,25 @@
 #include "openapi/operation_type.h"
 
+#include "openapi/shape.h"
+
+#include <fmt/format.h> // fmt::format
+
 #include <algorithm> // std::find
 #include <stdexcept> // std::runtime_error
 
 #include "foundation/message.h"
 
 namespace specloom::openapi {
+
+static_assert(
+    [] {
+        std::size_t next = 0;
+        for (const MemberShape& member : shape::pathItem)
+            if (isOperation(member) && (next == operationKeys.size() || member.name != operationKeys[next++]))
+                return false;
+        return next == operationKeys.size();
+    }(),
+    "the operations of a path item are those of OperationType, in its order");
 
 std::string_view operationKey(OperationType type) {
     const auto number = static_cast<std::size_t>(type);

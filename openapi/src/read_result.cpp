@@ -51,27 +51,39 @@ void followRenamedPaths(const Paths& paths, std::vector<std::string_view>& keys)
 
 } // namespace
 
-ReadResult::ReadResult(std::unique_ptr<jv::JVDocument> source)
-    : source_(std::move(source)), root_(std::make_unique<OpenAPI>()) {}
+ReadResult::ReadResult(std::unique_ptr<jv::JVDocument> source,
+                       std::shared_ptr<const SchemaFormatRegistry> formats)
+    : source_(std::move(source)), formats_(std::move(formats)), root_(std::make_unique<OpenAPI>()) {}
 
 ReadResult::~ReadResult() = default;
 
-std::string ReadResult::pointerOf(const Node& node) const {
-    if (node.source() == nullptr)
+std::string Location::pointer() const {
+    if (value == nullptr)
         throw std::out_of_range("Node was not read from the document");
-    return node.source()->pointer();
+    return value->pointer();
+}
+
+Location ReadResult::locationOf(const Node& node) const {
+    const jv::JV* value = node.source();
+    return {.file = sourcePath_ ? std::string_view(*sourcePath_) : std::string_view(),
+            .pos = value == nullptr ? jv::Pos{} : value->pos(),
+            .value = value};
+}
+
+Location ReadResult::nearestLocationOf(const Node& node) const {
+    for (const Node* around = &node; around != nullptr; around = around->parent())
+        if (const Location location = locationOf(*around); location.pos.isKnown())
+            return location;
+    return locationOf(node);
 }
 
 std::optional<std::string> ReadResult::pointerOf(const Node& node, std::string_view key) const {
-    if (node.source() == nullptr)
+    const Location location = locationOf(node);
+    if (location.value == nullptr)
         return std::nullopt;
     std::string pointer;
-    jv::childPointer(pointer, node.source()->pointer(), key);
+    jv::childPointer(pointer, location.pointer(), key);
     return pointer;
-}
-
-jv::Pos ReadResult::positionOf(const Node& node) const {
-    return node.source() == nullptr ? jv::Pos{} : node.source()->pos();
 }
 
 std::vector<std::string_view> ReadResult::keyOrderOf(const Node& node) const {

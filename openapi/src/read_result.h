@@ -2,8 +2,9 @@
 
 #include "jv/jv_document.h"
 #include "openapi/openapi.h"
+#include "openapi/schema_format.h"
 
-#include <memory>        // std::unique_ptr
+#include <memory>        // std::shared_ptr, std::unique_ptr
 #include <optional>      // std::optional
 #include <string>        // std::string
 #include <string_view>   // std::string_view
@@ -12,16 +13,29 @@
 
 namespace specloom::openapi {
 
+/// Where something stands. What it refers to lives as long as the ReadResult.
+struct Location {
+    std::string_view file;         ///< its path in UTF-8; empty for a document that came from no file
+    jv::Pos pos{};                 ///< as of ReadResult::positionOf()
+    const jv::JV* value = nullptr; ///< null for what was made in code
+
+    /// The JSON pointer (RFC 6901) of the value. Throws std::out_of_range "Node was not read from the
+    /// document" when there is none.
+    [[nodiscard]] std::string pointer() const;
+};
+
 /// A document as values and as a tree. The tree refers to the values, so both live and end together here.
 class ReadResult {
   public:
-    /// An empty tree beside `source`, which must have a root and stay as it is.
-    explicit ReadResult(std::unique_ptr<jv::JVDocument> source);
+    /// An empty tree beside `source`, which must have a root and stay as it is. The formats, to which schemas
+    /// of the tree may refer, live as long as the result at least.
+    ReadResult(std::unique_ptr<jv::JVDocument> source, std::shared_ptr<const SchemaFormatRegistry> formats);
     ReadResult(const ReadResult&) = delete;
     ReadResult& operator=(const ReadResult&) = delete;
     ~ReadResult();
 
     [[nodiscard]] const jv::JVDocument& source() const noexcept { return *source_; }
+    [[nodiscard]] const SchemaFormatRegistry& formats() const noexcept { return *formats_; }
     [[nodiscard]] const OpenAPI& root() const noexcept { return *root_; }
     [[nodiscard]] OpenAPI& root() noexcept { return *root_; }
 
@@ -29,14 +43,19 @@ class ReadResult {
     [[nodiscard]] const std::optional<std::string>& sourcePath() const noexcept { return sourcePath_; }
     void setSourcePath(std::string path) { sourcePath_ = std::move(path); }
 
-    /// The JSON pointer (RFC 6901) of the value that the node was read from. Throws std::out_of_range "Node
-    /// was not read from the document" for a node that was made in code.
-    [[nodiscard]] std::string pointerOf(const Node& node) const;
+    /// Where the value stands that the node was read from. All that tells of places asks here: a document may
+    /// come to stand in several files.
+    [[nodiscard]] Location locationOf(const Node& node) const;
+    /// The same of the node or, where that has no position, of the nearest one around it that has: booleans
+    /// that stand for schemas have none. Without a position where there is no such node.
+    [[nodiscard]] Location nearestLocationOf(const Node& node) const;
+    /// Location::pointer() of the node.
+    [[nodiscard]] std::string pointerOf(const Node& node) const { return locationOf(node).pointer(); }
     /// That of a member of the node, whether it is there or not; empty for a node that was made in code.
     [[nodiscard]] std::optional<std::string> pointerOf(const Node& node, std::string_view key) const;
     /// 1-based and counted in bytes for JSON, 0-based and counted in code points for YAML; unknown, with -1,
     /// for a node that was made in code.
-    [[nodiscard]] jv::Pos positionOf(const Node& node) const;
+    [[nodiscard]] jv::Pos positionOf(const Node& node) const { return locationOf(node).pos; }
     /// The keys of the source object, in their order; none for a node that was made in code. A path item that
     /// was renamed since has its new URL there.
     [[nodiscard]] std::vector<std::string_view> keyOrderOf(const Node& node) const;
@@ -49,7 +68,8 @@ class ReadResult {
 
   private:
     std::unique_ptr<jv::JVDocument> source_;
-    std::unique_ptr<OpenAPI> root_; ///< behind source_, so that it ends first
+    std::shared_ptr<const SchemaFormatRegistry> formats_;
+    std::unique_ptr<OpenAPI> root_; ///< behind what it refers to, so that it ends first
     std::optional<std::string> sourcePath_;
     mutable std::unordered_map<const jv::JV*, const Node*> nodesByValue_;
 };

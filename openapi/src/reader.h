@@ -3,7 +3,7 @@
 #include "openapi/read_result.h"
 #include "openapi/schema_format.h"
 
-#include <memory>      // std::unique_ptr
+#include <memory>      // std::shared_ptr, std::unique_ptr
 #include <string_view> // std::string_view
 
 namespace specloom::openapi {
@@ -12,7 +12,7 @@ namespace specloom::openapi {
 inline constexpr int maxNodeDepth = 1000;
 
 /// Builds the tree of an OpenAPI document (3.0 or 3.1). The document is taken over; its positions and
-/// pointers stay, and the formats must outlive the result.
+/// pointers stay. Schemas refer to the formats, which the result keeps alive.
 ///
 /// Throws std::invalid_argument "Schema format registry must be provided" when `formats` is null, before
 /// anything is done. Structural faults are collected and thrown at the end as one std::runtime_error with a
@@ -25,10 +25,10 @@ inline constexpr int maxNodeDepth = 1000;
 /// links, responses, requestBodies, securitySchemes, callbacks, pathItems and entries by name. A reference
 /// that leads nowhere gives the line "Unresolved reference: {}".
 [[nodiscard]] std::unique_ptr<ReadResult> read(std::unique_ptr<jv::JVDocument> document,
-                                               const SchemaFormatRegistry* formats);
+                                               std::shared_ptr<const SchemaFormatRegistry> formats);
 
 /// Loads a file by its extension, reads it and notes its path. Throws also what jv::loadDocument() throws.
 [[nodiscard]] std::unique_ptr<ReadResult> readFile(std::string_view path,
-                                                   const SchemaFormatRegistry* formats);
+                                                   std::shared_ptr<const SchemaFormatRegistry> formats);
 
 } // namespace specloom::openapi

@@ -96,7 +96,9 @@ class SchemaKeywords {
     }
 
   private:
-    static_assert(schemaKeywordCount <= 64, "a bit for each keyword");
+    static_assert(schemaKeywordCount <= 64,
+                  "a bit for each keyword: for more keywords make bits_ two words, and "
+                  "give sizeof(Schema) in schema.h its new size");
 
     [[nodiscard]] static constexpr std::uint64_t bitOf(SchemaKeyword keyword) noexcept {
         return std::uint64_t{1} << static_cast<unsigned>(keyword);

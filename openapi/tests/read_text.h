@@ -11,8 +11,8 @@ namespace specloom::openapi {
 /// The tree of a document that stands in a test, with the standard formats alone.
 inline std::unique_ptr<ReadResult> readText(std::string_view text,
                                             jv::DocumentFormat format = jv::DocumentFormat::Json) {
-    static const SchemaFormatRegistry formats;
-    return read(jv::parseDocument(text, {.format = format, .refLoader = {}}), &formats);
+    static const auto formats = std::make_shared<const SchemaFormatRegistry>();
+    return read(jv::parseDocument(text, {.format = format, .refLoader = {}}), formats);
 }
 
 } // namespace specloom::openapi

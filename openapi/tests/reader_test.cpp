@@ -5,9 +5,10 @@
 #include "openapi/reference.h"
 #include "openapi/writer.h"
 
-#include <memory>      // std::unique_ptr
+#include <memory>      // std::make_shared, std::weak_ptr
 #include <string>      // std::string
 #include <string_view> // std::string_view
+#include <utility>     // std::exchange
 #include <vector>      // std::vector
 
 #include <gtest/gtest.h>
@@ -119,6 +120,17 @@ TEST(Reader, warnsOnceOfCustomFormats) {
         "information about custom formats in the docs: \n"))
         << refusal;
     EXPECT_EQ(refusal.find("WARNING"), refusal.rfind("WARNING"));
+}
+
+TEST(Reader, keepsTheFormatsOfSchemasAlive) {
+    auto formats = std::make_shared<SchemaFormatRegistry>();
+    formats->add("sku", SchemaType::String);
+    const auto result = read(jv::parseDocument(withSchema(R"({"format":"sku"})"),
+                                               {.format = jv::DocumentFormat::Json, .refLoader = {}}),
+                             formats);
+    const std::weak_ptr<SchemaFormatRegistry> observed = std::exchange(formats, nullptr);
+    EXPECT_FALSE(observed.expired());
+    EXPECT_EQ(result->root().components().schema("S")->format()->name, "sku");
 }
 
 TEST(Reader, reportsEveryReferenceThatLeadsNowhere) {

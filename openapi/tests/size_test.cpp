@@ -18,8 +18,8 @@ namespace {
 constexpr int many = 50'000;
 
 std::unique_ptr<ReadResult> readJson(const std::string& text) {
-    static const SchemaFormatRegistry formats;
-    return read(jv::parseDocument(text, {.format = jv::DocumentFormat::Json, .refLoader = {}}), &formats);
+    static const auto formats = std::make_shared<const SchemaFormatRegistry>();
+    return read(jv::parseDocument(text, {.format = jv::DocumentFormat::Json, .refLoader = {}}), formats);
 }
 
 std::string document(const std::string& paths, const std::string& schemas) {

@@ -66,8 +66,8 @@ class Recorder final : public NodeVisitHandler {
 };
 
 std::unique_ptr<ReadResult> readYaml(std::string_view text) {
-    static const SchemaFormatRegistry formats;
-    return read(jv::parseDocument(text, {.format = jv::DocumentFormat::Yaml, .refLoader = {}}), &formats);
+    static const auto formats = std::make_shared<const SchemaFormatRegistry>();
+    return read(jv::parseDocument(text, {.format = jv::DocumentFormat::Yaml, .refLoader = {}}), formats);
 }
 
 /// A document that uses every class and every keyword that leads on, with references forth and back.

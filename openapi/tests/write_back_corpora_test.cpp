@@ -85,7 +85,7 @@ TEST_P(WriteBackCorpora, comesBackButForWhatIsMeantToBeLost) {
     std::cout << "\n";
 
     // What was written once has nothing more to lose.
-    const auto again = read(std::move(written), document_.formats.get());
+    const auto again = read(std::move(written), document_.formats);
     EXPECT_EQ(test_support::firstDifference(again->source(), *Writer(*again).write(again->root())), "");
 }
 

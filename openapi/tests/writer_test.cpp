@@ -62,8 +62,8 @@ void expectGolden(const std::string& text, const std::string& name) {
 class WriterGolden : public testing::TestWithParam<const char*> {
   protected:
     const std::string name_ = GetParam();
-    const SchemaFormatRegistry formats_{};
-    const std::unique_ptr<ReadResult> result_ = readFile((golden / (name_ + ".yaml")).string(), &formats_);
+    const std::unique_ptr<ReadResult> result_ =
+        readFile((golden / (name_ + ".yaml")).string(), std::make_shared<const SchemaFormatRegistry>());
 };
 
 TEST_P(WriterGolden, bareWriterHasACanonicalOrder) {

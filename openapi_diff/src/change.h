@@ -59,6 +59,16 @@ enum class ChangeLevel : std::int32_t {
 /// Which of the two documents a position lies in.
 enum class DocumentSide : std::uint8_t { Source, Destination };
 
+/// An entry of a map that what changed lies in. Lives as long as the comparison.
+struct EnclosingEntry {
+    ConfigKey key;         ///< the map
+    std::string_view name; ///< of the entry
+    const openapi::Node* source;
+    const openapi::Node* destination;
+
+    [[nodiscard]] bool isOnBothSides() const noexcept { return source != nullptr && destination != nullptr; }
+};
+
 /// One difference between two documents. Names and nodes lie in the trees of the documents, which must
 /// outlive it.
 struct Change {
@@ -74,7 +84,11 @@ struct Change {
     std::string_view name{};                       ///< key of a map, or name of an extension
     std::int64_t index = -1;                       ///< counted from 0; -1 for none
     jv::Pos pos{};                                 ///< of the node, or the nearest around it that has one
-    const Comparison* comparison = nullptr;        ///< Included only; null where they are listed elsewhere
+    /// The nearest path item around, as the entry of the paths, webhooks, components or callback that it was
+    /// compared for; null when there is none.
+    const EnclosingEntry* pathItem = nullptr;
+    const EnclosingEntry* operation = nullptr; ///< the nearest one below that; null when there is none
+    const Comparison* comparison = nullptr;    ///< Included only; null where they are listed elsewhere
 };
 
 } // namespace specloom::openapi_diff

@@ -3,11 +3,11 @@
 #include "foundation/message.h"
 #include "jv/deser.h"
 #include "jv/jv_error.h"
+#include "openapi/shape.h"
 #include "openapi_diff/embedded_configuration.h"
 
-#include <algorithm> // std::any_of, std::max, std::upper_bound
+#include <algorithm> // std::any_of, std::max
 #include <cstddef>   // std::size_t
-#include <iterator>  // std::prev
 #include <optional>  // std::optional
 #include <span>      // std::span
 #include <stdexcept> // std::runtime_error
@@ -150,56 +150,14 @@ void readEntry(
     return std::nullopt;
 }
 
-/// The node types of a section follow one another: those from `first` to the next section's.
-struct Section {
-    openapi::NodeType first;
-    std::string_view name;
-};
-constexpr std::array<Section, 30> sections{{
-    {openapi::NodeType::OpenAPI, "openapi"},
-    {openapi::NodeType::Info, "info"},
-    {openapi::NodeType::Contact, "contact"},
-    {openapi::NodeType::License, "license"},
-    {openapi::NodeType::Server, "server"},
-    {openapi::NodeType::ServerVariable, "serverVariable"},
-    {openapi::NodeType::Components, "components"},
-    {openapi::NodeType::Paths, "paths"},
-    {openapi::NodeType::PathItem, "pathItem"},
-    {openapi::NodeType::Operation, "operation"},
-    {openapi::NodeType::ExternalDocumentation, "externalDocumentation"},
-    {openapi::NodeType::Parameter, "parameter"},
-    {openapi::NodeType::RequestBody, "requestBody"},
-    {openapi::NodeType::MediaType, "mediaType"},
-    {openapi::NodeType::Encoding, "encoding"},
-    {openapi::NodeType::Responses, "responses"},
-    {openapi::NodeType::Response, "response"},
-    {openapi::NodeType::Callback, "callback"},
-    {openapi::NodeType::Example, "example"},
-    {openapi::NodeType::Link, "link"},
-    {openapi::NodeType::Header, "header"},
-    {openapi::NodeType::Tag, "tag"},
-    {openapi::NodeType::Reference, "reference"},
-    {openapi::NodeType::Schema, "schema"},
-    {openapi::NodeType::Discriminator, "discriminator"},
-    {openapi::NodeType::XML, "xml"},
-    {openapi::NodeType::SecurityScheme, "securityScheme"},
-    {openapi::NodeType::OAuthFlows, "oauthFlows"},
-    {openapi::NodeType::OAuthFlow, "oauthFlow"},
-    {openapi::NodeType::SecurityRequirement, "securityRequirement"},
-}};
-
 [[nodiscard]] bool isSection(std::string_view name) {
-    return std::any_of(sections.begin(), sections.end(),
-                       [&](const Section& section) { return section.name == name; });
+    return openapi::findShape(name) != nullptr;
 }
 
 [[nodiscard]] std::string_view sectionOf(openapi::NodeType type) {
     if (type > openapi::NodeType::SecurityRequirement)
         throw std::runtime_error("Unsupported node type");
-    const auto next = std::upper_bound(
-        sections.begin(), sections.end(), type,
-        [](openapi::NodeType wanted, const Section& section) { return wanted < section.first; });
-    return std::prev(next)->name;
+    return openapi::shapeOf(openapi::kindOf(type)).name;
 }
 
 } // namespace

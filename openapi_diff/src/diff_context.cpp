@@ -111,8 +111,34 @@ void DiffContext::open(DiffScope scope) {
     if (!scopes_.empty()) {
         const DiffScope& outer = scopes_.back();
         scope.inPart = outer.inPart || (outer.begin < changes_.size() && makesParts(changes_[outer.begin]));
+        scope.pathItem = outer.pathItem;
+        scope.operation = outer.operation;
     }
+    if (scope.isEntry)
+        noteEnclosing(scope);
     scopes_.push_back(scope);
+}
+
+/// What changes of a scope for an entry of a map lie in.
+void DiffContext::noteEnclosing(DiffScope& scope) {
+    const auto entry = [&] {
+        return &enclosing_.emplace_back(
+            EnclosingEntry{scope.key, scope.name, scope.source, scope.destination});
+    };
+    switch (scope.key) {
+    case ConfigKey::Paths:
+    case ConfigKey::OpenAPIWebhooks:
+    case ConfigKey::ComponentsPathItems:
+    case ConfigKey::Callback:
+        scope.pathItem = entry();
+        scope.operation = nullptr;
+        break;
+    case ConfigKey::PathItemOperations:
+        scope.operation = entry();
+        break;
+    default:
+        break;
+    }
 }
 
 void DiffContext::close() {
@@ -158,7 +184,9 @@ void DiffContext::summarise(const DiffScope& scope) {
                    .key = scope.key,
                    .isPart = scope.inPart,
                    .name = scope.name,
-                   .index = scope.index};
+                   .index = scope.index,
+                   .pathItem = scope.pathItem,
+                   .operation = scope.operation};
     const bool inDestination = scope.destination != nullptr;
     place(summary, inDestination ? *scope.destination : *scope.source,
           inDestination ? DocumentSide::Destination : DocumentSide::Source);
@@ -271,6 +299,8 @@ void DiffContext::include(const Comparison& comparison, bool listed) {
 
 void DiffContext::append(Change change) {
     DiffScope& scope = scopes_.back();
+    change.pathItem = scope.pathItem;
+    change.operation = scope.operation;
     if (changes_.size() == scope.begin) {
         change.isPart = scope.inPart;
     } else {
@@ -284,10 +314,7 @@ void DiffContext::place(Change& change, const openapi::Node& node, DocumentSide 
     const openapi::ReadResult& document = side == DocumentSide::Source ? source_ : destination_;
     change.node = &node;
     change.side = side;
-    // Booleans that stand for schemas have no position of their own.
-    for (const openapi::Node* around = &node; around != nullptr && !change.pos.isKnown();
-         around = around->parent())
-        change.pos = document.positionOf(*around);
+    change.pos = document.nearestLocationOf(node).pos;
 }
 
 /// Comparisons may include others, as deep as the references of the documents lead. Whatever refers to an
@@ -296,27 +323,32 @@ void DiffContext::report(const Change& change) {
     if (change.kind != ChangeKind::Included)
         return report_.add(change);
     struct Cursor {
-        const Comparison* comparison;
-        ConfigKey key; ///< of the place that lists it
+        Change place; ///< the one that lists the comparison
         std::size_t next = 0;
     };
     std::vector<Cursor> open;
     if (change.comparison != nullptr)
-        open.push_back({change.comparison, change.key});
+        open.push_back({change});
     while (!open.empty()) {
-        auto& [comparison, key, next] = open.back();
-        if (next == comparison->changes.size()) {
+        auto& [place, next] = open.back();
+        const Comparison& comparison = *place.comparison;
+        if (next == comparison.changes.size()) {
             open.pop_back();
             continue;
         }
-        Change inner = comparison->changes[next++];
+        Change inner = comparison.changes[next++];
         const bool hasPlace = inner.kind == ChangeKind::Included || isOfExtension(inner.kind);
-        if (hasPlace && inner.node == comparison->destination)
-            inner.key = key;
+        if (hasPlace && inner.node == comparison.destination)
+            inner.key = place.key;
+        if (inner.pathItem == nullptr) {
+            inner.pathItem = place.pathItem;
+            if (inner.operation == nullptr)
+                inner.operation = place.operation;
+        }
         if (inner.kind != ChangeKind::Included)
             report_.add(inner);
         else if (inner.comparison != nullptr)
-            open.push_back({inner.comparison, inner.key});
+            open.push_back({inner});
     }
 }
 
@@ -326,6 +358,7 @@ void DiffContext::report(const Change& change) {
 void DiffContext::openCollecting(const openapi::Node& source, const openapi::Node& destination) {
     open({.key = ConfigKey{}, .source = &source, .destination = &destination});
     scopes_.back().inPart = false;
+    scopes_.back().pathItem = scopes_.back().operation = nullptr; // those of the place that lists the changes
 }
 
 Comparison DiffContext::takeCollected() {

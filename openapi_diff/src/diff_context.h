@@ -10,6 +10,7 @@
 
 #include <concepts>    // std::invocable
 #include <cstdint>     // std::int64_t, std::uint64_t
+#include <deque>       // std::deque
 #include <functional>  // std::invoke
 #include <memory>      // std::unique_ptr
 #include <optional>    // std::optional
@@ -172,6 +173,7 @@ class DiffContext {
     static bool areEqual(std::string_view a, std::string_view b) noexcept { return a == b; }
 
     void open(DiffScope scope);
+    void noteEnclosing(DiffScope& scope);
     void close();
     void closeMarked(const DiffScope& scope);
     void summarise(const DiffScope& scope);
@@ -194,6 +196,7 @@ class DiffContext {
     Report& report_;
     std::vector<DiffScope> scopes_;
     std::vector<Change> changes_; ///< of all open scopes
+    std::deque<EnclosingEntry> enclosing_;
     std::unique_ptr<ComponentComparisons> comparisons_;
 };
 

@@ -18,8 +18,10 @@ struct DiffScope {
     std::int64_t index = -1; ///< element of a list, counted from 0; -1 for a field
     const openapi::Node* source = nullptr;
     const openapi::Node* destination = nullptr;
-    std::size_t begin = 0; ///< of its changes in the sequence
-    bool inPart = false;   ///< within something that was added or removed as a whole
+    std::size_t begin = 0;                     ///< of its changes in the sequence
+    const EnclosingEntry* pathItem = nullptr;  ///< of its changes: Change::pathItem
+    const EnclosingEntry* operation = nullptr; ///< Change::operation
+    bool inPart = false;                       ///< within something that was added or removed as a whole
 
     // Of the changes behind the first one, kept up to date so that closing need not look at them again.
     ChangeLevel restLevel = ChangeLevel::None;

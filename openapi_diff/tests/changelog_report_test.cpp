@@ -25,7 +25,7 @@ using enum ChangeKind;
 using enum ChangeLevel;
 using enum ConfigKey;
 
-const openapi::SchemaFormatRegistry anyFormat;
+const auto anyFormat = std::make_shared<const openapi::SchemaFormatRegistry>();
 
 /// An OpenAPI 3.1 document with these members.
 std::unique_ptr<openapi::ReadResult> document(std::string_view members) {
@@ -33,7 +33,7 @@ std::unique_ptr<openapi::ReadResult> document(std::string_view members) {
     return openapi::read(jv::parseDocument(fmt::format("openapi: 3.1.0\ninfo: {{title: t, version: v}}\n{}{}",
                                                        hasPaths ? "" : "paths: {}\n", members),
                                            {.format = jv::DocumentFormat::Yaml, .refLoader = {}}),
-                         &anyFormat);
+                         anyFormat);
 }
 
 std::string eventsOf(const ChangelogReport& report) {
@@ -144,12 +144,24 @@ TEST(ChangelogReport, takesWhatConcernsUsers) {
 
 class HandMadeChanges : public testing::Test {
   protected:
-    [[nodiscard]] Change path(ChangeKind kind) const {
-        return {
-            .kind = kind, .weight = NonBreaking, .key = Paths, .node = root.paths().find("/a"), .name = "/a"};
+    [[nodiscard]] Change path(ChangeKind kind) {
+        const openapi::PathItem* item = root.paths().find("/a");
+        pathItem = {Paths, "/a", kind == KeyAdded ? nullptr : item, kind == KeyRemoved ? nullptr : item};
+        return {.kind = kind,
+                .weight = NonBreaking,
+                .key = Paths,
+                .node = item,
+                .name = "/a",
+                .pathItem = &pathItem};
     }
     [[nodiscard]] Change operation(ChangeKind kind) const {
-        return {.kind = kind, .weight = NonBreaking, .key = PathItemOperations, .node = get(), .name = "get"};
+        return {.kind = kind,
+                .weight = NonBreaking,
+                .key = PathItemOperations,
+                .node = get(),
+                .name = "get",
+                .pathItem = pathItem.name.empty() ? nullptr : &pathItem,
+                .operation = &enclosing};
     }
     [[nodiscard]] const openapi::Operation* get() const {
         return root.paths().find("/a")->operation(openapi::OperationType::Get);
@@ -163,6 +175,8 @@ class HandMadeChanges : public testing::Test {
     const std::unique_ptr<openapi::ReadResult> read =
         document("servers: [{url: /}]\npaths: {/a: {get: {security: [{}], responses: {}}}}");
     const openapi::OpenAPI& root = read->root();
+    EnclosingEntry pathItem{};
+    const EnclosingEntry enclosing{PathItemOperations, "get", get(), get()};
 };
 
 TEST_F(HandMadeChanges, mustBeOnesOfAComparison) {
@@ -186,7 +200,8 @@ TEST_F(HandMadeChanges, wrapTheCountersOfSecurityRequirements) {
     const Change requirement{.kind = ElementAdded,
                              .weight = Breaking,
                              .key = SecurityRequirement,
-                             .node = get()->security()[0].get()};
+                             .node = get()->security()[0].get(),
+                             .operation = &enclosing};
     for (int i = 0; i < 256; ++i)
         report.add(requirement);
     EXPECT_EQ(report.modified().front().security.get(ElementAdded), 0);

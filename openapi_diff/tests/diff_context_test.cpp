@@ -46,9 +46,9 @@ class ContextLines : public Report {
 };
 
 std::unique_ptr<openapi::ReadResult> read(std::string_view text) {
-    static const openapi::SchemaFormatRegistry formats;
+    static const auto formats = std::make_shared<const openapi::SchemaFormatRegistry>();
     return openapi::read(jv::parseDocument(text, {.format = jv::DocumentFormat::Json, .refLoader = {}}),
-                         &formats);
+                         formats);
 }
 
 /// Two documents whose info stands in line 2 of the source and line 12 of the destination.

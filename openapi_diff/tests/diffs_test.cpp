@@ -48,8 +48,8 @@ ChangeLines& compare(const openapi::ReadResult& source, const openapi::ReadResul
 }
 
 std::unique_ptr<openapi::ReadResult> read(std::string_view text, jv::DocumentFormat format) {
-    static const openapi::SchemaFormatRegistry formats;
-    return openapi::read(jv::parseDocument(text, {.format = format, .refLoader = {}}), &formats);
+    static const auto formats = std::make_shared<const openapi::SchemaFormatRegistry>();
+    return openapi::read(jv::parseDocument(text, {.format = format, .refLoader = {}}), formats);
 }
 
 struct Case {
@@ -802,7 +802,7 @@ TEST(DiffsTest, realDocumentsDoNotDifferFromThemselves) {
                 auto document = jv::parseDocument(text, {.format = other, .refLoader = {}});
                 if (isProbed)
                     document->root()->setBoolean("x-probe", true);
-                const auto copy = openapi::read(std::move(document), tree.formats.get());
+                const auto copy = openapi::read(std::move(document), tree.formats);
                 ChangeLines report;
                 EXPECT_EQ(compare(*tree.result, *copy, report).text,
                           isProbed ? fmt::format("extension_added openapi.openapi(x-probe) "

@@ -5,6 +5,7 @@
 #include "jv/deser.h"
 #include "test_support/corpora.h"
 
+#include <algorithm>   // std::max
 #include <cstddef>     // std::size_t
 #include <cstdint>     // std::uint32_t
 #include <string>      // std::string
@@ -63,6 +64,33 @@ TEST(Documentation, theExampleCanBeUsed) {
     const Configuration configuration = Configuration::load(document->lookup("/commands/diff"));
     EXPECT_EQ(configuration.entry(ConfigKey::InfoTitle).get(Action::Modify), ChangeLevel::NonFunctional);
     EXPECT_EQ(configuration.entry(ConfigKey::Paths).get(Action::ModifyItem), ChangeLevel::Nested);
+}
+
+/// What the columns of the page leave out: a value that is not known counts as the worse one, extensions as
+/// such a value, elements as keys, and no entry speaks both of a field and of its items.
+TEST(Documentation, theColumnsTellAllThatIsInAnEntry) {
+    struct Action {
+        ChangeKind property, key, element, extension;
+    };
+    using enum ChangeKind;
+    constexpr Action actions[] = {{PropertyAdded, KeyAdded, ElementAdded, ExtensionAdded},
+                                  {PropertyRemoved, KeyRemoved, ElementRemoved, ExtensionRemoved},
+                                  {PropertyModified, KeyModified, ElementModified, ExtensionModified}};
+    const Configuration configuration = Configuration::recommended();
+    for (std::uint32_t number = 0; number < configKeyCount; ++number) {
+        const auto key = static_cast<ConfigKey>(number);
+        const NodeDiffConfig& entry = configuration.entry(key);
+        SCOPED_TRACE(number);
+        for (const Action& action : actions) {
+            const ChangeLevel worse =
+                std::max(entry.lookup(action.property, true), entry.lookup(action.property, false));
+            EXPECT_EQ(entry.lookup(action.property), worse);
+            EXPECT_EQ(entry.lookup(action.extension), worse);
+            EXPECT_EQ(entry.lookup(action.element), entry.lookup(action.key));
+            EXPECT_EQ(configField(key).form == EntryForm::Item ? worse : entry.lookup(action.key),
+                      ChangeLevel::None);
+        }
+    }
 }
 
 TEST(Documentation, theTableIsTheCarriedOne) {

@@ -32,17 +32,17 @@ namespace fs = std::filesystem;
 using Document = std::unique_ptr<openapi::ReadResult>;
 
 const fs::path golden = fs::path(SPECLOOM_TEST_DIR) / "tests/golden";
-const openapi::SchemaFormatRegistry standardFormats;
+const auto standardFormats = std::make_shared<const openapi::SchemaFormatRegistry>();
 constexpr std::string_view reportNames[] = {"changelog", "detailed", "status"};
 constexpr std::string_view formatNames[] = {"html", "json", "markdown", "stylish", "unix", "visualstudio"};
 
 Document fromText(std::string_view text) {
     return openapi::read(jv::parseDocument(text, {.format = jv::DocumentFormat::Yaml, .refLoader = {}}),
-                         &standardFormats);
+                         standardFormats);
 }
 
 Document fromFile(const char* name) {
-    Document document = openapi::readFile((golden / name).string(), &standardFormats);
+    Document document = openapi::readFile((golden / name).string(), standardFormats);
     document->setSourcePath(name); // wherever the checkout stands
     return document;
 }

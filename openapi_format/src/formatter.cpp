@@ -10,6 +10,8 @@ namespace specloom::openapi_format {
 namespace {
 
 using Mode = PropertyOrder::Mode;
+using openapi::Arrangement;
+using openapi::References;
 
 /// One run over a document. Its depth is the input's, so the objects still to visit stand in a list.
 class Walk {
@@ -18,7 +20,7 @@ class Walk {
         : document_(document), plans_(plans), mapMode_(mapMode) {}
 
     void run() {
-        open_.push_back({document_.root(), indexOfKind("openapi"), false});
+        open_.push_back({document_.root(), indexOfKind(openapi::ObjectKind::OpenAPI), false});
         while (!open_.empty()) {
             const Visit visit = open_.back();
             open_.pop_back();
@@ -51,7 +53,7 @@ class Walk {
 
     void visitMap(const Visit& map) {
         for (const jv::Member& member : members_)
-            visitLater(*member.value, {Shape::Object, map.kind});
+            visitLater(*member.value, {Arrangement::One, map.kind});
         if (mapMode_ == Mode::Sorted)
             sortKeys(*map.object);
     }
@@ -75,9 +77,10 @@ class Walk {
 
     void visitLater(const jv::JV& value, ChildPlan child) {
         if (value.isObject()) {
-            if (child.shape != Shape::Array)
-                open_.push_back({&value, child.kind, child.shape == Shape::Map});
-        } else if (value.isArray() && (child.shape == Shape::Array || child.shape == Shape::ObjectOrArray)) {
+            if (child.arrangement != Arrangement::List)
+                open_.push_back({&value, child.kind, child.arrangement == Arrangement::Map});
+        } else if (value.isArray() &&
+                   (child.arrangement == Arrangement::List || child.arrangement == Arrangement::OneOrList)) {
             for (const jv::JV* element : value.elements()) {
                 if (element->isObject())
                     open_.push_back({element, child.kind, false});
@@ -126,7 +129,7 @@ class Walk {
     jv::JVDocument& document_;
     const std::vector<KindPlan>& plans_;
     const Mode mapMode_;
-    const std::uint8_t reference_ = indexOfKind("reference");
+    const std::uint8_t reference_ = indexOfKind(openapi::ObjectKind::Reference);
     std::vector<Visit> open_;
     // Of the object at hand; kept from one to the next for their memory.
     std::vector<jv::Member> members_;

@@ -4,6 +4,8 @@ namespace specloom::openapi_format {
 
 namespace {
 
+using openapi::Arrangement;
+
 void planOrder(const PropertyOrder& order, KindPlan& plan) {
     plan.mode = order.mode();
     if (plan.mode != PropertyOrder::Mode::Fixed)
@@ -14,14 +16,21 @@ void planOrder(const PropertyOrder& order, KindPlan& plan) {
                               KeyPlan{.rank = rank++}); // of a key that is named twice the first place counts
 }
 
-void planStructure(const ObjectKind& kind, KindPlan& plan) {
-    plan.references = kind.references;
-    for (const Place& place : kind.places)
-        plan.keys[std::string(place.member)].child = ChildPlan{place.shape, indexOfKind(place.kind)};
-    if (kind.entries.kind.empty())
-        return;
-    plan.entries = ChildPlan{Shape::Object, indexOfKind(kind.entries.kind)};
-    plan.evenExtensions = kind.entries.evenExtensions;
+void planWebhooks(KindPlan& plan) {
+    plan.entries = ChildPlan{Arrangement::One, indexOfKind(openapi::ObjectKind::PathItem)};
+    plan.evenExtensions = true;
+}
+
+void planStructure(const openapi::ObjectShape& shape, KindPlan& plan) {
+    plan.references = shape.references;
+    for (const openapi::MemberShape& member : shape.members) {
+        if (member.content != openapi::Content::Object)
+            continue;
+        const Arrangement arrangement = isObjectOfItsOwn(member) ? Arrangement::One : member.arrangement;
+        plan.keys[std::string(member.name)].child = ChildPlan{arrangement, indexOfKind(member)};
+    }
+    if (shape.entries)
+        plan.entries = ChildPlan{Arrangement::One, indexOfKind(*shape.entries)};
 }
 
 } // namespace
@@ -40,7 +49,10 @@ std::vector<KindPlan> planKinds(const Configuration& configuration) {
         const PropertyOrder& own = configuration.orderOf(kind.name);
         KindPlan& plan = plans.emplace_back();
         planOrder(own.isSet() ? own : configuration.defaultOrder(), plan);
-        planStructure(kind, plan);
+        if (kind.kind)
+            planStructure(openapi::shapeOf(*kind.kind), plan);
+        else
+            planWebhooks(plan);
     }
     return plans;
 }

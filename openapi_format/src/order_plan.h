@@ -21,7 +21,7 @@ inline constexpr std::uint32_t unnamed = std::numeric_limits<std::uint32_t>::max
 
 /// The objects that stand under a key.
 struct ChildPlan {
-    Shape shape;
+    openapi::Arrangement arrangement;
     std::uint8_t kind; ///< index into objectKinds()
 };
 
@@ -40,10 +40,10 @@ struct KindPlan {
     };
 
     PropertyOrder::Mode mode = PropertyOrder::Mode::Original;
-    References references = References::None;
+    openapi::References references = openapi::References::None;
     std::unordered_map<std::string, KeyPlan, Hash, std::equal_to<>> keys;
     std::optional<ChildPlan> entries; ///< of keys that `keys` gives no child for
-    bool evenExtensions = false;      ///< Entries::evenExtensions
+    bool evenExtensions = false;      ///< whether keys that start with "x-" are ordinary ones there
 
     [[nodiscard]] KeyPlan find(std::string_view key) const;
 };

@@ -1,45 +1,21 @@
 #pragma once
 
+#include "openapi/shape.h"
+
 #include <cstdint>     // std::uint8_t
+#include <optional>    // std::optional
 #include <span>        // std::span
 #include <string_view> // std::string_view
 
 namespace specloom::openapi_format {
 
-/// How the objects of a kind stand under a member.
-enum class Shape : std::uint8_t {
-    Object,        ///< one object
-    Array,         ///< the elements of an array
-    ObjectOrArray, ///< either
-    Map,           ///< the values of an object with keys of the author's choice
-};
-
-/// What stands under a member of an object.
-struct Place {
-    std::string_view member;
-    Shape shape;
-    std::string_view kind; ///< by name, as in objectKinds()
-};
-
-/// The members of an object whose keys are the author's.
-struct Entries {
-    std::string_view kind;       ///< of every member's value, by name; empty when there are no such members
-    bool evenExtensions = false; ///< whether keys that start with "x-" are ordinary ones
-};
-
-/// Which objects with a text under "$ref" are references in a place for objects of a kind.
-enum class References : std::uint8_t {
-    None,
-    All,
-    Bare, ///< those that have nothing but what a reference may have beside it
-};
-
-/// One kind of object of OpenAPI 3.0 and 3.1.
+/// A kind of object whose keys may have an order of their own. Where the objects of a kind stand is said by
+/// the shape of OpenAPI documents; what that does not name is payload, and keeps its keys as they are.
 struct ObjectKind {
-    std::string_view name;
-    std::span<const Place> places; ///< of the objects below it; what is not named here is payload
-    References references = References::None;
-    Entries entries = {};
+    std::string_view name; ///< in configurations
+    /// None for the map of webhooks: no kind of object for OpenAPI, but as much one as `paths` for those who
+    /// read it. Its keys are the author's, also those that start with "x-".
+    std::optional<openapi::ObjectKind> kind;
 };
 
 /// Every kind of object, the root's first.
@@ -48,7 +24,11 @@ struct ObjectKind {
 /// The kind of that name, or null.
 [[nodiscard]] const ObjectKind* findObjectKind(std::string_view name) noexcept;
 
-/// Index into objectKinds() of a kind that is there.
-[[nodiscard]] std::uint8_t indexOfKind(std::string_view name) noexcept;
+/// Index into objectKinds().
+[[nodiscard]] std::uint8_t indexOfKind(openapi::ObjectKind kind) noexcept;
+/// That of what stands under a member that holds objects.
+[[nodiscard]] std::uint8_t indexOfKind(const openapi::MemberShape& member) noexcept;
+/// Whether that is one object for the formatter, although OpenAPI sees several.
+[[nodiscard]] bool isObjectOfItsOwn(const openapi::MemberShape& member) noexcept;
 
 } // namespace specloom::openapi_format

@@ -37,7 +37,7 @@ void LintContext::report(const Rule& rule, std::string message, const openapi::N
                       .fixable = rule.isFixable(),
                       .filename = filename(),
                       .message = std::move(message)};
-    if (const jv::Pos pos = document->positionOf(node); pos.isKnown()) {
+    if (const jv::Pos pos = document->locationOf(node).pos; pos.isKnown()) {
         result.line = static_cast<std::uint64_t>(pos.line);
         result.column = static_cast<std::uint64_t>(pos.column);
     }

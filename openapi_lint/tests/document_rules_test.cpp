@@ -30,10 +30,10 @@ std::unique_ptr<jv::JVDocument> parseJson(const std::string& json) {
 
 /// A document whose info object has these further members.
 std::unique_ptr<openapi::ReadResult> readInfo(const std::string& members) {
-    static const openapi::SchemaFormatRegistry formats;
+    static const auto formats = std::make_shared<const openapi::SchemaFormatRegistry>();
     return openapi::read(parseJson(R"({"openapi":"3.1.0","info":{"title":"Tides","version":"1")" + members +
                                    R"(},"paths":{}})"),
-                         &formats);
+                         formats);
 }
 
 /// The messages of a rule with these options, if there are any.

@@ -38,8 +38,8 @@ std::unique_ptr<jv::JVDocument> parseYaml(std::string_view yaml) {
 }
 
 std::unique_ptr<openapi::ReadResult> readTree(std::string_view yaml) {
-    static const openapi::SchemaFormatRegistry formats;
-    return openapi::read(parseYaml(yaml), &formats);
+    static const auto formats = std::make_shared<const openapi::SchemaFormatRegistry>();
+    return openapi::read(parseYaml(yaml), formats);
 }
 
 /// A linter with everything that it printed.
@@ -337,9 +337,9 @@ TEST(Linter, gathersFindingsFromFileToFile) {
         (void)temporary.write(name, wordless);
     Session run;
     ASSERT_EQ(run.configure("{rules: {info-defined: warn}}"), "");
-    const openapi::SchemaFormatRegistry formats;
+    const auto formats = std::make_shared<const openapi::SchemaFormatRegistry>();
     for (const char* name : {"a.yaml", "b.yaml"}) {
-        const auto document = openapi::readFile((folder / name).string(), &formats);
+        const auto document = openapi::readFile((folder / name).string(), formats);
         run.linter.run(*document, (folder / "." / name).string());
     }
     const LintContext& context = run.linter.context();
@@ -359,10 +359,10 @@ TEST(Linter, writesFixedDocumentsBack) {
     Session session;
     ASSERT_EQ(session.configure("{rules: {info-defined: err}}"), "");
     session.linter.setAutoFix(true);
-    const openapi::SchemaFormatRegistry formats;
+    const auto formats = std::make_shared<const openapi::SchemaFormatRegistry>();
     const std::string expected = "paths: {}\ninfo:\n  version: 1.0.0\n  title: Tides\nopenapi: 3.1.0\n";
     for (int times = 0; times < 2; ++times) { // errors do not keep it from writing
-        session.linter.run(*openapi::readFile(file, &formats), file);
+        session.linter.run(*openapi::readFile(file, formats), file);
         EXPECT_EQ(test_support::fileBytes(file), expected);
     }
     EXPECT_EQ(session.linter.context().errorCount, 4u);

@@ -72,7 +72,9 @@ fs::path beside(const fs::path& document, const std::string& extension) {
 class Bench {
   public:
     Bench(std::string_view id, const fs::path& path)
-        : rule_(findRule(id, Severity::Error)), document_(openapi::readFile(path.string(), &formats_)) {
+        : rule_(findRule(id, Severity::Error)),
+          document_(
+              openapi::readFile(path.string(), std::make_shared<const openapi::SchemaFormatRegistry>())) {
         context_.document = document_.get();
         for (const fs::path& options : {beside(path, ".options.yaml"), path.parent_path() / "options.yaml"}) {
             if (!fs::exists(options))
@@ -107,7 +109,6 @@ class Bench {
     [[nodiscard]] const Rule& rule() const { return *rule_; }
 
   private:
-    openapi::SchemaFormatRegistry formats_;
     std::unique_ptr<jv::JVDocument> options_;
     std::unique_ptr<Rule> rule_;
     std::unique_ptr<openapi::ReadResult> document_;

@@ -1,6 +1,7 @@
 #include "test_support/openapi_structure.h"
 
 #include <algorithm> // std::find_if
+#include <array>     // std::array
 #include <map>       // std::map
 #include <vector>    // std::vector
 
@@ -213,6 +214,52 @@ ObjectKind kindOf(ObjectKind kind, const jv::JV& value) {
                        {"oauth2", K::OAuth2Scheme},
                        {"openIdConnect", K::OpenIdConnectScheme}});
     return kind;
+}
+
+std::string_view nameOf(ObjectKind kind) {
+    constexpr std::array<std::string_view, 40> names{
+        "",
+        "",
+        "openapi",
+        "info",
+        "contact",
+        "license",
+        "server",
+        "serverVariable",
+        "components",
+        "paths",
+        "pathItem",
+        "operation",
+        "externalDocumentation",
+        "parameter",
+        "parameter",
+        "parameter",
+        "parameter",
+        "parameter",
+        "requestBody",
+        "mediaType",
+        "encoding",
+        "responses",
+        "response",
+        "callback",
+        "example",
+        "link",
+        "header",
+        "tag",
+        "schema",
+        "discriminator",
+        "xml",
+        "securityScheme",
+        "securityScheme",
+        "securityScheme",
+        "securityScheme",
+        "securityScheme",
+        "securityScheme",
+        "oauthFlows",
+        "oauthFlow",
+        "securityRequirement",
+    };
+    return names.at(static_cast<std::size_t>(kind));
 }
 
 std::string_view sectionOf(ObjectKind kind) {

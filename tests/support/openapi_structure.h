@@ -75,6 +75,8 @@ struct MemberInfo {
 [[nodiscard]] const MemberInfo* findMember(ObjectKind kind, std::string_view key);
 /// The kind of `value` in a place for objects of `kind`.
 [[nodiscard]] ObjectKind kindOf(ObjectKind kind, const jv::JV& value);
+/// How configurations name objects of this kind, whatever their location or type; empty for plain values.
+[[nodiscard]] std::string_view nameOf(ObjectKind kind);
 /// The section of the components that a `$ref` in place of an object of this kind leads to; empty when none
 /// may stand there.
 [[nodiscard]] std::string_view sectionOf(ObjectKind kind);

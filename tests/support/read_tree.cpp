@@ -22,10 +22,10 @@ std::vector<std::string> addUnknownFormats(std::string_view refusal, openapi::Sc
 }
 
 ReadTree readTree(const std::filesystem::path& path) {
-    ReadTree tree{std::make_unique<openapi::SchemaFormatRegistry>(), nullptr, {}, ""};
+    ReadTree tree{std::make_shared<openapi::SchemaFormatRegistry>(), nullptr, {}, ""};
     for (int attempt = 0; attempt < 2; ++attempt) {
         try {
-            tree.result = openapi::readFile(path.string(), tree.formats.get());
+            tree.result = openapi::readFile(path.string(), tree.formats);
             tree.refusal.clear();
             return tree;
         } catch (const std::exception& error) {

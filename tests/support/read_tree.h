@@ -3,7 +3,7 @@
 #include "openapi/reader.h"
 
 #include <filesystem>  // std::filesystem::path
-#include <memory>      // std::unique_ptr
+#include <memory>      // std::shared_ptr, std::unique_ptr
 #include <string>      // std::string
 #include <string_view> // std::string_view
 #include <vector>      // std::vector
@@ -15,7 +15,7 @@ std::vector<std::string> addUnknownFormats(std::string_view refusal, openapi::Sc
 
 /// A document as a tree, or why it was refused.
 struct ReadTree {
-    std::unique_ptr<openapi::SchemaFormatRegistry> formats;
+    std::shared_ptr<openapi::SchemaFormatRegistry> formats;
     std::unique_ptr<openapi::ReadResult> result; ///< null when refused
     std::vector<std::string> unknownFormats;     ///< those that had to be added
     std::string refusal;

@@ -1,9 +1,10 @@
 #include "cli/commands/diff_command.h"
 
 #include <iostream> // std::cout
-#include <memory>   // std::unique_ptr
+#include <memory>   // std::make_shared, std::shared_ptr, std::unique_ptr
 #include <optional> // std::optional
 #include <string>   // std::string
+#include <utility>  // std::move
 
 #include "cli/app.h"
 #include "cli/config_file.h"
@@ -29,9 +30,9 @@ void configureDiffer(openapi_diff::Differ& differ, openapi::SchemaFormatRegistry
 }
 
 std::unique_ptr<openapi::ReadResult> read(const char* spanName, const std::string& path,
-                                          const openapi::SchemaFormatRegistry& formats) {
+                                          std::shared_ptr<const openapi::SchemaFormatRegistry> formats) {
     const telemetry::Span span(spanName);
-    return openapi::readFile(path, &formats);
+    return openapi::readFile(path, std::move(formats));
 }
 
 } // namespace
@@ -53,9 +54,9 @@ void DiffCommand::configure(App& app) {
 
 std::int32_t DiffCommand::run() {
     const telemetry::Span span("cli_command_diff");
-    openapi::SchemaFormatRegistry formats;
+    const auto formats = std::make_shared<openapi::SchemaFormatRegistry>();
     openapi_diff::Differ differ(std::cout);
-    configureDiffer(differ, formats, parser.option("--config"));
+    configureDiffer(differ, *formats, parser.option("--config"));
     const bool updateVersion = parser.flag("--update-version");
     const std::string report = parser.optionOrDefault("--report");
     differ.setUpdateVersion(updateVersion);

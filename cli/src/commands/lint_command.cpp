@@ -1,9 +1,10 @@
 #include "cli/commands/lint_command.h"
 
 #include <iostream> // std::cout
-#include <memory>   // std::unique_ptr
+#include <memory>   // std::make_shared, std::shared_ptr, std::unique_ptr
 #include <optional> // std::optional
 #include <string>   // std::string
+#include <utility>  // std::move
 
 #include "cli/app.h"
 #include "cli/config_file.h"
@@ -31,9 +32,9 @@ void configureLinter(openapi_lint::Linter& linter, openapi::SchemaFormatRegistry
 }
 
 std::unique_ptr<openapi::ReadResult> read(const std::string& path,
-                                          const openapi::SchemaFormatRegistry& formats) {
+                                          std::shared_ptr<const openapi::SchemaFormatRegistry> formats) {
     const telemetry::Span span("read");
-    return openapi::readFile(path, &formats);
+    return openapi::readFile(path, std::move(formats));
 }
 
 } // namespace
@@ -54,9 +55,9 @@ void LintCommand::configure(App& app) {
 
 std::int32_t LintCommand::run() {
     const telemetry::Span span("cli_command_lint");
-    openapi::SchemaFormatRegistry formats;
+    const auto formats = std::make_shared<openapi::SchemaFormatRegistry>();
     openapi_lint::Linter linter(std::cout);
-    configureLinter(linter, formats, parser.option("--config"));
+    configureLinter(linter, *formats, parser.option("--config"));
     linter.setAutoFix(parser.flag("--fix"));
     linter.setFormatter(parser.optionOrDefault("--formatter"));
     for (const std::string& file : parser.positionals("files")) {

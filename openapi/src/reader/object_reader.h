@@ -1,11 +1,12 @@
 #pragma once
 
 #include "openapi/reader/reader_context.h"
+#include "openapi/shape.h"
 
-#include <array>   // std::array
-#include <bit>     // std::countr_zero
-#include <cstdint> // std::uint64_t
-#include <utility> // std::index_sequence
+#include <algorithm> // std::ranges::count
+#include <array>     // std::array, std::to_array
+#include <bit>       // std::bit_ceil, std::countr_zero
+#include <cstdint>   // std::uint64_t
 
 namespace specloom::openapi {
 
@@ -28,22 +29,34 @@ template <typename T>
 struct MemberReader {
     std::string_view name;
     void (*read)(ReaderContext& context, T& node, const Member& member);
-    bool required = false; ///< its absence throws jv::JVError "Required property '{}' is missing."
 };
 
 enum class Extensions : bool { Ignored, Read };
 
-/// Reads objects of one class: notes the source value, takes the extensions, and reads the known members in
-/// the order of the table, whatever their order in the source. Unknown members are passed over.
+/// Reads objects of one class, nodes of `type`: notes the source value, takes the extensions, and reads the
+/// known members in the order of the table, whatever their order in the source. Unknown members are passed
+/// over.
 ///
 /// One pass over the members of the source finds all rows, which is faster than a search for each row: tables
 /// have up to 60, objects three or four members.
-template <typename T, std::size_t rowCount>
+template <typename T, std::size_t rowCount, NodeType type>
 class ObjectReader {
   public:
+    /// Compiles only if there is a row for each member that nodes of `type` have by their shape, apart from
+    /// those that the node is made of, and for no other.
     // NOLINTNEXTLINE(*-explicit-*): a table is written as a list of rows
-    constexpr ObjectReader(const MemberReader<T> (&rows)[rowCount])
-        : ObjectReader(rows, std::make_index_sequence<rowCount>()) {}
+    consteval ObjectReader(const MemberReader<T> (&rows)[rowCount]) : rows_(std::to_array(rows)) {
+        requireRows();
+        slots_.fill(freeSlot);
+        for (std::size_t row = 0; row < rowCount; ++row) {
+            std::size_t slot = hash(rows_[row].name);
+            while (slots_[slot] != freeSlot)
+                slot = (slot + 1) % slotCount;
+            slots_[slot] = static_cast<std::uint8_t>(row);
+            if (findMember(kindOf(type), rows_[row].name)->presence == Presence::Required)
+                required_ |= std::uint64_t{1} << row;
+        }
+    }
 
     void read(ReaderContext& context, T& node, const jv::JV& object,
               Extensions extensions = Extensions::Read) const {
@@ -56,7 +69,7 @@ class ObjectReader {
             const auto row = static_cast<std::size_t>(std::countr_zero(present));
             const MemberReader<T>& member = rows_[row];
             const jv::JV* value = values[row];
-            if (member.required && value == nullptr)
+            if (value == nullptr)
                 (void)object.getRequired(member.name); // throws
             member.read(context, node, {object, member.name, *value});
         }
@@ -64,23 +77,26 @@ class ObjectReader {
     }
 
   private:
-    static_assert(rowCount <= 64, "a bit for each row");
+    static_assert(rowCount <= 64,
+                  "a bit for each row: for more rows make the sets of bits in read(), scan() and "
+                  "required_ arrays of words, and go over the words");
 
     static constexpr std::size_t slotCount = std::bit_ceil(rowCount * 4);
     static constexpr std::uint8_t freeSlot = 0xff;
 
-    template <std::size_t... index>
-    constexpr ObjectReader(const MemberReader<T> (&rows)[rowCount], std::index_sequence<index...>)
-        : rows_{rows[index]...} {
-        slots_.fill(freeSlot);
-        for (std::size_t row = 0; row < rowCount; ++row) {
-            std::size_t slot = hash(rows_[row].name);
-            while (slots_[slot] != freeSlot)
-                slot = (slot + 1) % slotCount;
-            slots_[slot] = static_cast<std::uint8_t>(row);
-            if (rows_[row].required)
-                required_ |= std::uint64_t{1} << row;
+    [[nodiscard]] static constexpr bool isForRow(const MemberShape& member) {
+        return member.isRead && member.belongsTo(type) && member.presence != Presence::ToBeginAt;
+    }
+
+    consteval void requireRows() const {
+        for (const MemberReader<T>& row : rows_) {
+            const MemberShape* member = findMember(kindOf(type), row.name);
+            if (member == nullptr || !isForRow(*member))
+                throw "a row reads what is no member in openapi/shape.h";
         }
+        for (const MemberShape& member : shapeOf(kindOf(type)).members)
+            if (isForRow(member) && std::ranges::count(rows_, member.name, &MemberReader<T>::name) != 1)
+                throw "a member in openapi/shape.h has no row that reads it, or several";
     }
 
     /// Cheap, and different for names that differ in length or in an outer or middle character.

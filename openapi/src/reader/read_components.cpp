@@ -114,7 +114,7 @@ void readPathItems(ReaderContext& context, Components& components, const Member&
 
 // This order decides which references between components find their target: all but those to schemas are
 // looked up where they stand.
-constexpr ObjectReader<Components, 10> componentsReader({
+constexpr ObjectReader<Components, 10, NodeType::Components> componentsReader({
     {"examples", readExamples},
     {"schemas", readSchemas},
     {"parameters", readComponentParameters},

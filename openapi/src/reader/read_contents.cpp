@@ -77,7 +77,7 @@ void readPathRequired(ReaderContext& context, PathParameter& parameter, const Me
         context.report(parameter, &member.value, "Path parameters must be required");
 }
 
-constexpr ObjectReader<PathParameter, 9> pathParameterReader({
+constexpr ObjectReader<PathParameter, 9, NodeType::PathParameter> pathParameterReader({
     {"description", readText<PathParameter, &PathParameter::setDescription>},
     {"required", readPathRequired},
     {"deprecated", readBoolean<PathParameter, &PathParameter::setDeprecated>},
@@ -89,7 +89,7 @@ constexpr ObjectReader<PathParameter, 9> pathParameterReader({
     {"content", readContentMember<PathParameter>},
 });
 
-constexpr ObjectReader<QueryParameter, 11> queryParameterReader({
+constexpr ObjectReader<QueryParameter, 11, NodeType::QueryParameter> queryParameterReader({
     {"description", readText<QueryParameter, &QueryParameter::setDescription>},
     {"required", readBoolean<QueryParameter, &QueryParameter::setRequired>},
     {"deprecated", readBoolean<QueryParameter, &QueryParameter::setDeprecated>},
@@ -103,7 +103,7 @@ constexpr ObjectReader<QueryParameter, 11> queryParameterReader({
     {"content", readContentMember<QueryParameter>},
 });
 
-constexpr ObjectReader<HeaderParameter, 9> headerParameterReader({
+constexpr ObjectReader<HeaderParameter, 9, NodeType::HeaderParameter> headerParameterReader({
     {"description", readText<HeaderParameter, &HeaderParameter::setDescription>},
     {"required", readBoolean<HeaderParameter, &HeaderParameter::setRequired>},
     {"deprecated", readBoolean<HeaderParameter, &HeaderParameter::setDeprecated>},
@@ -115,7 +115,7 @@ constexpr ObjectReader<HeaderParameter, 9> headerParameterReader({
     {"content", readContentMember<HeaderParameter>},
 });
 
-constexpr ObjectReader<CookieParameter, 9> cookieParameterReader({
+constexpr ObjectReader<CookieParameter, 9, NodeType::CookieParameter> cookieParameterReader({
     {"description", readText<CookieParameter, &CookieParameter::setDescription>},
     {"required", readBoolean<CookieParameter, &CookieParameter::setRequired>},
     {"deprecated", readBoolean<CookieParameter, &CookieParameter::setDeprecated>},
@@ -127,7 +127,7 @@ constexpr ObjectReader<CookieParameter, 9> cookieParameterReader({
     {"content", readContentMember<CookieParameter>},
 });
 
-constexpr ObjectReader<Header, 11> headerReader({
+constexpr ObjectReader<Header, 11, NodeType::Header> headerReader({
     {"description", readText<Header, &Header::setDescription>},
     {"required", readBoolean<Header, &Header::setRequired>},
     {"deprecated", readBoolean<Header, &Header::setDeprecated>},
@@ -143,7 +143,7 @@ constexpr ObjectReader<Header, 11> headerReader({
 
 // ---- media types -----------------------------------------------------------------------------------------
 
-constexpr ObjectReader<Encoding, 5> encodingReader({
+constexpr ObjectReader<Encoding, 5, NodeType::Encoding> encodingReader({
     {"contentType", readText<Encoding, &Encoding::setContentType>},
     {"headers", readHeaders<Encoding>},
     {"style", readStyle<Encoding, ParameterLocation::Query>},
@@ -164,14 +164,14 @@ void readEncodings(ReaderContext& context, MediaType& mediaType, const Member& m
     }
 }
 
-constexpr ObjectReader<MediaType, 4> mediaTypeReader({
+constexpr ObjectReader<MediaType, 4, NodeType::MediaType> mediaTypeReader({
     {"schema", readMediaTypeSchema},
     {"example", readExample<MediaType>},
     {"examples", readExamples<MediaType>},
     {"encoding", readEncodings},
 });
 
-constexpr ObjectReader<Example, 4> exampleReader({
+constexpr ObjectReader<Example, 4, NodeType::Example> exampleReader({
     {"summary", readText<Example, &Example::setSummary>},
     {"description", readText<Example, &Example::setDescription>},
     {"value", readValue<Example, &Example::setValue>},
@@ -180,7 +180,7 @@ constexpr ObjectReader<Example, 4> exampleReader({
 
 // ---- bodies, responses, links ----------------------------------------------------------------------------
 
-constexpr ObjectReader<RequestBody, 3> requestBodyReader({
+constexpr ObjectReader<RequestBody, 3, NodeType::RequestBody> requestBodyReader({
     {"description", readText<RequestBody, &RequestBody::setDescription>},
     {"required", readBoolean<RequestBody, &RequestBody::setRequired>},
     {"content", readContent<RequestBody>},
@@ -200,7 +200,7 @@ void readLinkServer(ReaderContext& context, Link& link, const Member& member) {
     readServer(context, link, member.value, [&](Text url) { return link.createServer(std::move(url)); });
 }
 
-constexpr ObjectReader<Link, 6> linkReader({
+constexpr ObjectReader<Link, 6, NodeType::Link> linkReader({
     {"operationRef", readText<Link, &Link::setOperationRef>},
     {"operationId", readOperationId},
     {"parameters", readLinkParameters},
@@ -219,7 +219,7 @@ void readLinks(ReaderContext& context, Response& response, const Member& member)
     }
 }
 
-constexpr ObjectReader<Response, 4> responseReader({
+constexpr ObjectReader<Response, 4, NodeType::Response> responseReader({
     {"description", readText<Response, &Response::setDescription>},
     {"headers", readHeaders<Response>},
     {"content", readContent<Response>},

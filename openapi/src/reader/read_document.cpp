@@ -11,13 +11,13 @@ namespace {
 
 // ---- info ------------------------------------------------------------------------------------------------
 
-constexpr ObjectReader<Contact, 3> contactReader({
+constexpr ObjectReader<Contact, 3, NodeType::Contact> contactReader({
     {"name", readText<Contact, &Contact::setName>},
     {"url", readText<Contact, &Contact::setUrl>},
     {"email", readText<Contact, &Contact::setEmail>},
 });
 
-constexpr ObjectReader<License, 2> licenseReader({
+constexpr ObjectReader<License, 2, NodeType::License> licenseReader({
     {"identifier", readText<License, &License::setIdentifier>},
     {"url", readText<License, &License::setUrl>},
 });
@@ -37,14 +37,14 @@ void readLicense(ReaderContext& context, Info& info, const Member& member) {
     licenseReader.read(context, *license, value);
 }
 
-constexpr ObjectReader<Info, 7> infoReader({
-    {"title", readRequiredText<Info, &Info::setTitle>, true},
+constexpr ObjectReader<Info, 7, NodeType::Info> infoReader({
+    {"title", readRequiredText<Info, &Info::setTitle>},
     {"summary", readText<Info, &Info::setSummary>},
     {"description", readText<Info, &Info::setDescription>},
     {"termsOfService", readText<Info, &Info::setTermsOfService>},
     {"contact", readContact},
     {"license", readLicense},
-    {"version", readRequiredText<Info, &Info::setVersion>, true},
+    {"version", readRequiredText<Info, &Info::setVersion>},
 });
 
 // ---- servers ---------------------------------------------------------------------------------------------
@@ -53,7 +53,7 @@ void readEnumeration(ReaderContext& context, ServerVariable& variable, const Mem
     variable.setEnumeration(readTexts(context, variable, member.asArray()));
 }
 
-constexpr ObjectReader<ServerVariable, 3> serverVariableReader({
+constexpr ObjectReader<ServerVariable, 3, NodeType::ServerVariable> serverVariableReader({
     {"enum", readEnumeration},
     {"default", readText<ServerVariable, &ServerVariable::setDefaultValue>},
     {"description", readText<ServerVariable, &ServerVariable::setDescription>},
@@ -69,23 +69,24 @@ void readServerVariables(ReaderContext& context, Server& server, const Member& m
     }
 }
 
-constexpr ObjectReader<Server, 2> serverReader({
+constexpr ObjectReader<Server, 2, NodeType::Server> serverReader({
     {"description", readText<Server, &Server::setDescription>},
     {"variables", readServerVariables},
 });
 
 // ---- tags and others -------------------------------------------------------------------------------------
 
-constexpr ObjectReader<ExternalDocumentation, 1> externalDocumentationReader({
-    {"description", readText<ExternalDocumentation, &ExternalDocumentation::setDescription>},
-});
+constexpr ObjectReader<ExternalDocumentation, 1, NodeType::ExternalDocumentation>
+    externalDocumentationReader({
+        {"description", readText<ExternalDocumentation, &ExternalDocumentation::setDescription>},
+    });
 
-constexpr ObjectReader<Tag, 2> tagReader({
+constexpr ObjectReader<Tag, 2, NodeType::Tag> tagReader({
     {"description", readText<Tag, &Tag::setDescription>},
     {"externalDocs", readExternalDocs<Tag>},
 });
 
-constexpr ObjectReader<Reference, 2> referenceReader({
+constexpr ObjectReader<Reference, 2, NodeType::Reference> referenceReader({
     {"summary", readText<Reference, &Reference::setSummary>},
     {"description", readText<Reference, &Reference::setDescription>},
 });
@@ -127,9 +128,9 @@ void readWebhooks(ReaderContext& context, OpenAPI& root, const Member& member) {
 }
 
 // Components stand before the paths, so that all that is looked up at once is there.
-constexpr ObjectReader<OpenAPI, 10> rootReader({
-    {"openapi", readVersion, true},
-    {"info", readInfoMember, true},
+constexpr ObjectReader<OpenAPI, 10, NodeType::OpenAPI> rootReader({
+    {"openapi", readVersion},
+    {"info", readInfoMember},
     {"jsonSchemaDialect", readText<OpenAPI, &OpenAPI::setJsonSchemaDialect>},
     {"servers", readServers<OpenAPI>},
     {"tags", readTags},

@@ -59,7 +59,7 @@ void readOperationSecurity(ReaderContext& context, Operation& operation, const M
     readSecurity(context, operation, member);
 }
 
-constexpr ObjectReader<Operation, 12> operationReader({
+constexpr ObjectReader<Operation, 12, NodeType::Operation> operationReader({
     {"tags", readOperationTags},
     {"summary", readText<Operation, &Operation::setSummary>},
     {"description", readText<Operation, &Operation::setDescription>},
@@ -82,7 +82,7 @@ void readOperation(ReaderContext& context, PathItem& item, const Member& member)
     operationReader.read(context, *item.createOperation(type), value);
 }
 
-constexpr ObjectReader<PathItem, 12> pathItemReader({
+constexpr ObjectReader<PathItem, 12, NodeType::PathItem> pathItemReader({
     {"summary", readText<PathItem, &PathItem::setSummary>},
     {"description", readText<PathItem, &PathItem::setDescription>},
     {"get", readOperation<OperationType::Get>},

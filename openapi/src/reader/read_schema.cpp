@@ -2,7 +2,11 @@
 #include "openapi/reader/readers.h"
 #include "openapi/reference.h"
 
-#include <algorithm> // std::find
+#include <fmt/format.h> // fmt::format
+
+#include <algorithm> // std::find, std::ranges::count_if, std::ranges::sort
+#include <array>     // std::array
+#include <utility>   // std::index_sequence
 
 namespace specloom::openapi {
 
@@ -237,7 +241,7 @@ void readMapping(ReaderContext&, openapi::Discriminator& discriminator, const Me
         discriminator.setMapping(Text::borrow(entry.key), Member{mapping, entry.key, *entry.value}.text());
 }
 
-constexpr ObjectReader<openapi::Discriminator, 1> discriminatorReader({
+constexpr ObjectReader<openapi::Discriminator, 1, NodeType::Discriminator> discriminatorReader({
     {"mapping", readMapping},
 });
 
@@ -247,7 +251,7 @@ void discriminator(ReaderContext& context, Schema& schema, const Member& member)
     discriminatorReader.read(context, *schema.createDiscriminator(std::move(name)), value);
 }
 
-constexpr ObjectReader<openapi::XML, 5> xmlReader({
+constexpr ObjectReader<openapi::XML, 5, NodeType::XML> xmlReader({
     {"name", readText<openapi::XML, &openapi::XML::setName>},
     {"namespace", readText<openapi::XML, &openapi::XML::setNamespaceUri>},
     {"prefix", readText<openapi::XML, &openapi::XML::setPrefix>},
@@ -259,71 +263,82 @@ void xml(ReaderContext& context, Schema& schema, const Member& member) {
     xmlReader.read(context, *schema.createXML(), member.asObject());
 }
 
-// In reading order: `nullable` adds to what `type` has set.
-constexpr ObjectReader<Schema, 62> schemaReader({
-    {"$id", text<Id>},
+// ---- the table -------------------------------------------------------------------------------------------
+
+using SchemaRow = MemberReader<Schema>;
+
+/// Members that are not read by what stands there alone.
+constexpr SchemaRow ownRows[] = {
     {"$schema", dialect},
     {"type", type},
     {"const", constant},
     {"enum", enumeration},
-    {"title", text<Title>},
-    {"description", text<Description>},
-    {"$comment", text<Comment>},
-    {"$anchor", text<Anchor>},
-    {"$dynamicAnchor", text<DynamicAnchor>},
-    {"$dynamicRef", text<DynamicRef>},
-    {"$vocabulary", text<Vocabulary>},
     {"default", defaultValue},
-    {"deprecated", boolean<Deprecated>},
-    {"readOnly", boolean<ReadOnly>},
-    {"writeOnly", boolean<WriteOnly>},
     {"$defs", definitions},
     {"definitions", oldDefinitions},
     {"nullable", nullable},
     {"format", format},
-    {"multipleOf", number<MultipleOf>},
-    {"maximum", number<Maximum>},
-    {"exclusiveMaximum", exclusive<ExclusiveMaximum>},
-    {"minimum", number<Minimum>},
-    {"exclusiveMinimum", exclusive<ExclusiveMinimum>},
-    {"maxLength", count<MaxLength>},
-    {"minLength", count<MinLength>},
-    {"pattern", text<Pattern>},
     {"contentEncoding", contentEncoding},
     {"contentMediaType", contentMediaType},
-    {"contentSchema", subschema<ContentSchema>},
-    {"maxItems", count<MaxItems>},
-    {"minItems", count<MinItems>},
-    {"uniqueItems", boolean<UniqueItems>},
-    {"prefixItems", schemaList<PrefixItems>},
-    {"items", subschema<Items>},
-    {"additionalItems", subschema<AdditionalItems>},
-    {"contains", subschema<Contains>},
-    {"maxContains", count<MaxContains>},
-    {"minContains", count<MinContains>},
-    {"unevaluatedItems", subschema<UnevaluatedItems>},
-    {"maxProperties", count<MaxProperties>},
-    {"minProperties", count<MinProperties>},
     {"required", required},
-    {"properties", schemaMap<Properties>},
-    {"patternProperties", schemaMap<PatternProperties>},
-    {"additionalProperties", subschema<AdditionalProperties>},
-    {"propertyNames", subschema<PropertyNames>},
     {"dependentRequired", dependentRequired},
-    {"dependentSchemas", schemaMap<DependentSchemas>},
-    {"unevaluatedProperties", subschema<UnevaluatedProperties>},
-    {"allOf", schemaList<AllOf>},
-    {"oneOf", schemaList<OneOf>},
-    {"anyOf", schemaList<AnyOf>},
-    {"not", subschema<Not>},
-    {"if", subschema<If>},
-    {"then", subschema<Then>},
-    {"else", subschema<Else>},
     {"examples", examples},
     {"discriminator", discriminator},
     {"xml", xml},
     {"externalDocs", readExternalDocs<Schema>},
-});
+};
+
+constexpr auto readMembers = [] {
+    std::array<const MemberShape*, std::ranges::count_if(shape::schema, &MemberShape::isRead)> members{};
+    std::size_t next = 0;
+    for (const MemberShape& member : shape::schema)
+        if (member.isRead)
+            members[next++] = &member;
+    std::ranges::sort(members, [](const MemberShape* a, const MemberShape* b) {
+        return a->reading != b->reading ? a->reading < b->reading : a < b;
+    });
+    return members;
+}();
+
+template <std::size_t index>
+[[nodiscard]] consteval SchemaRow rowOf() {
+    constexpr const MemberShape& member = *readMembers[index];
+    for (const SchemaRow& row : ownRows)
+        if (row.name == member.name)
+            return row;
+    if constexpr (member.keyword) {
+        constexpr SchemaKeyword keyword = *member.keyword;
+        constexpr Arrangement arrangement = member.arrangement;
+        switch (member.content) {
+        case Content::Text:
+            return {member.name, text<keyword>};
+        case Content::Flag:
+            return {member.name, boolean<keyword>};
+        case Content::Number:
+            return {member.name, number<keyword>};
+        case Content::Limit:
+            return {member.name, exclusive<keyword>};
+        case Content::Count:
+            return {member.name, count<keyword>};
+        case Content::Object:
+            return {member.name, arrangement == Arrangement::List  ? schemaList<keyword>
+                                 : arrangement == Arrangement::Map ? schemaMap<keyword>
+                                                                   : subschema<keyword>};
+        default:
+            break;
+        }
+    }
+    throw "values and lists of texts are read by a function of their own: see ownRows";
+}
+
+template <typename Indices = std::make_index_sequence<readMembers.size()>>
+struct SchemaRows;
+template <std::size_t... index>
+struct SchemaRows<std::index_sequence<index...>> {
+    SchemaRow rows[sizeof...(index)] = {rowOf<index>()...};
+};
+
+constexpr ObjectReader<Schema, readMembers.size(), NodeType::Schema> schemaReader(SchemaRows<>().rows);
 
 } // namespace
 

@@ -14,7 +14,7 @@ void readScopes(ReaderContext&, OAuthFlow& flow, const Member& member) {
         flow.setScope(Text::borrow(entry.key), Member{scopes, entry.key, *entry.value}.text());
 }
 
-constexpr ObjectReader<OAuthFlow, 4> oauthFlowReader({
+constexpr ObjectReader<OAuthFlow, 4, NodeType::OAuthFlow> oauthFlowReader({
     {"authorizationUrl", readText<OAuthFlow, &OAuthFlow::setAuthorizationUrl>},
     {"tokenUrl", readText<OAuthFlow, &OAuthFlow::setTokenUrl>},
     {"refreshUrl", readText<OAuthFlow, &OAuthFlow::setRefreshUrl>},
@@ -27,7 +27,7 @@ void readFlow(ReaderContext& context, OAuthFlows& flows, const Member& member) {
     oauthFlowReader.read(context, *(flows.*create)(), value);
 }
 
-constexpr ObjectReader<OAuthFlows, 4> oauthFlowsReader({
+constexpr ObjectReader<OAuthFlows, 4, NodeType::OAuthFlows> oauthFlowsReader({
     {"implicit", readFlow<&OAuthFlows::createImplicit>},
     {"password", readFlow<&OAuthFlows::createPassword>},
     {"clientCredentials", readFlow<&OAuthFlows::createClientCredentials>},
@@ -40,16 +40,16 @@ void readFlows(ReaderContext& context, OAuth2SecurityScheme& scheme, const Membe
 
 // What a scheme cannot be without is given to its factory below.
 
-constexpr ObjectReader<SecurityScheme, 1> securitySchemeReader({
+constexpr ObjectReader<SecurityScheme, 1, NodeType::MutualTLSSecurityScheme> securitySchemeReader({
     {"description", readText<SecurityScheme, &SecurityScheme::setDescription>},
 });
 
-constexpr ObjectReader<HTTPSecurityScheme, 2> httpReader({
+constexpr ObjectReader<HTTPSecurityScheme, 2, NodeType::HTTPSecurityScheme> httpReader({
     {"description", readText<HTTPSecurityScheme, &HTTPSecurityScheme::setDescription>},
     {"bearerFormat", readText<HTTPSecurityScheme, &HTTPSecurityScheme::setBearerFormat>},
 });
 
-constexpr ObjectReader<OAuth2SecurityScheme, 2> oauth2Reader({
+constexpr ObjectReader<OAuth2SecurityScheme, 2, NodeType::OAuth2SecurityScheme> oauth2Reader({
     {"description", readText<OAuth2SecurityScheme, &OAuth2SecurityScheme::setDescription>},
     {"flows", readFlows},
 });

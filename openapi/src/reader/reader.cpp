@@ -9,20 +9,21 @@
 namespace specloom::openapi {
 
 std::unique_ptr<ReadResult> read(std::unique_ptr<jv::JVDocument> document,
-                                 const SchemaFormatRegistry* formats) {
+                                 std::shared_ptr<const SchemaFormatRegistry> formats) {
     if (formats == nullptr)
         throw std::invalid_argument("Schema format registry must be provided");
     NodePool::expect(document->sourceSize());
-    auto result = std::make_unique<ReadResult>(std::move(document));
-    ReaderContext context(*result, *formats);
+    auto result = std::make_unique<ReadResult>(std::move(document), std::move(formats));
+    ReaderContext context(*result);
     readOpenAPI(context, result->root(), *result->source().root());
     context.resolvePending();
     context.throwErrors();
     return result;
 }
 
-std::unique_ptr<ReadResult> readFile(std::string_view path, const SchemaFormatRegistry* formats) {
-    auto result = read(jv::loadDocument(path).document, formats);
+std::unique_ptr<ReadResult> readFile(std::string_view path,
+                                     std::shared_ptr<const SchemaFormatRegistry> formats) {
+    auto result = read(jv::loadDocument(path).document, std::move(formats));
     result->setSourcePath(std::string(path));
     return result;
 }

@@ -23,8 +23,7 @@ constexpr const char* customFormatsHint =
 
 } // namespace
 
-ReaderContext::ReaderContext(ReadResult& result, const SchemaFormatRegistry& formats)
-    : result_(result), formats_(formats), placeholder_(&result.root()) {}
+ReaderContext::ReaderContext(ReadResult& result) : result_(result), placeholder_(&result.root()) {}
 
 void ReaderContext::report(const Node& node, const jv::JV* value, Message message) {
     errors_.push_back({&node, value, std::move(message)});
@@ -54,11 +53,7 @@ jv::Pos ReaderContext::positionOf(const ReadError& error) const {
         if (const jv::JV* around = error.value->enclosingObject(); around != nullptr)
             return around->pos();
     }
-    for (const Node* node = error.node; node != nullptr; node = node->parent()) {
-        if (node->source() != nullptr && node->source()->pos().isKnown())
-            return node->source()->pos();
-    }
-    return {};
+    return result_.nearestLocationOf(*error.node).pos;
 }
 
 void ReaderContext::throwErrors() const {

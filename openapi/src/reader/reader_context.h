@@ -20,11 +20,11 @@ struct ReadError {
 /// The state of one read.
 class ReaderContext {
   public:
-    ReaderContext(ReadResult& result, const SchemaFormatRegistry& formats);
+    explicit ReaderContext(ReadResult& result);
 
     [[nodiscard]] const jv::JVDocument& source() const noexcept { return result_.source(); }
     [[nodiscard]] OpenAPI& root() noexcept { return result_.root(); }
-    [[nodiscard]] const SchemaFormatRegistry& formats() const noexcept { return formats_; }
+    [[nodiscard]] const SchemaFormatRegistry& formats() const noexcept { return result_.formats(); }
 
     /// Whether the document's version starts with "3.0"; known once "openapi" was read.
     bool isOpenAPI30 = false;
@@ -75,7 +75,6 @@ class ReaderContext {
     [[nodiscard]] jv::Pos positionOf(const ReadError& error) const;
 
     ReadResult& result_;
-    const SchemaFormatRegistry& formats_;
     std::vector<ReadError> errors_;
     Schema placeholder_; ///< stands in for schemas that may still come
     std::vector<Pending> pending_;

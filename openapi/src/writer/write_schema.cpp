@@ -1,6 +1,11 @@
 #include "foundation/unreachable.h"
 #include "openapi/openapi.h"
+#include "openapi/shape.h"
 #include "openapi/writer/node_writers.h"
+
+#include <algorithm> // std::ranges::count_if
+#include <array>     // std::array
+#include <utility>   // std::pair
 
 namespace specloom::openapi {
 
@@ -128,85 +133,76 @@ void additionalProperties(ObjectWriter& out, std::string_view name, const Schema
 
 // ---- the table -------------------------------------------------------------------------------------------
 
-enum class Family : std::uint8_t { Both, Only31 };
+using Write = void (*)(ObjectWriter& out, std::string_view name, const Schema& schema, SchemaKeyword keyword);
 
 struct SchemaMember {
     std::string_view name;
-    void (*write)(ObjectWriter& out, std::string_view name, const Schema& schema, SchemaKeyword keyword);
+    Write write;
     std::optional<SchemaKeyword> keyword; ///< types are none
-    Family family;
+    bool only31;
 };
 
-using enum SchemaKeyword;
-using enum Family;
-
-constexpr SchemaMember schemaMembers[] = {
-    {"$id", text, Id, Only31},
-    {"$schema", text, Dialect, Both},
-    {"title", text, Title, Both},
-    {"description", text, Description, Both},
-    {"$comment", text, Comment, Only31},
-    {"$anchor", text, Anchor, Only31},
-    {"$dynamicAnchor", text, DynamicAnchor, Only31},
-    {"$dynamicRef", text, DynamicRef, Only31},
-    {"$vocabulary", text, Vocabulary, Only31},
-    {"default", defaultValue, Default, Only31},
-    {"type", types, std::nullopt, Both},
-    {"format", format, Format, Both},
-    {"enum", enumeration, Enum, Both},
-    {"deprecated", flag, Deprecated, Only31},
-    {"readOnly", flag, ReadOnly, Only31},
-    {"writeOnly", flag, WriteOnly, Only31},
-    {"definitions", definitions, Definitions, Only31},
-    {"examples", examples, Examples, Only31},
-    {"multipleOf", number, MultipleOf, Both},
-    {"maximum", number, Maximum, Both},
-    {"exclusiveMaximum", exclusiveLimit, ExclusiveMaximum, Both},
-    {"minimum", number, Minimum, Both},
-    {"exclusiveMinimum", exclusiveLimit, ExclusiveMinimum, Both},
-    {"maxLength", count, MaxLength, Both},
-    {"minLength", count, MinLength, Both},
-    {"pattern", text, Pattern, Both},
-    {"contentEncoding", text, ContentEncoding, Only31},
-    {"contentMediaType", text, ContentMediaType, Only31},
-    {"contentSchema", child, ContentSchema, Only31},
-    {"maxItems", count, MaxItems, Both},
-    {"minItems", count, MinItems, Both},
-    {"uniqueItems", flag, UniqueItems, Both},
-    {"prefixItems", list, PrefixItems, Both},
-    {"items", child, Items, Both},
-    {"additionalItems", child, AdditionalItems, Only31},
-    {"contains", child, Contains, Only31},
-    {"maxContains", count, MaxContains, Only31},
-    {"minContains", count, MinContains, Only31},
-    {"unevaluatedItems", child, UnevaluatedItems, Only31},
-    {"maxProperties", count, MaxProperties, Both},
-    {"minProperties", count, MinProperties, Both},
-    {"required", required, Required, Both},
-    {"properties", map, Properties, Both},
-    {"patternProperties", map, PatternProperties, Both},
-    {"additionalProperties", additionalProperties, AdditionalProperties, Both},
-    {"propertyNames", child, PropertyNames, Both},
-    {"dependentRequired", dependentRequired, DependentRequired, Only31},
-    {"dependentSchemas", map, DependentSchemas, Only31},
-    {"unevaluatedProperties", child, UnevaluatedProperties, Only31},
-    {"allOf", list, AllOf, Both},
-    {"oneOf", list, OneOf, Both},
-    {"anyOf", list, AnyOf, Both},
-    {"not", child, Not, Both},
-    {"if", child, If, Only31},
-    {"then", child, Then, Only31},
-    {"else", child, Else, Only31},
-    {"discriminator", child, SchemaKeyword::Discriminator, Both},
-    {"xml", child, SchemaKeyword::XML, Both},
-    {"externalDocs", child, ExternalDocs, Both},
+/// Members that are not written by what stands there alone.
+constexpr std::pair<std::string_view, Write> ownWrites[] = {
+    {"default", defaultValue},
+    {"type", types},
+    {"format", format},
+    {"enum", enumeration},
+    {"definitions", definitions},
+    {"examples", examples},
+    {"required", required},
+    {"additionalProperties", additionalProperties},
+    {"dependentRequired", dependentRequired},
 };
+
+[[nodiscard]] constexpr Write objectWriteOf(Arrangement arrangement) {
+    switch (arrangement) {
+    case Arrangement::List:
+        return list;
+    case Arrangement::Map:
+        return map;
+    default:
+        return child;
+    }
+}
+
+[[nodiscard]] constexpr Write writeOf(const MemberShape& row) {
+    for (const auto& [name, write] : ownWrites)
+        if (name == row.name)
+            return write;
+    switch (row.content) {
+    case Content::Text:
+        return text;
+    case Content::Flag:
+        return flag;
+    case Content::Number:
+        return number;
+    case Content::Limit:
+        return exclusiveLimit;
+    case Content::Count:
+        return count;
+    case Content::Object:
+        return objectWriteOf(row.arrangement);
+    default:
+        throw "values and lists of texts are written by a function of their own: see ownWrites";
+    }
+}
+
+constexpr auto schemaMembers = [] {
+    constexpr auto isWritten = [](const MemberShape& row) { return row.written != Written::Never; };
+    std::array<SchemaMember, std::ranges::count_if(shape::schema, isWritten)> members{};
+    std::size_t next = 0;
+    for (const MemberShape& row : shape::schema)
+        if (isWritten(row))
+            members[next++] = {row.name, writeOf(row), row.keyword, row.written == Written::Only31};
+    return members;
+}();
 
 } // namespace
 
 void writeMembers(ObjectWriter& out, const Schema& schema) {
     for (const SchemaMember& member : schemaMembers) {
-        if (member.family == Only31 && out.context().isVersion30)
+        if (member.only31 && out.context().isVersion30)
             continue; // the keyword is kept in the tree, but OpenAPI 3.0 has no place for it
         if (!member.keyword)
             member.write(out, member.name, schema, {});

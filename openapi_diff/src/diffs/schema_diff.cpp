@@ -1,14 +1,17 @@
 #include "openapi_diff/diffs/schema_diff.h"
 
 #include "openapi/schema_format.h"
+#include "openapi_diff/config_fields.h"
 #include "openapi_diff/diffs/composed_schemas_diff.h"
 #include "openapi_diff/diffs/discriminator_diff.h"
 #include "openapi_diff/diffs/external_documentation_diff.h"
 #include "openapi_diff/diffs/list_pairing.h"
 #include "openapi_diff/diffs/xml_diff.h"
 
-#include <array> // std::array
-#include <bit>   // std::countr_zero
+#include <algorithm> // std::binary_search, std::ranges::count_if
+#include <array>     // std::array
+#include <bit>       // std::countr_zero
+#include <utility>   // std::pair
 
 namespace specloom::openapi_diff {
 namespace {
@@ -179,69 +182,66 @@ constexpr Compare boolean = value<&Schema::boolean>;
 constexpr Compare limit = value<&Schema::exclusiveLimit>;
 
 using enum ConfigKey;
-using K = SchemaKeyword;
 
-constexpr std::array<Row, 55> rows{{
-    {SchemaId, K::Id, text},
-    {SchemaTitle, K::Title, text},
-    {SchemaDescription, K::Description, text},
-    {SchemaType, std::nullopt, field<&typesOf>},
-    {SchemaFormat, K::Format, field<&formatOf>},
-    {SchemaConst, K::Enum, field<&constantOf>},
-    {SchemaEnum, K::Enum, enumeration},
-    {SchemaDeprecated, K::Deprecated, field<&isDeprecated>},
-    {SchemaReadOnly, K::ReadOnly, boolean},
-    {SchemaWriteOnly, K::WriteOnly, boolean},
-    {SchemaMinimum, K::Minimum, number},
-    {SchemaExclusiveMinimum, K::ExclusiveMinimum, limit},
-    {SchemaMaximum, K::Maximum, number},
-    {SchemaExclusiveMaximum, K::ExclusiveMaximum, limit},
-    {SchemaMultipleOf, K::MultipleOf, number},
-    {SchemaMinLength, K::MinLength, count},
-    {SchemaMaxLength, K::MaxLength, count},
-    {SchemaPattern, K::Pattern, text},
-    {SchemaItems, K::Items, schema},
-    {SchemaContains, K::Contains, schema},
-    {SchemaMinContains, K::MinContains, count},
-    {SchemaMaxContains, K::MaxContains, count},
-    {SchemaPrefixItems, K::PrefixItems, schemaList},
-    {SchemaMinItems, K::MinItems, count},
-    {SchemaMaxItems, K::MaxItems, count},
-    {SchemaUniqueItems, K::UniqueItems, boolean},
-    {SchemaUnevaluatedItems, K::UnevaluatedItems, schema},
-    {SchemaRequired, K::Required, required},
-    {SchemaProperties, K::Properties, schemaMap},
-    {SchemaPatternProperties, K::PatternProperties, schemaMap},
-    {SchemaPropertyNames, K::PropertyNames, schema},
-    {SchemaAdditionalProperties, K::AdditionalProperties, schema},
-    {SchemaMinProperties, K::MinProperties, count},
-    {SchemaMaxProperties, K::MaxProperties, count},
-    {SchemaUnevaluatedProperties, K::UnevaluatedProperties, schema},
-    {SchemaAllOf, K::AllOf, schemaList},
-    {SchemaOneOf, K::OneOf, schemaList},
-    {SchemaAnyOf, K::AnyOf, schemaList},
-    {SchemaNot, K::Not, notSchema},
-    {SchemaIf, K::If, schema},
-    {SchemaThen, K::Then, schema},
-    {SchemaElse, K::Else, schema},
-    {SchemaAnchor, K::Anchor, text},
-    {SchemaDynamicAnchor, K::DynamicAnchor, text},
-    {SchemaDynamicRef, K::DynamicRef, text},
-    {SchemaVocabulary, K::Vocabulary, text},
-    {SchemaContentEncoding, K::ContentEncoding, text},
-    {SchemaContentMediaType, K::ContentMediaType, text},
-    {SchemaContentSchema, K::ContentSchema, schema},
-    {SchemaDiscriminator, K::Discriminator, object<DiscriminatorDiff, &Schema::discriminator>},
-    {SchemaXml, K::XML, object<XMLDiff, &Schema::xml>},
-    {SchemaExternalDocs, K::ExternalDocs, object<ExternalDocumentationDiff, &Schema::externalDocs>},
-    {SchemaExamples, K::Examples, field<&Schema::examples>},
-    {SchemaDefault, K::Default, field<&Schema::defaultValue>},
-    {SchemaDialect, K::Dialect, text},
-}};
+/// Fields that are not compared by what stands there alone.
+constexpr std::pair<ConfigKey, Compare> ownCompares[] = {
+    {SchemaType, field<&typesOf>},
+    {SchemaFormat, field<&formatOf>},
+    {SchemaConst, field<&constantOf>},
+    {SchemaEnum, enumeration},
+    {SchemaDeprecated, field<&isDeprecated>},
+    {SchemaRequired, required},
+    {SchemaNot, notSchema},
+    {SchemaDiscriminator, object<DiscriminatorDiff, &Schema::discriminator>},
+    {SchemaXml, object<XMLDiff, &Schema::xml>},
+    {SchemaExternalDocs, object<ExternalDocumentationDiff, &Schema::externalDocs>},
+    {SchemaExamples, field<&Schema::examples>},
+    {SchemaDefault, field<&Schema::defaultValue>},
+};
+
+[[nodiscard]] constexpr Compare compareOf(ConfigKey key, const openapi::MemberShape& member) {
+    for (const auto& [own, compare] : ownCompares)
+        if (own == key)
+            return compare;
+    switch (member.content) {
+    case openapi::Content::Text:
+        return text;
+    case openapi::Content::Flag:
+        return boolean;
+    case openapi::Content::Number:
+        return number;
+    case openapi::Content::Limit:
+        return limit;
+    case openapi::Content::Count:
+        return count;
+    case openapi::Content::Object:
+        return member.arrangement == openapi::Arrangement::List  ? schemaList
+               : member.arrangement == openapi::Arrangement::Map ? schemaMap
+                                                                 : schema;
+    default:
+        throw "values and lists of texts are compared by a function of their own: see ownCompares";
+    }
+}
+
+constexpr auto rows = [] {
+    constexpr auto isOfSchema = [](const config_fields::FieldShape& field) {
+        return field.object->kind == openapi::ObjectKind::Schema;
+    };
+    std::array<Row, std::ranges::count_if(config_fields::shapes, isOfSchema)> table{};
+    std::size_t next = 0;
+    for (std::size_t at = 0; at < config_fields::shapes.size(); ++at)
+        if (isOfSchema(config_fields::shapes[at])) {
+            const openapi::MemberShape& member = *config_fields::shapes[at].member;
+            const auto key = static_cast<ConfigKey>(at);
+            table[next++] = {key, member.keyword, compareOf(key, member)};
+        }
+    return table;
+}();
 
 /// A bit for each row.
 using RowSet = std::uint64_t;
-static_assert(rows.size() <= 64, "a bit for each row");
+static_assert(rows.size() <= 64,
+              "a bit for each row: for more rows make RowSet an array of words, and go over the words");
 
 constexpr RowSet typeRow = [] {
     RowSet set = 0;

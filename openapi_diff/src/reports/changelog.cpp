@@ -57,13 +57,17 @@ NamedChange namedChange(const Change& change) {
     return {entryOf(change), change.name};
 }
 
-/// A node's own operation, or the one that it is a part of; null when there is none so near.
-const openapi::Node* enclosingOperation(const openapi::Node* node) noexcept {
-    constexpr int mostSteps = 2; // a response stands in the responses of its operation
-    for (int step = 0; node != nullptr && step <= mostSteps; ++step, node = node->parent())
-        if (node->type() == openapi::NodeType::Operation)
-            return node;
-    return nullptr;
+/// Whether the operations of a path item are told. Those of callbacks belong to what the operation that calls
+/// back does. A path item under `components` is told with the operations that changed in it; one that came or
+/// went means nothing to users of the API until a path refers to it, and is told there.
+bool tellsOperations(const EnclosingEntry& pathItem) noexcept {
+    return pathItem.key == ConfigKey::ComponentsPathItems ? pathItem.isOnBothSides()
+                                                          : pathItem.key != ConfigKey::Callback;
+}
+
+std::string pathText(const EnclosingEntry& pathItem) {
+    return (pathItem.key == ConfigKey::ComponentsPathItems ? "#/components/pathItems/" : "") +
+           std::string(pathItem.name);
 }
 
 unsigned shiftOf(ChangeKind kind) noexcept {
@@ -107,16 +111,9 @@ bool ChangelogReport::take(const Change& change) {
     case ConfigKey::OpenAPIServers:
         return takeServer(change);
     case ConfigKey::Paths:
-        return takePath(change, Holder::Paths);
-    case ConfigKey::OpenAPIWebhooks:
-        // Operations of webhooks stand in no path; without this they would be told in the last one. The
-        // webhook itself has no row.
-        (void)takePath(change, Holder::Webhooks);
-        return false;
-    case ConfigKey::ComponentsPathItems:
-        return takeSharedPathItem(change);
-    case ConfigKey::Callback:
-        isAside_ = true;
+        return takePath(change);
+    case ConfigKey::OpenAPIWebhooks: // which has no row, but brings operations
+        (void)takePath(change);
         return false;
     case ConfigKey::PathItemOperations:
         return takeOperation(change);
@@ -157,34 +154,12 @@ bool ChangelogReport::takeServer(const Change& change) {
 
 // ---- paths and their operations
 
-void ChangelogReport::enterPath(const Change& change, Holder holder) {
-    holder_ = holder;
-    pathKind_ = change.kind;
-    pathName_ = change.name;
-    pathText_ = change.name;
-    isAside_ = false;
-    isOperationOpen_ = false;
-}
-
-bool ChangelogReport::takePath(const Change& change, Holder holder) {
+bool ChangelogReport::takePath(const Change& change) {
     if (!isOfKey(change.kind))
         SPECLOOM_UNREACHABLE(notImplemented);
-    enterPath(change, holder);
     if (change.kind != ChangeKind::KeyModified)
         takeReferencedOperations(change);
     return true;
-}
-
-/// A path item under `components` is told with the operations that changed in it. One that came or went means
-/// nothing to users of the API until a path refers to it, and is told there.
-bool ChangelogReport::takeSharedPathItem(const Change& change) {
-    enterPath(change, Holder::Components);
-    pathText_.insert(0, "#/components/pathItems/");
-    if (change.kind != ChangeKind::KeyModified) {
-        holder_ = Holder::Nothing;
-        isAside_ = true;
-    }
-    return false;
 }
 
 /// Behind a path that came or went and is a reference to a shared path item nothing of that item follows,
@@ -205,45 +180,24 @@ void ChangelogReport::takeReferencedOperations(const Change& change) {
 bool ChangelogReport::takeOperation(const Change& change) {
     if (!isOfKey(change.kind))
         SPECLOOM_UNREACHABLE(notImplemented);
-    if (!isOfCurrentPath(*change.node)) {
-        if (isAside_)
-            return false;
+    if (change.pathItem == nullptr)
         SPECLOOM_UNREACHABLE(nullptr);
-    }
-    isOperationOpen_ = change.kind == ChangeKind::KeyModified;
-    if (isOperationOpen_) {
+    if (!tellsOperations(*change.pathItem))
+        return false;
+    if (change.kind == ChangeKind::KeyModified) {
+        modifiedOperations_.emplace(change.operation, modified_.size());
         static_cast<OperationChange&>(modified_.emplace_back()) = operationChange(change, change.name);
         return true;
     }
-    if (pathKind_ != change.kind && pathKind_ != ChangeKind::KeyModified)
+    const bool isAdded = change.kind == ChangeKind::KeyAdded;
+    if ((isAdded ? change.pathItem->destination : change.pathItem->source) == nullptr)
         SPECLOOM_UNREACHABLE(nullptr);
-    (change.kind == ChangeKind::KeyAdded ? added_ : removed_).push_back(operationChange(change, change.name));
+    (isAdded ? added_ : removed_).push_back(operationChange(change, change.name));
     return true;
 }
 
-/// Whether the path item of an operation is the one that its document has at the current path. That of a
-/// callback is not: its operations come between the changes of the operation that calls back.
-bool ChangelogReport::isOfCurrentPath(const openapi::Node& operation) const {
-    const auto& document = static_cast<const openapi::OpenAPI&>(*operation.root());
-    const openapi::PathItem* item = nullptr;
-    switch (holder_) {
-    case Holder::Nothing:
-        return false;
-    case Holder::Paths:
-        item = document.paths().find(pathName_);
-        break;
-    case Holder::Webhooks:
-        item = document.findWebhook(pathName_);
-        break;
-    case Holder::Components:
-        item = document.components().pathItem(pathName_);
-        break;
-    }
-    return operation.parent() == item;
-}
-
-OperationChange ChangelogReport::operationChange(const Change& change, std::string_view method) const {
-    return {entryOf(change), pathText_, method};
+OperationChange ChangelogReport::operationChange(const Change& change, std::string_view method) {
+    return {entryOf(change), pathText(*change.pathItem), method};
 }
 
 // ---- what changed in an operation. It counts only where an operation was modified: below one that was added
@@ -252,8 +206,8 @@ OperationChange ChangelogReport::operationChange(const Change& change, std::stri
 /// Null for changes that belong to no modified operation, or to one of a callback, and for the security
 /// requirements of the document.
 ModifiedOperation* ChangelogReport::operationOf(const Change& change) {
-    const openapi::Node* operation = isOperationOpen_ ? enclosingOperation(change.node) : nullptr;
-    return operation != nullptr && isOfCurrentPath(*operation) ? &modified_.back() : nullptr;
+    const auto found = modifiedOperations_.find(change.operation);
+    return found == modifiedOperations_.end() ? nullptr : &modified_[found->second];
 }
 
 bool ChangelogReport::takeOperationMetadata(const Change& change, bool ModifiedOperation::*flag) {

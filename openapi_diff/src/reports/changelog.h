@@ -3,10 +3,12 @@
 #include "openapi/openapi.h"
 #include "openapi_diff/report.h"
 
-#include <cstdint>     // std::uint8_t, std::uint32_t
-#include <string>      // std::string
-#include <string_view> // std::string_view
-#include <vector>      // std::vector
+#include <cstddef>       // std::size_t
+#include <cstdint>       // std::uint8_t, std::uint32_t
+#include <string>        // std::string
+#include <string_view>   // std::string_view
+#include <unordered_map> // std::unordered_map
+#include <vector>        // std::vector
 
 namespace specloom::openapi_diff {
 
@@ -102,15 +104,10 @@ class ChangelogReport final : public Report {
     [[nodiscard]] const std::vector<ModifiedOperation>& modified() const noexcept { return modified_; }
 
   private:
-    /// Where the path item stands whose operations are being told.
-    enum class Holder : std::uint8_t { Nothing, Paths, Webhooks, Components };
-
     bool take(const Change& change);
     bool takeMetadata(const Change& change, unsigned field);
     bool takeServer(const Change& change);
-    void enterPath(const Change& change, Holder holder);
-    bool takePath(const Change& change, Holder holder);
-    bool takeSharedPathItem(const Change& change);
+    bool takePath(const Change& change);
     void takeReferencedOperations(const Change& change);
     bool takeOperation(const Change& change);
     bool takeDeprecation(const Change& change);
@@ -120,9 +117,8 @@ class ChangelogReport final : public Report {
     bool takeResponse(const Change& change);
     bool takeSecurity(const Change& change);
 
-    [[nodiscard]] bool isOfCurrentPath(const openapi::Node& operation) const;
     [[nodiscard]] ModifiedOperation* operationOf(const Change& change);
-    [[nodiscard]] OperationChange operationChange(const Change& change, std::string_view method) const;
+    [[nodiscard]] static OperationChange operationChange(const Change& change, std::string_view method);
 
     unsigned metadataFields_ = 0;
     ChangelogEntry metadata_;
@@ -131,15 +127,7 @@ class ChangelogReport final : public Report {
     std::vector<OperationChange> removed_;
     std::vector<OperationChange> deprecated_;
     std::vector<ModifiedOperation> modified_;
-
-    // The current path, from the last change of one.
-    Holder holder_ = Holder::Nothing;
-    ChangeKind pathKind_ = ChangeKind::Modified;
-    std::string_view pathName_; ///< in the map that holds it
-    std::string pathText_;
-    /// A callback, or a shared path item without entries, was met since: operations may be its.
-    bool isAside_ = false;
-    bool isOperationOpen_ = false; ///< the last of modified_ may get more
+    std::unordered_map<const EnclosingEntry*, std::size_t> modifiedOperations_; ///< places in modified_
 };
 
 } // namespace specloom::openapi_diff

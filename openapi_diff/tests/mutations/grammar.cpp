@@ -1,268 +1,114 @@
 #include "mutations/grammar.h"
 
-#include <map>     // std::map
-#include <sstream> // std::istringstream
+#include "test_support/openapi_structure.h"
+
+#include <algorithm> // std::any_of
+#include <map>       // std::map
+#include <set>       // std::set
 
 namespace specloom::openapi_diff::mutations {
 namespace {
 
-// A section, and in the lines behind it its fields: member, shape, section of what stands there. A field of
-// another name in the configuration stands behind a colon.
-constexpr std::string_view grammar = R"(
-openapi
-  openapi text
-  info always info
-  jsonSchemaDialect text
-  servers named server/url
-  paths always paths
-  webhooks map pathItem
-  components always components
-  security requirements securityRequirement
-  tags named tag/name
-  externalDocs object externalDocumentation
-info
-  title text
-  summary text
-  description text
-  termsOfService text
-  contact object contact
-  license object license
-  version text
-contact
-  name text
-  url text
-  email text
-license
-  name text
-  identifier text
-  url text
-server
-  url text
-  description text
-  variables variables serverVariable
-serverVariable
-  description text
-  default text
-  enum set
-components
-  schemas map schema
-  responses map response
-  parameters map parameter
-  examples map example
-  requestBodies map requestBody
-  headers map header
-  securitySchemes map securityScheme
-  links map link
-  callbacks map callback
-  pathItems map pathItem
-pathItem
-  summary text
-  description text
-  parameters parameters parameter
-  operations operations operation
-  servers named server/url
-operation
-  tags set
-  summary text
-  operationId text
-  description text
-  externalDocs object externalDocumentation
-  deprecated flag
-  parameters parameters parameter
-  requestBody object requestBody
-  responses always responses
-  callbacks map callback
-  security requirements securityRequirement
-  servers named server/url
-externalDocumentation
-  description text
-  url text
-parameter
-  name text
-  in text
-  description text
-  required flag
-  deprecated value
-  allowEmptyValue flag
-  style text
-  explode value
-  allowReserved flag
-  schema object schema
-  content map mediaType
-  example value
-  examples map example
-requestBody
-  description text
-  required value
-  content map mediaType
-mediaType
-  schema object schema
-  encoding map encoding
-  example value
-  examples map example
-encoding
-  contentType text
-  headers map header
-  style text
-  explode value
-  allowReserved value
-response
-  description text
-  headers map header
-  content map mediaType
-  links map link
-example
-  summary text
-  description text
-  value value
-  externalValue text
-link
-  description text
-  server object server
-  operationRef text
-  operationId text
-  parameters texts
-  requestBody value
-header
-  description text
-  required flag
-  deprecated value
-  allowEmptyValue value
-  explode value
-  allowReserved value
-  schema object schema
-  content map mediaType
-  example value
-  examples map example
-tag
-  name text
-  description text
-  externalDocs object externalDocumentation
-schema
-  $id:id text
-  title text
-  description text
-  type types
-  format text
-  const value
-  enum set
-  deprecated flag
-  readOnly value
-  writeOnly value
-  minimum value
-  exclusiveMinimum value
-  maximum value
-  exclusiveMaximum value
-  multipleOf value
-  minLength value
-  maxLength value
-  pattern text
-  items object schema
-  contains object schema
-  minContains value
-  maxContains value
-  prefixItems schemas schema
-  minItems value
-  maxItems value
-  uniqueItems value
-  unevaluatedItems object schema
-  required names
-  properties map schema
-  patternProperties map schema
-  propertyNames object schema
-  additionalProperties object schema
-  minProperties value
-  maxProperties value
-  unevaluatedProperties object schema
-  allOf schemas schema
-  oneOf schemas schema
-  anyOf schemas schema
-  not object schema
-  if object schema
-  then object schema
-  else object schema
-  $anchor:anchor text
-  $dynamicAnchor:dynamicAnchor text
-  $dynamicRef:dynamicRef text
-  $vocabulary:vocabulary text
-  contentEncoding text
-  contentMediaType text
-  contentSchema object schema
-  discriminator object discriminator
-  xml object xml
-  externalDocs object externalDocumentation
-  examples value
-  default value
-  $schema:dialect text
-discriminator
-  propertyName text
-  mapping texts
-xml
-  name text
-  namespace text
-  prefix text
-  attribute value
-  wrapped value
-securityScheme
-  name text
-  description text
-  type text
-  in text
-  scheme text
-  bearerFormat text
-  flows always oauthFlows
-  openIdConnectUrl text
-oauthFlows
-  implicit object oauthFlow
-  password object oauthFlow
-  clientCredentials object oauthFlow
-  authorizationCode object oauthFlow
-oauthFlow
-  authorizationUrl text
-  tokenUrl text
-  refreshUrl text
-  scopes texts
-)";
+using test_support::MemberInfo;
+using test_support::ObjectKind;
 
 using Grammar = std::map<std::string, std::vector<Field>, std::less<>>;
 
-Grammar readGrammar() {
-    const std::map<std::string, Shape> shapes{{"text", Shape::Text},
-                                              {"value", Shape::Value},
-                                              {"flag", Shape::Flag},
-                                              {"types", Shape::Types},
-                                              {"object", Shape::Object},
-                                              {"always", Shape::Always},
-                                              {"map", Shape::Map},
-                                              {"operations", Shape::Operations},
-                                              {"variables", Shape::Variables},
-                                              {"texts", Shape::TextMap},
-                                              {"named", Shape::Named},
-                                              {"parameters", Shape::Parameters},
-                                              {"schemas", Shape::Schemas},
-                                              {"requirements", Shape::Requirements},
-                                              {"set", Shape::Set},
-                                              {"names", Shape::NameSet}};
-    Grammar result;
-    std::string section;
-    std::istringstream lines{std::string(grammar.substr(1))};
-    for (std::string line; std::getline(lines, line);) {
-        if (!line.starts_with(' ')) {
-            section = line;
-            continue;
-        }
-        std::istringstream words(line);
-        std::string member, shape, child;
-        words >> member >> shape >> child;
-        const std::size_t colon = member.find(':');
-        const std::string name = colon == std::string::npos ? member : member.substr(colon + 1);
-        result[section].push_back({member.substr(0, colon), section + "." + name, shapes.at(shape), child});
+/// Fields that are compared otherwise than what stands there says.
+const std::map<std::string_view, Shape> ownShapes{{"openapi.info", Shape::Always},
+                                                  {"openapi.paths", Shape::Always},
+                                                  {"openapi.components", Shape::Always},
+                                                  {"operation.responses", Shape::Always},
+                                                  {"securityScheme.flows", Shape::Always},
+                                                  {"server.variables", Shape::Variables},
+                                                  {"operation.deprecated", Shape::Flag},
+                                                  {"parameter.required", Shape::Flag},
+                                                  {"parameter.allowEmptyValue", Shape::Flag},
+                                                  {"parameter.allowReserved", Shape::Flag},
+                                                  {"header.required", Shape::Flag},
+                                                  {"schema.deprecated", Shape::Flag},
+                                                  {"schema.type", Shape::Types},
+                                                  {"schema.required", Shape::NameSet},
+                                                  {"schema.examples", Shape::Value}};
+
+const std::set<std::string_view> notCompared{
+    "header.style",
+    "schema.$comment",
+    "schema.$defs",
+    "schema.definitions",
+    "schema.additionalItems",
+    "schema.dependentRequired",
+    "schema.dependentSchemas",
+};
+
+/// In the configuration.
+std::string nameOfField(std::string_view section, std::string_view member) {
+    if (section == "schema" && member.starts_with('$'))
+        return member == "$schema" ? "dialect" : std::string(member.substr(1));
+    return std::string(member);
+}
+
+Shape shapeOf(const MemberInfo& member) {
+    const bool isPlain = member.kind == ObjectKind::Any || member.kind == ObjectKind::Text;
+    switch (member.shape) {
+    case test_support::Shape::One:
+        return !isPlain ? Shape::Object : member.kind == ObjectKind::Text ? Shape::Text : Shape::Value;
+    case test_support::Shape::Map:
+        return isPlain ? Shape::TextMap : Shape::Map;
+    default:
+        break;
     }
-    // Objects whose members are their entries.
-    for (const auto& [name, child] :
-         {std::pair{"paths", "pathItem"}, {"responses", "response"}, {"callback", "pathItem"}})
-        result[name] = {{"", name, Shape::Map, child}};
-    result["securityRequirement"] = {};
+    switch (member.kind) {
+    case ObjectKind::Server:
+    case ObjectKind::Tag:
+        return Shape::Named;
+    case ObjectKind::Parameter:
+        return Shape::Parameters;
+    case ObjectKind::SecurityRequirement:
+        return Shape::Requirements;
+    case ObjectKind::Schema:
+        return Shape::Schemas;
+    default:
+        return Shape::Set;
+    }
+}
+
+void addField(std::vector<Field>& fields, const std::string& section, const MemberInfo& member) {
+    std::string child(test_support::nameOf(member.kind));
+    if (member.key == "*") { // an object whose members are its entries
+        if (!child.empty())
+            fields.push_back({"", section, Shape::Map, child});
+        return;
+    }
+    const std::string path = section + "." + std::string(member.key);
+    const auto isThere = [&](const Field& field) { return field.member == member.key; };
+    if (notCompared.contains(path) || (section == "pathItem" && member.kind == ObjectKind::Operation) ||
+        std::any_of(fields.begin(), fields.end(), isThere))
+        return;
+    const auto own = ownShapes.find(path);
+    const Shape shape = own == ownShapes.end() ? shapeOf(member) : own->second;
+    if (shape == Shape::Named)
+        child += member.kind == ObjectKind::Tag ? "/name" : "/url";
+    fields.push_back(
+        {std::string(member.key), section + "." + nameOfField(section, member.key), shape, child});
+}
+
+template <typename Use>
+void forEachKind(Use use) {
+    for (int number = 0; number <= static_cast<int>(ObjectKind::SecurityRequirement); ++number)
+        use(static_cast<ObjectKind>(number));
+}
+
+/// The fields of all kinds of object that have one section.
+Grammar makeGrammar() {
+    Grammar result;
+    forEachKind([&](ObjectKind kind) {
+        const std::string section(test_support::nameOf(kind));
+        for (const MemberInfo& member : test_support::membersOf(kind))
+            addField(result[section], section, member);
+    });
+    result["pathItem"].push_back({"operations", "pathItem.operations", Shape::Operations, "operation"});
+    result["schema"].push_back({"const", "schema.const", Shape::Value, ""}); // an `enum` when written back
     return result;
 }
 
@@ -299,7 +145,7 @@ bool isVoid(std::string_view section, const Json& object, const std::string& mem
 } // namespace
 
 const std::vector<Field>& fieldsOf(std::string_view section) {
-    static const Grammar grammars = readGrammar();
+    static const Grammar grammars = makeGrammar();
     return grammars.find(section)->second;
 }
 
@@ -322,12 +168,12 @@ const Json* memberOf(std::string_view section, const Json& object, const Field& 
 }
 
 std::string componentsOf(std::string_view section) {
-    static const std::map<std::string, std::string, std::less<>> sections{
-        {"schema", "schemas"},   {"response", "responses"},        {"parameter", "parameters"},
-        {"example", "examples"}, {"requestBody", "requestBodies"}, {"header", "headers"},
-        {"link", "links"},       {"callback", "callbacks"},        {"pathItem", "pathItems"}};
-    const auto found = sections.find(section);
-    return found == sections.end() ? "" : found->second;
+    std::string result;
+    forEachKind([&](ObjectKind kind) {
+        if (test_support::nameOf(kind) == section && !test_support::sectionOf(kind).empty())
+            result = test_support::sectionOf(kind);
+    });
+    return result;
 }
 
 bool allowsReferences(std::string_view section) {

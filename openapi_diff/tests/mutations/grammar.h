@@ -6,8 +6,8 @@
 
 #include <nlohmann/json.hpp>
 
-// What a document consists of, as far as changes of it are told: written down apart from the tree, its reader
-// and the comparison, to judge these.
+// What a document consists of, as far as changes of it are told: what tests know of the structure of
+// documents, apart from the tree, its reader and the comparison, with what is particular to changes.
 namespace specloom::openapi_diff::mutations {
 
 using Json = nlohmann::json;

@@ -136,7 +136,7 @@ class Trial {
         try {
             destination = openapi::read(
                 jv::parseDocument(edited.dump(), {.format = jv::DocumentFormat::Json, .refLoader = {}}),
-                source_.formats.get());
+                source_.formats);
         } catch (const std::exception&) {
             ++refused; // such as one without a member that must be there
             return;

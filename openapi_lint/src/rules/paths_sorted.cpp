@@ -24,7 +24,7 @@ struct WrittenPath {
 std::vector<WrittenPath> inSourceOrder(const LintContext& context) {
     std::vector<WrittenPath> paths;
     for (const auto& entry : context.root().paths())
-        paths.push_back({entry.name(), entry.value.get(), context.document->positionOf(*entry.value)});
+        paths.push_back({entry.name(), entry.value.get(), context.document->locationOf(*entry.value).pos});
     std::stable_sort(paths.begin(), paths.end(), [](const WrittenPath& a, const WrittenPath& b) {
         return std::tie(a.pos.line, a.pos.column) < std::tie(b.pos.line, b.pos.column);
     });

@@ -3,6 +3,7 @@
 #include <unordered_set> // std::unordered_set
 #include <vector>        // std::vector
 
+#include "openapi/node_visitor.h"
 #include "openapi/schema.h"
 #include "openapi_lint/rule_handler.h"
 
@@ -31,25 +32,21 @@ std::vector<const jv::JV*> distinctValues(const std::vector<Value>& values) {
     return distinct;
 }
 
-/// Collects the schemas with repeats, in their order.
+std::size_t repeatsIn(const Schema& schema) {
+    const std::vector<Value>& values = schema.enumeration();
+    return values.size() < 2 ? 0 : values.size() - distinctValues(values).size();
+}
+
 class SchemaEnumNoDuplicatesHandler final : public RuleHandler {
   public:
     using RuleHandler::RuleHandler;
     using RuleHandler::visit;
     void visit(const Schema& schema) override {
-        const std::vector<Value>& values = schema.enumeration();
-        if (values.size() < 2 || isDisabled(schema))
+        if (schema.enumeration().size() < 2 || isDisabled(schema))
             return;
-        const std::size_t repeats = values.size() - distinctValues(values).size();
-        if (repeats > 0)
-            found.push_back({&schema, repeats});
+        for (std::size_t repeats = repeatsIn(schema); repeats > 0; --repeats)
+            report(duplicateEnumValue, schema);
     }
-
-    struct Found {
-        const Schema* schema;
-        std::size_t repeats;
-    };
-    std::vector<Found> found;
 };
 
 /// The values themselves, copied: those of the schema go when it gets others.
@@ -65,17 +62,13 @@ std::vector<Value> copies(const std::vector<const jv::JV*>& values) {
 void SchemaEnumNoDuplicates::check(LintContext& context) {
     SchemaEnumNoDuplicatesHandler handler(*this, context);
     context.walk(handler);
-    for (const auto& [schema, repeats] : handler.found)
-        for (std::size_t i = 0; i < repeats; ++i)
-            report(context, duplicateEnumValue, *schema);
 }
 
 void SchemaEnumNoDuplicates::fix(LintContext& context) {
-    SchemaEnumNoDuplicatesHandler handler(*this, context);
-    context.walk(handler);
-    // Walks show nodes that are not to be changed; these belong to the context's tree, which is.
-    for (const auto& [schema, repeats] : handler.found)
-        const_cast<Schema*>(schema)->setEnumeration(copies(distinctValues(schema->enumeration())));
+    openapi::changeEach<Schema>(context.root(), [&](Schema& schema) {
+        if (repeatsIn(schema) > 0 && !context.isDisabled(*this, schema))
+            schema.setEnumeration(copies(distinctValues(schema.enumeration())));
+    });
 }
 
 } // namespace specloom::openapi_lint
