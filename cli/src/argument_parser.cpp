@@ -1,11 +1,41 @@
 #include "cli/argument_parser.h"
 
+#include <cstdlib>   // std::exit
+#include <iostream>  // std::cout
+#include <stdexcept> // std::runtime_error
+
 #include <argparse/argparse.hpp>
+
+#include "cli/exit_status.h"
+#include "cli/standard_output.h"
 
 namespace specloom::cli {
 
 struct ArgumentParser::Parser : argparse::ArgumentParser {
-    using argparse::ArgumentParser::ArgumentParser;
+    /// Its own help and version end the process with status 0 even when their text went nowhere, so both are
+    /// made here, with the library's words.
+    Parser(const std::string& programName, const std::string& version)
+        : argparse::ArgumentParser(programName, version, argparse::default_arguments::none) {
+        addEnding("-h", "--help", "shows help message and exits", [this] { return help().str(); });
+        addEnding("-v", "--version", "prints version information and exits",
+                  [version] { return version + '\n'; });
+    }
+
+    /// An argument that prints a text and ends the process.
+    template <typename Text>
+    void addEnding(const char* brief, const char* name, const char* explanation, Text text) {
+        const auto end = [text](const std::string&) {
+            std::cout << text();
+            flushStandardOutput();
+            std::exit(exit_status::success);
+        };
+        add_argument(brief, name)
+            .action(end)
+            .default_value(false)
+            .help(explanation)
+            .implicit_value(true)
+            .nargs(0);
+    }
 
     argparse::Argument& add(std::string_view name, const ArgumentHelp& help) {
         argparse::Argument& argument = add_argument(name).help(std::string(help.help));
