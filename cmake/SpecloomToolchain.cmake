@@ -35,9 +35,6 @@ add_link_options(-Wl,-z,relro -Wl,-z,now)
 if(NOT SPECLOOM_SANITIZERS) # they look closer, and need to see the plain calls
   add_compile_options("$<$<NOT:$<CONFIG:Debug>>:-U_FORTIFY_SOURCE;-D_FORTIFY_SOURCE=2>")
 endif()
-if(SPECLOOM_LIBRARY_ASSERTIONS)
-  add_compile_definitions(_GLIBCXX_ASSERTIONS)
-endif()
 
 if(SPECLOOM_SANITIZERS)
   add_compile_options(-fsanitize=${SPECLOOM_SANITIZERS} -fno-sanitize-recover=all -fno-omit-frame-pointer)

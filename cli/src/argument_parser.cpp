@@ -1,8 +1,7 @@
 #include "cli/argument_parser.h"
 
-#include <cstdlib>   // std::exit
-#include <iostream>  // std::cout
-#include <stdexcept> // std::runtime_error
+#include <cstdlib>  // std::exit
+#include <iostream> // std::cout
 
 #include <argparse/argparse.hpp>
 
