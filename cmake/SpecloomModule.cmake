@@ -2,6 +2,8 @@
 #
 #   specloom_module(jv
 #     SOURCES src/jv.cpp ...
+#     UNCHECKED                       without the assertions of the standard library, where they cost more
+#                                     than two parts in a hundred: on the way from a text to the tree
 #     USES number foundation          modules whose headers this one may include
 #     LIBRARIES PkgConfig::yaml       third-party libraries of its sources
 #     PUBLIC_LIBRARIES fmt::fmt)      third-party libraries whose headers its headers include
@@ -40,7 +42,7 @@ function(specloom_unity target)
 endfunction()
 
 function(specloom_module name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;USES;LIBRARIES;PUBLIC_LIBRARIES")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "UNCHECKED" "" "SOURCES;USES;LIBRARIES;PUBLIC_LIBRARIES")
   set(target specloom_${name})
   add_library(${target} STATIC ${arg_SOURCES})
   add_library(specloom::${name} ALIAS ${target})
@@ -49,6 +51,9 @@ function(specloom_module name)
   list(TRANSFORM arg_USES PREPEND specloom::)
   target_link_libraries(${target} PUBLIC ${arg_USES} ${arg_PUBLIC_LIBRARIES} PRIVATE ${arg_LIBRARIES})
   target_compile_options(${target} PRIVATE ${SPECLOOM_WARNINGS})
+  if(SPECLOOM_LIBRARY_ASSERTIONS AND NOT arg_UNCHECKED)
+    target_compile_definitions(${target} PRIVATE _GLIBCXX_ASSERTIONS)
+  endif()
   specloom_unity(${target})
 endfunction()
 

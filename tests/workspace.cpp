@@ -4,6 +4,7 @@
 #include <fstream>      // std::ifstream, std::ofstream
 #include <iterator>     // std::istreambuf_iterator
 #include <system_error> // std::system_error
+#include <utility>      // std::move
 
 #include <fcntl.h> // O_WRONLY
 #include <gtest/gtest.h>
@@ -43,10 +44,20 @@ Workspace::~Workspace() {
 }
 
 Outcome Workspace::run(const std::vector<std::string>& arguments, const fs::path& standardOutput) const {
+    std::vector<std::string> words = {SPECLOOM_PROGRAM};
+    words.insert(words.end(), arguments.begin(), arguments.end());
+    return spawn(std::move(words), standardOutput);
+}
+
+Outcome Workspace::runScript(const std::string& script, const std::vector<std::string>& arguments) const {
+    std::vector<std::string> words = {"/bin/sh", "-c", script, "sh", SPECLOOM_PROGRAM};
+    words.insert(words.end(), arguments.begin(), arguments.end());
+    return spawn(std::move(words), {});
+}
+
+Outcome Workspace::spawn(std::vector<std::string> words, const fs::path& standardOutput) const {
     const fs::path out = standardOutput.empty() ? outputs_ / "out" : standardOutput;
     const fs::path err = outputs_ / "err";
-    std::vector<std::string> words = {"specloom"};
-    words.insert(words.end(), arguments.begin(), arguments.end());
     std::vector<char*> argv;
     for (std::string& word : words)
         argv.push_back(word.data());
@@ -61,9 +72,9 @@ Outcome Workspace::run(const std::vector<std::string>& arguments, const fs::path
                                      0600);
     posix_spawn_file_actions_addchdir_np(&actions, folder_.c_str());
     pid_t child = 0;
-    const int error = posix_spawn(&child, SPECLOOM_PROGRAM, &actions, nullptr, argv.data(), environ);
+    const int error = posix_spawn(&child, argv.front(), &actions, nullptr, argv.data(), environ);
     posix_spawn_file_actions_destroy(&actions);
-    require(error, "posix_spawn " SPECLOOM_PROGRAM);
+    require(error, "posix_spawn");
 
     int status = 0;
     require(waitpid(child, &status, 0) == child ? 0 : errno, "waitpid");
@@ -73,6 +84,12 @@ Outcome Workspace::run(const std::vector<std::string>& arguments, const fs::path
         outcome.out = content(out);
     outcome.err = content(err);
     return outcome;
+}
+
+std::string execAsPlainUser() {
+    if (geteuid() != 0)
+        return "exec \"$@\"";
+    return "exec setpriv --bounding-set=-chown,-dac_override,-dac_read_search,-fowner \"$@\"";
 }
 
 void Workspace::write(const std::string& name, const std::string& text) const {

@@ -27,6 +27,11 @@ class Workspace {
     [[nodiscard]] Outcome run(const std::vector<std::string>& arguments,
                               const std::filesystem::path& standardOutput = {}) const;
 
+    /// Runs a script of the shell with this folder as its working directory, in which "$@" is the program and
+    /// `arguments`. Its output is captured unless it sends that elsewhere.
+    [[nodiscard]] Outcome runScript(const std::string& script,
+                                    const std::vector<std::string>& arguments) const;
+
     /// Writes a file, given by its path in this folder; missing folders are made.
     void write(const std::string& name, const std::string& content) const;
 
@@ -36,8 +41,19 @@ class Workspace {
     [[nodiscard]] std::filesystem::path path(const std::string& name) const { return folder_ / name; }
 
   private:
+    [[nodiscard]] Outcome spawn(std::vector<std::string> words,
+                                const std::filesystem::path& standardOutput) const;
+
     std::filesystem::path folder_;  // the program's working directory
     std::filesystem::path outputs_; // beside it, so that tests find nothing there but what the program wrote
 };
+
+/// A document on one line, and what `specloom format` makes of it.
+inline const std::string smallDocument = "{\"info\":{\"version\":\"1\"},\"openapi\":\"3.1.0\"}";
+inline const std::string smallDocumentFormatted =
+    "{\n  \"openapi\": \"3.1.0\",\n  \"info\": {\n    \"version\": \"1\"\n  }\n}\n";
+
+/// The end of a script for runScript(): starts the program without what the superuser may do beyond others.
+[[nodiscard]] std::string execAsPlainUser();
 
 } // namespace specloom::tests

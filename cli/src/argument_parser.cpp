@@ -1,11 +1,15 @@
 #include "cli/argument_parser.h"
 
 #include <algorithm> // std::replace, std::sort
+#include <cstdlib>   // std::exit
 #include <exception> // std::exception
+#include <iostream>  // std::cout
 #include <stdexcept> // std::runtime_error
 
 #include <argparse/argparse.hpp>
 
+#include "cli/exit_status.h"
+#include "cli/standard_output.h"
 #include "foundation/message.h"
 
 namespace specloom::cli {
@@ -25,14 +29,31 @@ std::string placeHolder(std::string_view name) {
 
 /// argparse's parser, which does not give back what it was told, and a record of that.
 struct ArgumentParser::Parser : argparse::ArgumentParser {
+    /// Its own help and version end the process with status 0 even when their text went nowhere, so both are
+    /// made here, with the library's words.
     Parser(std::string_view name, std::string_view version)
-        : argparse::ArgumentParser(std::string(name), std::string(version)) {
+        : argparse::ArgumentParser(std::string(name), std::string(version), argparse::default_arguments::none) {
         described.name = name;
-        // argparse's own, with its words.
-        described.options = {
-            {.names = {"-h", "--help"}, .help = "shows help message and exits"},
-            {.names = {"-v", "--version"}, .help = "prints version information and exits"},
+        addEnding("-h", "--help", "shows help message and exits", [this] { return help().str(); });
+        addEnding("-v", "--version", "prints version information and exits",
+                  [text = std::string(version) + '\n'] { return text; });
+    }
+
+    /// An argument that prints a text and ends the process.
+    template <typename Text>
+    void addEnding(const char* brief, const char* name, const char* explanation, Text text) {
+        const auto end = [text](const std::string&) {
+            std::cout << text();
+            flushStandardOutput();
+            std::exit(exit_status::success);
         };
+        add_argument(brief, name)
+            .action(end)
+            .default_value(false)
+            .help(explanation)
+            .implicit_value(true)
+            .nargs(0);
+        described.options.push_back({.names = {brief, name}, .help = explanation});
     }
 
     argparse::Argument& add(std::string_view name, const ArgumentHelp& help) {

@@ -1,7 +1,9 @@
 #include "foundation/file_system.h"
 
-#include <fstream>      // std::ifstream, std::ofstream
-#include <ios>          // std::ios, std::streamsize
+#include "foundation/input_file.h"
+#include "foundation/output_file.h"
+
+#include <istream>      // std::istream
 #include <stdexcept>    // std::runtime_error
 #include <system_error> // std::error_code
 
@@ -23,7 +25,7 @@ std::runtime_error failure(std::string_view text, std::string_view path) {
 }
 
 /// Appends the rest of `stream` to `content`; false when a read fails before the end.
-bool readToEnd(std::ifstream& stream, std::string& content) {
+bool readToEnd(std::istream& stream, std::string& content) {
     // Blocks instead of std::istreambuf_iterator or rdbuf(): those swallow a failing read, the former is slow
     // too.
     char block[1 << 16];
@@ -69,19 +71,20 @@ std::string LocalFileSystem::readFile(std::string_view path) const {
     if (!fs::exists(status))
         throw failure("File does not exist", path);
 
-    std::string content;
-    if (fs::is_regular_file(status) || fs::is_directory(status)) {
-        const std::uintmax_t size = fs::file_size(file, error);
-        if (error)
-            throw fileSystemError("file_size", path, error);
-        content.reserve(size);
+    if (fs::is_directory(status)) {
+        static_cast<void>(fs::file_size(file, error));
+        throw fileSystemError("file_size", path, error);
     }
 
-    std::ifstream stream(file, std::ios::binary);
-    if (!stream)
+    InputFile input(path);
+    if (!input.isOpen())
         throw failure("Failed to open file for reading", path);
-    if (!readToEnd(stream, content))
+    std::string content;
+    content.reserve(input.size());
+    if (!readToEnd(input.stream(), content)) {
+        input.requireBounds();
         throw failure("Failed to read file", path);
+    }
     return content;
 }
 
@@ -96,14 +99,7 @@ void LocalFileSystem::createDirectories(std::string_view path) {
 }
 
 void LocalFileSystem::writeFile(std::string_view path, std::string_view content) {
-    std::ofstream stream(pathFromUtf8(path), std::ios::binary | std::ios::trunc);
-    if (!stream)
-        throw failure("Failed to open file for writing", path);
-    stream.write(content.data(), static_cast<std::streamsize>(content.size()));
-    // A full disk shows when the buffer is emptied at the latest, so the file is closed before it is judged.
-    stream.close();
-    if (!stream)
-        throw failure("Failed to write file", path);
+    OutputFile(path).replace(content);
 }
 
 } // namespace specloom

@@ -39,18 +39,15 @@ class LocalFileSystem final : public FileSystem {
     ///
     /// Throws a file-system error ("status", "file_size") when the file cannot be looked at or is a
     /// directory, and std::runtime_error with "File does not exist: {}", "Failed to open file for reading:
-    /// {}" or, when reading breaks off, "Failed to read file: {}", each with the path.
+    /// {}" or, when reading breaks off, "Failed to read file: {}", each with the path; and what InputFile
+    /// throws for devices and for what is too long.
     [[nodiscard]] std::string readFile(std::string_view path) const override;
 
     /// Creates the folder that the file `path` is to stand in, with all missing ancestors. The last component
     /// of `path` is the file's own and is not created. A file-system error ("create_directories") on failure.
     void createDirectories(std::string_view path) override;
 
-    /// Creates or replaces the file; its folder must exist.
-    ///
-    /// Throws std::runtime_error with "Failed to open file for writing: {}" when nothing was touched yet, and
-    /// with "Failed to write file: {}" when the content did not get to the file whole (a full disk), each
-    /// with the path.
+    /// Creates or replaces the file, as OutputFile does, and throws what that throws; its folder must exist.
     void writeFile(std::string_view path, std::string_view content) override;
 };
 

@@ -8,7 +8,9 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <unistd.h> // geteuid
+#include <unistd.h> // close, geteuid, pipe, write
+
+#include "foundation/input_file.h"
 
 namespace fs = std::filesystem;
 
@@ -99,8 +101,30 @@ TEST_F(LocalFileSystemTest, AFileWithoutPermissionIsTold) {
 }
 
 TEST_F(LocalFileSystemTest, ReadsWhatHasNoSize) {
-    EXPECT_EQ(files.readFile("/dev/null"), "");
+    int ends[2];
+    ASSERT_EQ(pipe(ends), 0);
+    ASSERT_EQ(write(ends[1], "piped", 5), 5);
+    close(ends[1]);
+    EXPECT_EQ(files.readFile("/dev/fd/" + std::to_string(ends[0])), "piped");
+    close(ends[0]);
     EXPECT_NE(files.readFile("/proc/self/status"), ""); // a regular file that claims to be empty
+}
+
+TEST_F(LocalFileSystemTest, WhatNeverEndsIsRefused) {
+    EXPECT_EQ(textOf([&] { static_cast<void>(files.readFile("/dev/zero")); }),
+              "Neither a file nor a pipe: /dev/zero");
+    files.writeFile(at("file"), "12345");
+    EXPECT_EQ(textOf([&] { const InputFile input(at("file"), 4); }), "Longer than 4 bytes: " + at("file"));
+    int ends[2];
+    ASSERT_EQ(pipe(ends), 0);
+    ASSERT_EQ(write(ends[1], "12345", 5), 5);
+    close(ends[1]);
+    const std::string path = "/dev/fd/" + std::to_string(ends[0]);
+    InputFile input(path, 4);
+    EXPECT_EQ(input.stream().get(), std::char_traits<char>::eof());
+    EXPECT_TRUE(input.stream().bad());
+    EXPECT_EQ(textOf([&] { input.requireBounds(); }), "Longer than 4 bytes: " + path);
+    close(ends[0]);
 }
 
 TEST_F(LocalFileSystemTest, WhatCannotBeWrittenIsTold) {

@@ -1,6 +1,8 @@
 #include "jv/deser.h"
 
+#include "foundation/input_file.h"
 #include "foundation/message.h"
+#include "foundation/output_file.h"
 #include "foundation/strings.h"
 #include "foundation/unreachable.h"
 #include "jv/json_reader.h"
@@ -8,11 +10,13 @@
 #include "jv/yaml_reader.h"
 #include "jv/yaml_writer.h"
 
-#include <filesystem> // std::filesystem::is_directory, std::filesystem::path
-#include <fstream>    // std::ifstream, std::ofstream
-#include <stdexcept>  // std::runtime_error
-#include <utility>    // std::move, std::pair
-#include <vector>     // std::vector
+#include <exception> // std::exception
+#include <istream>   // std::istream
+#include <ostream>   // std::ostream
+#include <stdexcept> // std::runtime_error
+#include <string>    // std::string
+#include <utility>   // std::move, std::pair
+#include <vector>    // std::vector
 
 namespace specloom::jv {
 
@@ -20,15 +24,10 @@ namespace {
 
 constexpr const char* cannotOpen = "Cannot open file: {}";
 constexpr const char* failedToOpen = "Failed to open file: {}";
-constexpr const char* failedToWrite = "Failed to write file: {}";
 constexpr const char* unsupportedFormat = "Unsupported file format: {}";
 
 [[nodiscard]] std::runtime_error pathError(MessageFormat<std::string_view> message, std::string_view path) {
     return std::runtime_error(formatMessage(message, path));
-}
-
-[[nodiscard]] std::filesystem::path nativePath(std::string_view path) {
-    return std::filesystem::path(std::u8string(path.begin(), path.end()));
 }
 
 [[nodiscard]] DocumentFormat requiredFormat(std::optional<DocumentFormat> format, std::string_view path) {
@@ -122,15 +121,17 @@ std::string_view extensionOf(DocumentFormat format) {
 // --------------------------------------------------------------------------------------------------
 
 LoadedDocument loadDocument(std::string_view path, const LoadOptions& options) {
-    const std::filesystem::path file = nativePath(path);
-    std::ifstream stream(file, std::ios::binary);
-    std::error_code ignored;
-    // A folder opens like a file and fails only when it is read.
-    if (!stream || std::filesystem::is_directory(file, ignored))
+    InputFile file(path);
+    if (!file.isOpen())
         throw pathError(cannotOpen, path);
     LoadOptions known = options;
     known.format = requiredFormat(options.format, path);
-    return {readDocument(stream, known), *known.format};
+    try {
+        return {readDocument(file.stream(), known), *known.format};
+    } catch (const std::exception&) {
+        file.requireBounds();
+        throw;
+    }
 }
 
 std::unique_ptr<JVDocument> parseDocument(std::string_view text, const LoadOptions& options) {
@@ -185,13 +186,11 @@ void saveDocument(const JVDocument& document, std::string_view path, const SaveO
     SaveOptions known = options;
     known.format = requiredFormat(options.format, path);
     const std::string text = documentToText(document, known);
-    std::ofstream stream(nativePath(path), std::ios::binary | std::ios::trunc);
-    if (!stream)
+    try {
+        OutputFile(path).replace(text);
+    } catch (const OpenForWritingError&) {
         throw pathError(failedToOpen, path);
-    stream.write(text.data(), static_cast<std::streamsize>(text.size()));
-    stream.close();
-    if (!stream)
-        throw pathError(failedToWrite, path);
+    }
 }
 
 } // namespace specloom::jv

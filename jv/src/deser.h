@@ -41,7 +41,8 @@ struct LoadedDocument {
 [[nodiscard]] std::string_view extensionOf(DocumentFormat format);
 
 /// Reads a file. Throws std::runtime_error with "Cannot open file: " and the path (also for a folder), with
-/// "Unsupported file format: " and the path, and what parseDocument() throws. The file is opened first.
+/// "Unsupported file format: " and the path, what InputFile throws, and what parseDocument() throws. The file
+/// is opened first.
 [[nodiscard]] LoadedDocument loadDocument(std::string_view path, const LoadOptions& options = {});
 
 /// Reads a text. Throws what readJSON() and readYAML() throw, JVError "A string value is expected for
@@ -55,9 +56,9 @@ struct LoadedDocument {
 /// The same on an open stream.
 [[nodiscard]] std::unique_ptr<JVDocument> readDocument(std::istream& stream, const LoadOptions& options);
 
-/// Writes a file, whose text is complete before the file is opened. Throws std::runtime_error with
-/// "Unsupported file format: " and the path, "Failed to open file: " and the path, "Failed to write file: "
-/// and the path, and what the writers throw.
+/// Writes a file as OutputFile does; the text is complete before the file is opened. Throws
+/// std::runtime_error with "Unsupported file format: " and the path, "Failed to open file: " and the path,
+/// "Failed to write file: " and the path, and what the writers throw.
 void saveDocument(const JVDocument& document, std::string_view path, const SaveOptions& options = {});
 /// Writes to a stream; what the stream makes of it is the caller's to check. Needs a format.
 void writeDocument(const JVDocument& document, std::ostream& stream, const SaveOptions& options);

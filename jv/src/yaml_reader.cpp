@@ -33,8 +33,11 @@ class EventSource {
 
     const yaml_event_t& next() {
         yaml_event_delete(&event_);
-        if (yaml_parser_parse(&parser_, &event_) == 0)
+        if (yaml_parser_parse(&parser_, &event_) == 0) {
+            if (parser_.error == YAML_MEMORY_ERROR)
+                throw std::bad_alloc();
             throw std::runtime_error(parseFailed);
+        }
         return event_;
     }
 

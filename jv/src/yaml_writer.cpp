@@ -4,7 +4,9 @@
 #include "jv/yaml_quoting.h"
 #include "jv/yaml_reader.h"
 
+#include <cerrno> // errno, ENOMEM
 #include <limits>    // std::numeric_limits
+#include <new>       // std::bad_alloc
 #include <stdexcept> // std::runtime_error
 #include <vector>    // std::vector
 #include <yaml.h>
@@ -17,8 +19,9 @@ namespace {
 class Emitter {
   public:
     Emitter(std::string& output, std::int64_t indent) : flow_(indent == 0) {
+        errno = 0; // see emit()
         if (yaml_emitter_initialize(&emitter_) == 0)
-            throw std::runtime_error("Failed to initialize emitter");
+            throw std::bad_alloc();
         yaml_emitter_set_indent(&emitter_, 2);
         if (indent != 0)
             yaml_emitter_set_indent(&emitter_, static_cast<int>(indent));
@@ -80,10 +83,16 @@ class Emitter {
 
   private:
     void emit(int initialized, const char* name) {
+        // libyaml does not tell why it made no event, but malloc() does.
+        if (initialized == 0 && errno == ENOMEM)
+            throw std::bad_alloc();
         if (initialized == 0)
             throw std::runtime_error(formatMessage("Failed to initialize {} event", name));
-        if (yaml_emitter_emit(&emitter_, &event_) == 0)
+        if (yaml_emitter_emit(&emitter_, &event_) == 0) {
+            if (emitter_.error == YAML_MEMORY_ERROR)
+                throw std::bad_alloc();
             throw std::runtime_error(formatMessage("Failed to emit {} event", name));
+        }
     }
 
     [[nodiscard]] static bool isFinite(const number::Number& value) {

@@ -1,9 +1,15 @@
 #include "telemetry/telemetry.h"
 
-#include <fstream> // std::ofstream
+#include "foundation/descriptor.h"
+#include "foundation/file_system.h"
+#include "foundation/output_buffer.h"
+
 #include <memory>  // std::make_unique, std::shared_ptr
+#include <ostream> // std::ostream
 #include <string>  // std::string
 #include <utility> // std::move
+
+#include <fcntl.h>
 
 #include <opentelemetry/exporters/ostream/span_exporter.h>
 #include <opentelemetry/sdk/common/global_log_handler.h>
@@ -13,6 +19,8 @@
 #include <opentelemetry/trace/provider.h>
 #include <opentelemetry/trace/scope.h>
 #include <opentelemetry/trace/tracer.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace trace_api = opentelemetry::trace;
 namespace trace_sdk = opentelemetry::sdk::trace;
@@ -25,14 +33,25 @@ namespace {
 constexpr const char* libraryName = "specloom";
 constexpr const char* libraryVersion = "1.13.0";
 
+/// Opens the file and empties it, unless it is something else than a regular file with one name: the folder
+/// may be of unknown origin, and a link in it lead anywhere.
+Descriptor openEmpty(std::string_view fileName) {
+    Descriptor file =
+        openDescriptor(pathFromUtf8(fileName), O_WRONLY | O_CREAT | O_NOFOLLOW | O_NONBLOCK, 0600);
+    struct stat status {};
+    const bool isSafe = file.isOpen() && fstat(file.get(), &status) == 0 && S_ISREG(status.st_mode) &&
+                        status.st_nlink == 1 && ftruncate(file.get(), 0) == 0;
+    return isSafe ? std::move(file) : Descriptor();
+}
+
 /// What lives from initTelemetry() to shutdownTelemetry().
 class Session {
   public:
-    explicit Session(std::string_view fileName) : file_(std::string(fileName), std::ios::trunc) {
+    explicit Session(Descriptor file) : file_(std::move(file)) {
         // The library would report its own troubles on standard error, which is not for them.
         sdk_log::GlobalLogHandler::SetLogHandler(
             nostd::shared_ptr<sdk_log::LogHandler>(new sdk_log::NoopLogHandler));
-        auto exporter = std::make_unique<opentelemetry::exporter::trace::OStreamSpanExporter>(file_);
+        auto exporter = std::make_unique<opentelemetry::exporter::trace::OStreamSpanExporter>(stream_);
         auto processor = std::make_unique<trace_sdk::SimpleSpanProcessor>(std::move(exporter));
         provider_ = std::make_shared<trace_sdk::TracerProvider>(std::move(processor));
         trace_api::Provider::SetTracerProvider(nostd::shared_ptr<trace_api::TracerProvider>(
@@ -56,7 +75,9 @@ class Session {
     }
 
   private:
-    std::ofstream file_; // outlives the exporter, which refers to it
+    Descriptor file_;
+    OutputBuffer buffer_{file_.get()};
+    std::ostream stream_{&buffer_}; // outlives the exporter, which refers to it
     std::shared_ptr<trace_sdk::TracerProvider> provider_;
     nostd::shared_ptr<trace_api::Tracer> tracer_;
 };
@@ -75,7 +96,9 @@ std::unique_ptr<Session>& session() {
 
 void initTelemetry(std::string_view fileName) {
     shutdownTelemetry(); // before the new one takes the global place that the old one clears
-    session() = std::make_unique<Session>(fileName);
+    Descriptor file = openEmpty(fileName);
+    if (file.isOpen())
+        session() = std::make_unique<Session>(std::move(file));
 }
 
 void shutdownTelemetry() {

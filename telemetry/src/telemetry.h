@@ -13,9 +13,11 @@
 ///     shutdownTelemetry();
 namespace specloom::telemetry {
 
-/// Starts to record: truncates `fileName` (relative to the working directory) and writes every later span to
-/// it, in the text form of OpenTelemetry's ostream exporter. A file that cannot be opened is not reported,
-/// its spans are lost. What an earlier call started is shut down first.
+/// Starts to record: empties `fileName` (relative to the working directory, UTF-8) and writes every later
+/// span to it, in the text form of OpenTelemetry's ostream exporter. A missing file is made, for its owner
+/// alone (mode 0600). Where that cannot be done, or the name stands for anything but a regular file with that
+/// one name (a link, a pipe, a folder), nothing is recorded and nothing is said. What an earlier call started
+/// is shut down first.
 void initTelemetry(std::string_view fileName);
 
 /// Writes out what is pending and closes the file; later spans record nothing. Without initTelemetry() it

@@ -1,6 +1,5 @@
 #include "cli/commands/format_command.h"
 
-#include <fstream>   // std::ofstream
 #include <optional>  // std::optional
 #include <stdexcept> // std::runtime_error
 #include <string>    // std::string
@@ -11,6 +10,7 @@
 #include "cli/exit_status.h"
 #include "foundation/file_system.h"
 #include "foundation/message.h"
+#include "foundation/output_file.h"
 #include "jv/deser.h"
 #include "openapi_format/formatter.h"
 #include "telemetry/telemetry.h"
@@ -43,22 +43,14 @@ void formatInPlace(const openapi_format::Formatter& formatter, const std::string
     LocalFileSystem().writeFile(targetPath(file, loaded.format, target), text);
 }
 
-/// Creates the file if it is missing; the content of one that exists stays.
-void requireWritable(const std::string& path) {
-    const std::ofstream stream(pathFromUtf8(path), std::ios::app);
-    if (!stream)
-        throw std::runtime_error(formatMessage("Failed to open file for writing: {}", path));
-}
-
 void formatTo(const openapi_format::Formatter& formatter, const std::string& file,
               const std::string& output) {
     const jv::LoadedDocument loaded = jv::loadDocument(file);
-    requireWritable(output); // before its name is judged: a bad extension is told after the file was created
+    OutputFile out(output); // before its name is judged: a bad extension is told after the file was created
     const std::optional<jv::DocumentFormat> target = jv::formatFromPath(output);
     if (!target)
         throw std::runtime_error(formatMessage("Unknown file format: {}", output));
-    const std::string text = formatter.text(*loaded.document, *target);
-    LocalFileSystem().writeFile(output, text);
+    out.replace(formatter.text(*loaded.document, *target));
 }
 
 } // namespace
