@@ -1,6 +1,6 @@
 #include "jv_schema/messages.h"
 
-#include "jv_schema/exact_numbers.h"
+#include "number/exact_numbers.h"
 
 namespace specloom::jv::schema {
 
@@ -56,7 +56,7 @@ std::string alternatives(std::span<const std::string_view> names) {
 }
 
 std::string_view typeOf(const JV& value) {
-    return value.isNumber() && isIntegral(value.number()) ? "integer" : typeName(value.kind());
+    return value.isNumber() && number::isIntegral(value.number()) ? "integer" : typeName(value.kind());
 }
 
 } // namespace specloom::jv::schema

@@ -5,7 +5,6 @@
 
 #include "foundation/unreachable.h"
 #include "openapi/node_visitor.h"
-#include "openapi_lint/disabling.h"
 
 namespace specloom::openapi_lint {
 namespace {
@@ -27,8 +26,9 @@ void LintContext::walk(openapi::NodeVisitHandler& handler) const {
         openapi::NodeVisitor(handler).visit(document->root());
 }
 
-bool LintContext::isDisabled(const Rule& rule, const openapi::Node& node) const {
-    return (!order_ || order_->mayDisable()) && openapi_lint::isDisabled(rule, &node);
+bool LintContext::isDisabled(const Rule& rule, const openapi::Node& node, const openapi::Node* other) const {
+    return (!order_ || order_->mayDisable()) &&
+           (disabled_.contain(rule, node) || (other != nullptr && disabled_.contain(rule, *other)));
 }
 
 void LintContext::report(const Rule& rule, std::string message, const openapi::Node& node) {

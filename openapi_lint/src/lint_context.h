@@ -1,6 +1,7 @@
 #pragma once
 
 #include "openapi/read_result.h"
+#include "openapi_lint/disabling.h"
 #include "openapi_lint/lint_result.h"
 #include "openapi_lint/rule.h"
 #include "openapi_lint/walk_order.h"
@@ -46,9 +47,13 @@ class LintContext {
     void walk(openapi::NodeVisitHandler& handler) const;
     /// Makes the following walks cheap, until release(). Meanwhile the tree must stay as it is.
     void freeze() { order_.emplace(document->root()); }
-    void release() { order_.reset(); }
-    /// isDisabled(), which is cheap in a frozen document that disables nothing.
-    [[nodiscard]] bool isDisabled(const Rule& rule, const openapi::Node& node) const;
+    void release() {
+        order_.reset();
+        disabled_.clear();
+    }
+    /// isDisabled() for the many nodes of the document at hand; `other` may be null.
+    [[nodiscard]] bool isDisabled(const Rule& rule, const openapi::Node& node,
+                                  const openapi::Node* other = nullptr) const;
 
     /// Appends a finding, with the position of the value that the node was read from; unknown for a node that
     /// was made in code. Nothing is deduplicated. A severity outside of the enumeration is an unreachable
@@ -67,7 +72,8 @@ class LintContext {
     std::uint64_t fixableWarningCount = 0; ///< those of warningCount that are fixable
 
   private:
-    std::optional<WalkOrder> order_;   ///< while the tree is frozen
+    std::optional<WalkOrder> order_; ///< while the tree is frozen
+    mutable DisabledNodes disabled_;
     std::list<std::string> filenames_; ///< a list, because results refer to its texts
 };
 

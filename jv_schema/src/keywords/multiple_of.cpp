@@ -2,8 +2,8 @@
 
 #include "jv_schema/compiler.h"
 #include "jv_schema/evaluation.h"
-#include "jv_schema/exact_numbers.h"
 #include "jv_schema/messages.h"
+#include "number/exact_numbers.h"
 
 #include <fmt/core.h>
 
@@ -25,7 +25,7 @@ class MultipleOf : public Keyword {
 
   private:
     const JV& value_;
-    Divisor divisor_;
+    number::Divisor divisor_;
 };
 
 } // namespace
@@ -33,9 +33,9 @@ class MultipleOf : public Keyword {
 std::unique_ptr<Keyword> makeMultipleOf(const Site& site) {
     site.require(Kind::Number);
     const number::Number number = site.value.number();
-    const std::optional<Divisor> divisor = Divisor::of(number);
+    const std::optional<number::Divisor> divisor = number::Divisor::of(number);
     if (!divisor) {
-        const bool positive = compareExactly(number, number::Number()).value_or(0) > 0;
+        const bool positive = number::compareExactly(number, number::Number()).value_or(0) > 0;
         site.fault(
             fmt::format(fmt::runtime(positive ? message::longDivisor : message::notPositive), site.keyword));
     }
