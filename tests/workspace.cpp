@@ -3,7 +3,9 @@
 #include <cstdlib>      // mkdtemp
 #include <fstream>      // std::ifstream, std::ofstream
 #include <iterator>     // std::istreambuf_iterator
+#include <string>       // std::to_string
 #include <system_error> // std::system_error
+#include <utility>      // std::move
 
 #include <fcntl.h> // O_WRONLY
 #include <gtest/gtest.h>
@@ -43,10 +45,25 @@ Workspace::~Workspace() {
 }
 
 Outcome Workspace::run(const std::vector<std::string>& arguments, const fs::path& standardOutput) const {
-    const fs::path out = standardOutput.empty() ? outputs_ / "out" : standardOutput;
-    const fs::path err = outputs_ / "err";
     std::vector<std::string> words = {"specloom"};
     words.insert(words.end(), arguments.begin(), arguments.end());
+    return start(SPECLOOM_PROGRAM, std::move(words), standardOutput);
+}
+
+Outcome Workspace::runWithin(const Limits& limits, const std::vector<std::string>& arguments) const {
+    std::string script = "ulimit -c 0; ulimit -t " + std::to_string(limits.cpuSeconds) + "; ";
+#ifndef __SANITIZE_ADDRESS__
+    script += "ulimit -v " + std::to_string(limits.addressBytes / 1024) + "; ";
+#endif
+    std::vector<std::string> words = {"sh", "-c", script + "exec \"$0\" \"$@\"", SPECLOOM_PROGRAM};
+    words.insert(words.end(), arguments.begin(), arguments.end());
+    return start("/bin/sh", std::move(words), {});
+}
+
+Outcome Workspace::start(const std::string& program, std::vector<std::string> words,
+                         const fs::path& standardOutput) const {
+    const fs::path out = standardOutput.empty() ? outputs_ / "out" : standardOutput;
+    const fs::path err = outputs_ / "err";
     std::vector<char*> argv;
     for (std::string& word : words)
         argv.push_back(word.data());
@@ -61,9 +78,9 @@ Outcome Workspace::run(const std::vector<std::string>& arguments, const fs::path
                                      0600);
     posix_spawn_file_actions_addchdir_np(&actions, folder_.c_str());
     pid_t child = 0;
-    const int error = posix_spawn(&child, SPECLOOM_PROGRAM, &actions, nullptr, argv.data(), environ);
+    const int error = posix_spawn(&child, program.c_str(), &actions, nullptr, argv.data(), environ);
     posix_spawn_file_actions_destroy(&actions);
-    require(error, "posix_spawn " SPECLOOM_PROGRAM);
+    require(error, "posix_spawn");
 
     int status = 0;
     require(waitpid(child, &status, 0) == child ? 0 : errno, "waitpid");

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>    // std::size_t
 #include <filesystem> // std::filesystem::path
 #include <string>     // std::string
 #include <vector>     // std::vector
@@ -27,6 +28,13 @@ class Workspace {
     [[nodiscard]] Outcome run(const std::vector<std::string>& arguments,
                               const std::filesystem::path& standardOutput = {}) const;
 
+    /// The same with bounds on what the process may take, beyond which it fails or is ended by a signal.
+    struct Limits {
+        std::size_t cpuSeconds;
+        std::size_t addressBytes; ///< not held under the address sanitizer, which takes terabytes
+    };
+    [[nodiscard]] Outcome runWithin(const Limits& limits, const std::vector<std::string>& arguments) const;
+
     /// Writes a file, given by its path in this folder; missing folders are made.
     void write(const std::string& name, const std::string& content) const;
 
@@ -36,6 +44,9 @@ class Workspace {
     [[nodiscard]] std::filesystem::path path(const std::string& name) const { return folder_ / name; }
 
   private:
+    [[nodiscard]] Outcome start(const std::string& program, std::vector<std::string> words,
+                                const std::filesystem::path& standardOutput) const;
+
     std::filesystem::path folder_;  // the program's working directory
     std::filesystem::path outputs_; // beside it, so that tests find nothing there but what the program wrote
 };

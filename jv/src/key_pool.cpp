@@ -24,24 +24,6 @@ std::uint64_t load64(const char* bytes) noexcept {
     return value;
 }
 
-/// Eight bytes a step instead of FNV's one: keys are hashed for each of their uses in a document, and this
-/// hash never leaves the pool. Whoever wants to can write keys that collide.
-std::uint64_t quickHash(std::string_view text) noexcept {
-    constexpr std::uint64_t factor = 0x9e3779b97f4a7c15;
-    std::uint64_t hash = text.size() * factor;
-    const char* bytes = text.data();
-    std::size_t left = text.size();
-    for (; left >= 8; bytes += 8, left -= 8) {
-        hash = (hash ^ load64(bytes)) * factor;
-        hash ^= hash >> 32;
-    }
-    std::uint64_t tail = 0;
-    if (left != 0)
-        std::memcpy(&tail, bytes, left);
-    hash = (hash ^ tail) * factor;
-    return hash ^ (hash >> 32);
-}
-
 } // namespace
 
 std::uint64_t keyPrefix(std::string_view text) noexcept {
@@ -69,6 +51,24 @@ KeyPool& KeyPool::instance() {
     // Never destroyed: documents in static storage may outlive every other static object.
     static auto* pool = new KeyPool;
     return *pool;
+}
+
+/// Eight bytes a step instead of FNV's one: keys are hashed for each of their uses in a document, and this
+/// hash never leaves the pool. Whoever wants to can write keys that collide.
+std::uint64_t KeyPool::quickHash(std::string_view text) noexcept {
+    constexpr std::uint64_t factor = 0x9e3779b97f4a7c15;
+    std::uint64_t hash = text.size() * factor;
+    const char* bytes = text.data();
+    std::size_t left = text.size();
+    for (; left >= 8; bytes += 8, left -= 8) {
+        hash = (hash ^ load64(bytes)) * factor;
+        hash ^= hash >> 32;
+    }
+    std::uint64_t tail = 0;
+    if (left != 0)
+        std::memcpy(&tail, bytes, left);
+    hash = (hash ^ tail) * factor;
+    return hash ^ (hash >> 32);
 }
 
 std::uint64_t KeyPool::hashOf(std::string_view text) const noexcept {

@@ -57,6 +57,9 @@ class KeyPool {
     /// A value that no key carries as its `mark` yet.
     [[nodiscard]] std::uint32_t nextMark();
 
+    /// What keys are found by as long as they do not collide.
+    [[nodiscard]] static std::uint64_t quickHash(std::string_view text) noexcept;
+
     void acquire() noexcept { ++uses_; }
     void release() noexcept;
 

@@ -2,7 +2,7 @@
 
 #include "jv/tree_builder.h"
 
-#include <cstring>   // std::strlen
+#include <cstring> // std::strlen
 #include <fmt/core.h>
 #include <istream>   // std::istream
 #include <new>       // std::bad_alloc
@@ -68,7 +68,8 @@ class EventSource {
     /// With the two that libyaml adds at the end, which are no document's, and until then without.
     [[nodiscard]] std::size_t tagDirectives() const noexcept {
         constexpr std::size_t added = 2;
-        const auto count = static_cast<std::size_t>(parser_.tag_directives.top - parser_.tag_directives.start);
+        const auto count =
+            static_cast<std::size_t>(parser_.tag_directives.top - parser_.tag_directives.start);
         return count < added ? 0 : count - added;
     }
 

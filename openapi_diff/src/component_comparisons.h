@@ -26,9 +26,10 @@ namespace specloom::openapi_diff {
 /// `components`, all others where the pair was met first.
 ///
 /// Documents whose references all go elsewhere than before could bring every object of the one together with
-/// every object of the other. So that the work stays in proportion to the documents, the values below each pair
-/// of different names are counted before it is compared, and no such pair is followed once they would be more
-/// than `comparisonsOfAll` times those of both documents; that the reference changed is told all the same.
+/// every object of the other. So that the work stays in proportion to the documents, the values below each
+/// pair of different names are counted before it is compared, and no such pair is followed once they would be
+/// more than `comparisonsOfAll` times those of both documents; that the reference changed is told all the
+/// same.
 class ComponentComparisons {
   public:
     /// Far more than any two versions of one document have.
@@ -79,7 +80,7 @@ class ComponentComparisons {
     void evaluate(Unit& unit);
 
     DiffContext& context_;
-    bool hasAliases_ = true; ///< whether components are references themselves
+    bool hasAliases_ = true;            ///< whether components are references themselves
     std::optional<std::size_t> budget_; ///< values that may still be compared in pairs of different names
     std::unordered_map<const openapi::Node*, std::size_t> sizes_; ///< valuesIn() of those that were asked for
     std::unordered_map<Pair, Unit, PairHash> units_;

@@ -24,6 +24,8 @@ using ResultsByFile = std::map<std::string_view, std::vector<std::size_t>>;
 /// What rules and formatters work on: the document at hand and the findings of all files so far.
 class LintContext {
   public:
+    static constexpr std::size_t mostFindings = 500'000; ///< of one document
+
     LintContext() = default;
     LintContext(const LintContext&) = delete;
     LintContext& operator=(const LintContext&) = delete;
@@ -33,7 +35,10 @@ class LintContext {
         return filenames_.empty() ? std::string_view() : std::string_view(filenames_.back());
     }
     /// The results so far keep the name that they have.
-    void setFilename(std::string filename) { filenames_.push_back(std::move(filename)); }
+    void setFilename(std::string filename) {
+        filenames_.push_back(std::move(filename));
+        firstOfFile_ = results.size();
+    }
     /// The names that were set, in their order: every file that was linted, also those without findings.
     [[nodiscard]] const std::list<std::string>& filenames() const noexcept { return filenames_; }
 
@@ -74,6 +79,7 @@ class LintContext {
   private:
     std::optional<WalkOrder> order_; ///< while the tree is frozen
     mutable DisabledNodes disabled_;
+    std::size_t firstOfFile_ = 0;      ///< index of the first result of the file at hand
     std::list<std::string> filenames_; ///< a list, because results refer to its texts
 };
 

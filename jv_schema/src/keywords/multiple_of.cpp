@@ -13,7 +13,7 @@ namespace {
 
 class MultipleOf : public Keyword {
   public:
-    MultipleOf(const Site& site, Divisor divisor)
+    MultipleOf(const Site& site, number::Divisor divisor)
         : Keyword(site.place, site.keyword, only(Kind::Number)), value_(site.value), divisor_(divisor) {}
 
     [[nodiscard]] bool evaluate(const JV& instance, Evaluation& evaluation) const override {
