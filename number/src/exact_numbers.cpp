@@ -135,8 +135,9 @@ struct Decimal {
     }
     if (value.bigValue().exponent() > mostBits || value.bigValue().exponent() < -mostBits)
         return value;
-    if (const auto integer = machineIntegerOf(value, decimalOf(value)))
-        return *integer;
+    if (value.bigValue().exponent() <= 64 && isIntegral(value))
+        if (const auto integer = machineIntegerOf(value, decimalOf(value)))
+            return *integer;
     const Number nearest(std::strtod(value.toString().c_str(), nullptr));
     return compareExactly(value, nearest) == 0 ? nearest : value;
 }
