@@ -37,12 +37,6 @@ template <typename Item>
                                   listOf(size, [](std::size_t i) { return fmt::format("0.{:07}2", i); })));
 }
 
-[[nodiscard]] std::string bigNumbers(std::size_t size) {
-    return schemaWith(fmt::format(R"("type":"number","enum":[{}])", listOf(size, [](std::size_t i) {
-                                      return fmt::format("0.1000000000000000000{:07}", i);
-                                  })));
-}
-
 [[nodiscard]] std::string switchedOff(std::size_t size) {
     const std::string rules = listOf(size, [](std::size_t i) { return fmt::format(R"("rule-{}")", i); });
     const std::string paths = listOf(size, [](std::size_t i) {
@@ -176,7 +170,6 @@ const std::vector<GrowingDocument>& growingDocuments() {
     static const std::vector<GrowingDocument> documents = {
         {"fractions in an enumeration", "lint", "json", fractions, nullptr, 12'000, 100'000, nullptr},
         {"fractions in an enumeration", "diff", "json", fractions, otherFractions, 12'000, 100'000, nullptr},
-        {"big numbers in an enumeration", "lint", "json", bigNumbers, nullptr, 1'000, 15'000, nullptr},
         {"rules switched off above operations", "lint", "json", switchedOff, nullptr, 1'500, 40'000, nullptr},
         {"extensions out of order", "lint", "json", extensionsBackwards, nullptr, 12'000, 250'000, nullptr},
         {"server variables out of order", "lint", "json", variablesBackwards, nullptr, 10'000, 400'000,
