@@ -143,10 +143,11 @@ template <typename Item>
     return text + std::string(size, '}') + "\n";
 }
 
+/// The first path is told in a message.
 [[nodiscard]] std::string oneLongName(std::size_t size) {
     const std::string paths = listOf(size, [&](std::size_t i) {
-        return fmt::format(R"("/p{}":{{"get":{{"operationId":"{}","responses":{{}}}}}})", i,
-                           i == 0 ? std::string(size * 100, 'X') : fmt::format("o{}", i));
+        return fmt::format(R"("/{}":{{"get":{{"operationId":"o{}","responses":{{}}}}}})",
+                           i == 0 ? std::string(size * 30, 'X') : fmt::format("p{}", i), i);
     });
     return documentWith(fmt::format(R"("paths":{{{}}})", paths));
 }
