@@ -35,5 +35,7 @@ void benchFormat(const Input& input, int rounds, Table& table);
 /// Nothing for a document that is refused.
 void benchLint(const Input& input, int rounds, Table& table);
 void benchStart(int rounds, Table& table);
+/// How time and memory of whole runs grow over four doublings of documents that are made to be costly.
+void benchGrowth(int rounds, Table& table);
 
 } // namespace specloom::bench

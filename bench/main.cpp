@@ -13,7 +13,7 @@ namespace {
 namespace bench = specloom::bench;
 namespace fs = std::filesystem;
 
-constexpr const char* usage = "usage: specloom_bench [--rounds N] [FILE.json | FILE.yaml]...\n";
+constexpr const char* usage = "usage: specloom_bench [--rounds N] [--growth | FILE.json | FILE.yaml...]\n";
 
 /// The large documents of the corpora.
 [[nodiscard]] std::vector<fs::path> standardDocuments() {
@@ -57,7 +57,7 @@ void benchDiffs(int rounds, bench::Table& table) {
 }
 
 /// Whether every promise was kept.
-bool run(const std::vector<fs::path>& paths, int rounds) {
+bool run(const std::vector<fs::path>& paths, bool isWhole, int rounds) {
     bench::Table table;
     std::vector<bench::Input> inputs;
     for (const fs::path& path : paths)
@@ -81,6 +81,14 @@ bool run(const std::vector<fs::path>& paths, int rounds) {
     if (!specloom::test_support::corporaFolder().empty())
         benchDiffs(rounds, table);
     bench::benchStart(rounds, table);
+    if (isWhole)
+        bench::benchGrowth((rounds + 4) / 5, table);
+    return table.allKept();
+}
+
+bool runGrowth(int rounds) {
+    bench::Table table;
+    bench::benchGrowth(rounds, table);
     return table.allKept();
 }
 
@@ -88,21 +96,25 @@ bool run(const std::vector<fs::path>& paths, int rounds) {
 
 int main(int argc, char** argv) {
     int rounds = 15;
+    bool onlyGrowth = false;
     std::vector<fs::path> paths;
     for (int i = 1; i < argc; ++i) {
         if (std::string_view(argv[i]) == "--rounds" && i + 1 < argc)
             rounds = std::atoi(argv[++i]);
+        else if (std::string_view(argv[i]) == "--growth")
+            onlyGrowth = true;
         else
             paths.emplace_back(argv[i]);
     }
-    if (paths.empty())
+    const bool isWhole = paths.empty();
+    if (isWhole && !onlyGrowth)
         paths = standardDocuments();
-    if (paths.empty() || rounds < 1) {
+    if ((paths.empty() && !onlyGrowth) || rounds < 1) {
         fmt::print(stderr, usage);
         return 2;
     }
     try {
-        return run(paths, rounds) ? 0 : 1;
+        return (onlyGrowth ? runGrowth(rounds) : run(paths, isWhole, rounds)) ? 0 : 1;
     } catch (const std::exception& error) {
         fmt::print(stderr, "{}\n", error.what());
         return 2;

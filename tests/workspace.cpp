@@ -1,8 +1,11 @@
 #include "workspace.h"
 
+#include "test_support/sanitizers.h"
+
 #include <cstdlib>      // mkdtemp
 #include <fstream>      // std::ifstream, std::ofstream
 #include <iterator>     // std::istreambuf_iterator
+#include <string>       // std::to_string
 #include <system_error> // std::system_error
 #include <utility>      // std::move
 
@@ -53,6 +56,13 @@ Outcome Workspace::runScript(const std::string& script, const std::vector<std::s
     std::vector<std::string> words = {"/bin/sh", "-c", script, "sh", SPECLOOM_PROGRAM};
     words.insert(words.end(), arguments.begin(), arguments.end());
     return spawn(std::move(words), {});
+}
+
+Outcome Workspace::runWithin(const Limits& limits, const std::vector<std::string>& arguments) const {
+    std::string script = "ulimit -c 0; ulimit -t " + std::to_string(limits.cpuSeconds) + "; ";
+    if (!test_support::hasAddressSanitizer)
+        script += "ulimit -v " + std::to_string(limits.addressBytes / 1024) + "; ";
+    return runScript(script + "exec \"$@\"", arguments);
 }
 
 Outcome Workspace::spawn(std::vector<std::string> words, const fs::path& standardOutput) const {

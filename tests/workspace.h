@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>    // std::size_t
 #include <filesystem> // std::filesystem::path
 #include <string>     // std::string
 #include <vector>     // std::vector
@@ -31,6 +32,12 @@ class Workspace {
     /// `arguments`. Its output is captured unless it sends that elsewhere.
     [[nodiscard]] Outcome runScript(const std::string& script,
                                     const std::vector<std::string>& arguments) const;
+    /// The same with bounds on what the process may take, beyond which it fails or is ended by a signal.
+    struct Limits {
+        std::size_t cpuSeconds;
+        std::size_t addressBytes; ///< not held under the address sanitizer, which takes terabytes
+    };
+    [[nodiscard]] Outcome runWithin(const Limits& limits, const std::vector<std::string>& arguments) const;
 
     /// Writes a file, given by its path in this folder; missing folders are made.
     void write(const std::string& name, const std::string& content) const;

@@ -9,7 +9,8 @@ namespace specloom {
 inline constexpr std::uint64_t fnvOffsetBasis = 0xcbf29ce484222325;
 inline constexpr std::uint64_t fnvPrime = 0x100000001b3;
 
-/// FNV-1a with 64 bits over the bytes of `text`.
+/// FNV-1a with 64 bits over the bytes of `text`. For tables whose keys are texts of a document see
+/// keyedHash().
 [[nodiscard]] constexpr std::uint64_t fnv1a(std::string_view text) noexcept {
     std::uint64_t hash = fnvOffsetBasis;
     for (const char c : text)

@@ -1,5 +1,7 @@
 #include "jv/key_pool.h"
 
+#include "foundation/keyed_hash.h"
+
 #include <algorithm> // std::min
 #include <bit>       // std::endian
 #include <limits>    // std::numeric_limits
@@ -12,28 +14,14 @@ namespace {
 
 constexpr std::size_t firstSlots = 1024;
 
+/// Slots between the one that a hash names and the one where its key lies, beyond which the keys were made to
+/// collide: half of the slots are free, and among a million keys that were not none comes near to it.
+constexpr std::size_t longestProbe = 256;
+
 std::uint64_t load64(const char* bytes) noexcept {
     std::uint64_t value;
     std::memcpy(&value, bytes, sizeof value);
     return value;
-}
-
-/// Eight bytes a step instead of FNV's one: keys are hashed for each of their uses in a document, and this
-/// hash never leaves the pool.
-std::uint64_t hashOf(std::string_view text) noexcept {
-    constexpr std::uint64_t factor = 0x9e3779b97f4a7c15;
-    std::uint64_t hash = text.size() * factor;
-    const char* bytes = text.data();
-    std::size_t left = text.size();
-    for (; left >= 8; bytes += 8, left -= 8) {
-        hash = (hash ^ load64(bytes)) * factor;
-        hash ^= hash >> 32;
-    }
-    std::uint64_t tail = 0;
-    if (left != 0)
-        std::memcpy(&tail, bytes, left);
-    hash = (hash ^ tail) * factor;
-    return hash ^ (hash >> 32);
 }
 
 } // namespace
@@ -65,6 +53,28 @@ KeyPool& KeyPool::instance() {
     return *pool;
 }
 
+/// Eight bytes a step instead of FNV's one: keys are hashed for each of their uses in a document, and this
+/// hash never leaves the pool. Whoever wants to can write keys that collide.
+std::uint64_t KeyPool::quickHash(std::string_view text) noexcept {
+    constexpr std::uint64_t factor = 0x9e3779b97f4a7c15;
+    std::uint64_t hash = text.size() * factor;
+    const char* bytes = text.data();
+    std::size_t left = text.size();
+    for (; left >= 8; bytes += 8, left -= 8) {
+        hash = (hash ^ load64(bytes)) * factor;
+        hash ^= hash >> 32;
+    }
+    std::uint64_t tail = 0;
+    if (left != 0)
+        std::memcpy(&tail, bytes, left);
+    hash = (hash ^ tail) * factor;
+    return hash ^ (hash >> 32);
+}
+
+std::uint64_t KeyPool::hashOf(std::string_view text) const noexcept {
+    return isKeyed_ ? keyedHash(text) : quickHash(text);
+}
+
 std::size_t KeyPool::probe(std::string_view text, std::uint64_t hash) const noexcept {
     const std::size_t mask = slots_.size() - 1;
     std::size_t index = hash & mask;
@@ -80,8 +90,14 @@ Key* KeyPool::intern(std::string_view text) {
         throw std::length_error("Object key is too long");
     if (count_ * 2 >= slots_.size())
         grow();
-    const std::uint64_t hash = hashOf(text);
-    Slot& slot = slots_[probe(text, hash)];
+    std::uint64_t hash = hashOf(text);
+    std::size_t index = probe(text, hash);
+    if (!isKeyed_ && ((index - hash) & (slots_.size() - 1)) > longestProbe) {
+        hashUnderKey();
+        hash = hashOf(text);
+        index = probe(text, hash);
+    }
+    Slot& slot = slots_[index];
     if (slot.key == nullptr) {
         void* memory = arena_.allocate(sizeof(Key) + text.size());
         slot.key = new (memory) Key{keyPrefix(text), static_cast<std::uint32_t>(text.size()), 0, nullptr};
@@ -100,6 +116,21 @@ Key* KeyPool::find(std::string_view text) const noexcept {
 void KeyPool::grow() {
     std::vector<Slot> old(slots_.empty() ? firstSlots : slots_.size() * 2);
     old.swap(slots_);
+    refill(old);
+}
+
+/// From the quick hash to the one that keys cannot be prepared for.
+void KeyPool::hashUnderKey() {
+    std::vector<Slot> old(slots_.size());
+    old.swap(slots_);
+    isKeyed_ = true;
+    for (Slot& slot : old)
+        if (slot.key != nullptr)
+            slot.hash = hashOf(slot.key->text());
+    refill(old);
+}
+
+void KeyPool::refill(const std::vector<Slot>& old) noexcept {
     const std::size_t mask = slots_.size() - 1;
     for (const Slot& slot : old) {
         if (slot.key == nullptr)
@@ -128,6 +159,7 @@ void KeyPool::release() noexcept {
     slots_.clear();
     slots_.shrink_to_fit();
     arena_.clear();
+    isKeyed_ = false;
     count_ = 0;
 }
 

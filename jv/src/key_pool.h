@@ -57,6 +57,9 @@ class KeyPool {
     /// A value that no key carries as its `mark` yet.
     [[nodiscard]] std::uint32_t nextMark();
 
+    /// What keys are found by as long as they do not collide.
+    [[nodiscard]] static std::uint64_t quickHash(std::string_view text) noexcept;
+
     void acquire() noexcept { ++uses_; }
     void release() noexcept;
 
@@ -66,12 +69,17 @@ class KeyPool {
         Key* key;
     };
 
+    [[nodiscard]] std::uint64_t hashOf(std::string_view text) const noexcept;
     /// Index of the slot that holds `text`, or of the free slot where it belongs.
     [[nodiscard]] std::size_t probe(std::string_view text, std::uint64_t hash) const noexcept;
     void grow();
+    void hashUnderKey();
+    /// Puts what `old` holds into the slots, which are free.
+    void refill(const std::vector<Slot>& old) noexcept;
 
     Arena arena_;
     std::vector<Slot> slots_; ///< open addressing; the size is a power of two
+    bool isKeyed_ = false;    ///< whether slots have the hash that nobody can foresee
     std::size_t count_ = 0;
     std::size_t uses_ = 0;
     std::uint32_t lastMark_ = 0;

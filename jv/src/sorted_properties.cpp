@@ -1,7 +1,8 @@
 #include "jv/sorted_properties.h"
 
-#include <algorithm>     // std::ranges::sort
-#include <unordered_map> // std::unordered_map
+#include "foundation/text_tables.h"
+
+#include <algorithm> // std::ranges::sort
 
 namespace specloom::jv {
 
@@ -21,7 +22,7 @@ SortedProperties::SortedProperties(const JV* object, std::span<const std::string
     : natural_(false), object_(object) {
     // The rank of a key is its first place in the list. A stable partition of the byte-wise order gives the
     // order wanted without comparing keys again.
-    std::unordered_map<std::string_view, std::size_t> ranks;
+    TextViewMap<std::size_t> ranks;
     ranks.reserve(order.size());
     for (std::size_t i = 0; i < order.size(); ++i)
         ranks.emplace(order[i], i);

@@ -13,6 +13,11 @@ namespace specloom::jv {
 /// brackets.
 inline constexpr std::size_t deepestYaml = 10000;
 
+/// A document with more %TAG directives, or one whose prefix is longer, is refused: libyaml compares each
+/// with all before it, and copies the prefix for each value that is tagged with it.
+inline constexpr std::size_t mostTagDirectives = 100;
+inline constexpr std::size_t longestTagPrefix = 1000; // bytes
+
 /// Reads a YAML stream by way of libyaml (YAML 1.1 syntax) into a document; of several documents the last
 /// one.
 ///
@@ -23,7 +28,8 @@ inline constexpr std::size_t deepestYaml = 10000;
 /// scalars carry none.
 ///
 /// Throws std::runtime_error with "Failed to parse YAML" for any fault of the text, for a document that is no
-/// array and no object, for a stream without a document, and for more than deepestYaml nested containers.
+/// array and no object, for a stream without a document, and for more than deepestYaml nested containers;
+/// with "YAML has more than 100 %TAG directives" and "YAML has a %TAG directive with more than 1000 bytes".
 [[nodiscard]] std::unique_ptr<JVDocument> readYAML(std::istream& stream);
 /// The same for a text.
 [[nodiscard]] std::unique_ptr<JVDocument> parseYAML(std::string_view text);

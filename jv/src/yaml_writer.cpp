@@ -15,17 +15,23 @@ namespace specloom::jv {
 
 namespace {
 
+/// Output may grow beyond what it holds by this factor, and by what any document may have. Indentation alone
+/// does that: 9,000 levels of 20 bytes each would be indented by 160 million blanks.
+constexpr std::size_t mostGrowth = 32;
+constexpr std::size_t freeGrowth = std::size_t{16} << 20; // bytes
+constexpr const char* tooLarge = "YAML output is too large for its content: values are nested too deeply";
+
 /// Owns a libyaml emitter and hands events to it; the messages of all steps stand here.
 class Emitter {
   public:
-    Emitter(std::string& output, std::int64_t indent) : flow_(indent == 0) {
+    Emitter(std::string& output, std::int64_t indent) : output_(output), flow_(indent == 0) {
         errno = 0; // see emit()
         if (yaml_emitter_initialize(&emitter_) == 0)
             throw std::bad_alloc();
         yaml_emitter_set_indent(&emitter_, 2);
         if (indent != 0)
             yaml_emitter_set_indent(&emitter_, static_cast<int>(indent));
-        yaml_emitter_set_output(&emitter_, &Emitter::append, &output);
+        yaml_emitter_set_output(&emitter_, &Emitter::append, this);
         yaml_emitter_set_unicode(&emitter_, 1);
         yaml_emitter_set_width(&emitter_, -1);
     }
@@ -75,6 +81,7 @@ class Emitter {
     void scalar(std::string_view text, yaml_scalar_style_t style, const char* name) {
         if (text.size() > std::numeric_limits<int>::max())
             emit(0, name); // libyaml counts in int
+        content_ += text.size();
         const auto* bytes = reinterpret_cast<const yaml_char_t*>(text.empty() ? "" : text.data());
         emit(yaml_scalar_event_initialize(&event_, nullptr, nullptr, bytes, static_cast<int>(text.size()), 1,
                                           1, style),
@@ -88,11 +95,16 @@ class Emitter {
             throw std::bad_alloc();
         if (initialized == 0)
             throw std::runtime_error(formatMessage("Failed to initialize {} event", name));
+        content_ += bytesOfEvent;
         if (yaml_emitter_emit(&emitter_, &event_) == 0) {
             if (emitter_.error == YAML_MEMORY_ERROR)
                 throw std::bad_alloc();
-            throw std::runtime_error(formatMessage("Failed to emit {} event", name));
+            throw std::runtime_error(isTooLarge() ? tooLarge : formatMessage("Failed to emit {} event", name).composed());
         }
+    }
+
+    [[nodiscard]] bool isTooLarge() const noexcept {
+        return output_.size() > freeGrowth && (output_.size() - freeGrowth) / mostGrowth > content_;
     }
 
     [[nodiscard]] static bool isFinite(const number::Number& value) {
@@ -102,10 +114,15 @@ class Emitter {
     }
 
     static int append(void* data, unsigned char* buffer, std::size_t size) {
-        static_cast<std::string*>(data)->append(reinterpret_cast<const char*>(buffer), size);
-        return 1;
+        auto& emitter = *static_cast<Emitter*>(data);
+        emitter.output_.append(reinterpret_cast<const char*>(buffer), size);
+        return emitter.isTooLarge() ? 0 : 1;
     }
 
+    static constexpr std::size_t bytesOfEvent = 4; ///< punctuation, quotes, a line feed
+
+    std::string& output_;
+    std::size_t content_ = 0; ///< bytes without indentation
     bool flow_;
     yaml_emitter_t emitter_{};
     yaml_event_t event_{};

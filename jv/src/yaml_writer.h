@@ -22,8 +22,10 @@ class YAMLWriter {
     /// Writes the whole document, one without a root as null. Throws std::runtime_error with "Failed to
     /// initialize X event" or "Failed to emit X event", where X names the event: "string scalar" when a text
     /// is not UTF-8 or names a surrogate or a code point above U+10FFFF, "number scalar" for an infinity and
-    /// for not-a-number; "Failed to initialize emitter"; and "MaxDepthExceeded" for more nested containers
-    /// than readYAML() takes back.
+    /// for not-a-number; "Failed to initialize emitter"; "MaxDepthExceeded" for more nested containers
+    /// than readYAML() takes back; and "YAML output is too large for its content: values are nested too
+    /// deeply" for an output that has, beyond 16 MiB, more than 32 bytes for each byte of keys, scalars and
+    /// punctuation.
     void write(const JVDocument& document);
 
     [[nodiscard]] const std::string& output() const& noexcept { return output_; }

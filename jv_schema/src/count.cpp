@@ -1,8 +1,8 @@
 #include "jv_schema/count.h"
 
 #include "foundation/message.h"
-#include "jv_schema/exact_numbers.h"
 #include "jv_schema/messages.h"
+#include "number/exact_numbers.h"
 
 #include <limits> // std::numeric_limits
 
@@ -11,7 +11,7 @@ namespace specloom::jv::schema {
 std::size_t countOf(const Site& site, const JV& value) {
     site.require(value, Kind::Number);
     const number::Number number = value.number();
-    if (!isIntegral(number) || number.compare(0) < 0)
+    if (!number::isIntegral(number) || number.compare(0) < 0)
         site.fault(formatMessage(message::notCount, site.keyword));
     constexpr std::size_t largest = std::numeric_limits<std::size_t>::max();
     if (number.kind() == number::NumberKind::Big)

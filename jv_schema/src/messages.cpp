@@ -1,7 +1,7 @@
 #include "jv_schema/messages.h"
 
 #include "foundation/utf8.h"
-#include "jv_schema/exact_numbers.h"
+#include "number/exact_numbers.h"
 
 namespace specloom::jv::schema {
 
@@ -54,7 +54,7 @@ std::string alternatives(std::span<const std::string_view> names) {
 }
 
 std::string_view typeOf(const JV& value) {
-    return value.isNumber() && isIntegral(value.number()) ? "integer" : typeName(value.kind());
+    return value.isNumber() && number::isIntegral(value.number()) ? "integer" : typeName(value.kind());
 }
 
 } // namespace specloom::jv::schema

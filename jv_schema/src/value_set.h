@@ -10,13 +10,6 @@
 
 namespace specloom::jv::schema {
 
-/// JV::equals(), without memory of its own for scalars.
-[[nodiscard]] bool equalValues(const JV& a, const JV& b);
-
-/// Equal for values that are equal by JV::equals(), whatever the kinds of their numbers. Adds the number of
-/// values that were looked at to `visited`.
-[[nodiscard]] std::uint64_t hashOfValue(const JV& value, std::size_t& visited);
-
 /// Values that belong to somebody else.
 class ValueSet {
   public:

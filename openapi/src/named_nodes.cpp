@@ -1,9 +1,10 @@
 #include "openapi/named_nodes.h"
 
-#include <algorithm>     // std::sort
-#include <string>        // std::string
-#include <unordered_set> // std::unordered_set
-#include <utility>       // std::move
+#include "foundation/text_tables.h"
+
+#include <algorithm> // std::sort
+#include <string>    // std::string
+#include <utility>   // std::move
 
 namespace specloom::openapi {
 
@@ -39,7 +40,7 @@ void NamedNodes::rename(std::string_view oldName, Text newName) {
 
 void NamedNodes::renameAll(const Renaming& renaming) {
     std::vector<std::string> newNames; // empty for an entry that keeps its name
-    std::unordered_set<std::string> taken;
+    TextSet taken;
     for (const auto& entry : items_) {
         std::string name = renaming(entry.name(), *entry.value);
         const bool free = find(name) == nullptr && taken.insert(name).second;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "foundation/text_tables.h"
 #include "openapi/components.h"
 #include "openapi/external_documentation.h"
 #include "openapi/info.h"
@@ -8,10 +9,9 @@
 #include "openapi/server.h"
 #include "openapi/tag.h"
 
-#include <functional>    // std::function
-#include <map>           // std::map
-#include <unordered_map> // std::unordered_map
-#include <vector>        // std::vector
+#include <functional> // std::function
+#include <map>        // std::map
+#include <vector>     // std::vector
 
 namespace specloom::openapi {
 
@@ -95,7 +95,7 @@ class OpenAPI final : public Node {
     NodeMap webhooks_;
     std::vector<std::unique_ptr<SecurityRequirement>> security_;
     std::vector<std::unique_ptr<Tag>> tags_;
-    std::unordered_map<std::string_view, Tag*> tagsByName_; ///< the first tag of each name
+    TextViewMap<Tag*> tagsByName_; ///< the first tag of each name
     std::unique_ptr<ExternalDocumentation> externalDocs_;
 };
 

@@ -1,6 +1,7 @@
 #include "openapi/parameter_list.h"
 
 #include "foundation/hash.h"
+#include "foundation/keyed_hash.h"
 
 #include <algorithm> // std::find
 
@@ -17,7 +18,7 @@ constexpr std::size_t searchedKeys = 16;
 } // namespace
 
 std::size_t ParameterKeyHash::operator()(const ParameterKey& key) const noexcept {
-    return static_cast<std::size_t>(combine(fnv1a(key.name), static_cast<std::uint64_t>(key.location)));
+    return static_cast<std::size_t>(combine(keyedHash(key.name), static_cast<std::uint64_t>(key.location)));
 }
 
 bool ParameterKeys::contains(const ParameterKey& key) const {

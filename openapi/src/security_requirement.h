@@ -1,7 +1,9 @@
 #pragma once
 
+#include "foundation/text_tables.h"
 #include "openapi/node.h"
 
+#include <cstddef> // std::size_t
 #include <utility> // std::move
 #include <vector>  // std::vector
 
@@ -26,6 +28,7 @@ class SecurityRequirement final : public Node {
 
   private:
     std::vector<Scheme> schemes_;
+    TextViewMap<std::size_t> places_; ///< in schemes_, by name; empty while they are few
 };
 
 } // namespace specloom::openapi

@@ -103,8 +103,6 @@ std::size_t ComponentComparisons::PairHash::operator()(const Pair& pair) const n
 }
 
 void ComponentComparisons::compareComponents(const Components& source, const Components& destination) {
-    constexpr std::size_t changesPerNode = 10; // far more than any two versions of one document have
-    budget_ = changesPerNode * (std::size_t{source.indexLimit()} + destination.indexLimit());
     hasAliases_ = holdsReferences(source) || holdsReferences(destination);
     std::unordered_map<const Node*, const Node*, openapi::NodeHash> partners; // by node of the destination
     forEachSection(destination, [&](const openapi::NamedNodes& section, ComponentSection which) {
@@ -131,7 +129,7 @@ void ComponentComparisons::include(const Node& source, const Node& destination) 
     const Pair targets = targetsOf(source, destination);
     if (targets.source == nullptr || targets.destination == nullptr)
         return;
-    if (budget_ == 0 && !units_.contains(targets))
+    if (!units_.contains(targets) && !afford(targets))
         return;
     const Pair place{&source, &destination};
     Unit& unit = unitOf(targets, place);
@@ -140,6 +138,33 @@ void ComponentComparisons::include(const Node& source, const Node& destination) 
     else if (unit.dependents.empty() || unit.dependents.back() != evaluated_)
         unit.dependents.push_back(evaluated_);
     context_.include(unit.comparison, unit.place == place);
+}
+
+bool ComponentComparisons::afford(const Pair& nodes) {
+    if (!budget_)
+        budget_ = comparisonsOfAll * (valuesIn(*nodes.source->root()) + valuesIn(*nodes.destination->root()));
+    const std::size_t cost = valuesIn(*nodes.source) + valuesIn(*nodes.destination);
+    if (cost > *budget_)
+        return false;
+    *budget_ -= cost;
+    return true;
+}
+
+std::size_t ComponentComparisons::valuesIn(const Node& node) {
+    const auto [size, isNew] = sizes_.try_emplace(&node, 1);
+    if (!isNew || node.source() == nullptr)
+        return size->second;
+    std::vector<const jv::JV*> open{node.source()};
+    for (; !open.empty(); ++size->second) {
+        const jv::JV& value = *open.back();
+        open.pop_back();
+        if (value.isArray())
+            open.insert(open.end(), value.elements().begin(), value.elements().end());
+        else if (value.isObject())
+            for (const jv::Member& member : value.members())
+                open.push_back(member.value);
+    }
+    return size->second;
 }
 
 /// Two references of one name lead to the components of that name, be they references again; all others to
@@ -213,8 +238,6 @@ void ComponentComparisons::evaluate(Unit& unit) {
     Comparison found = context_.collect(*nodes.source, *nodes.destination,
                                         [&] { diffComponents(nodes.source, nodes.destination, context_); });
     evaluated_ = nullptr;
-    if (unit.place != Pair{})
-        spend(found.changes.size() + 1);
     const bool isWorse = found.level > unit.comparison.level || found.weight > unit.comparison.weight ||
                          (unit.comparison.changes.empty() && !found.changes.empty());
     unit.comparison = std::move(found);

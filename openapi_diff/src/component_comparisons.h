@@ -3,11 +3,11 @@
 #include "openapi/components.h"
 #include "openapi_diff/diff_context.h"
 
-#include <algorithm>     // std::min
 #include <cstddef>       // std::size_t
 #include <cstdint>       // std::int64_t
 #include <deque>         // std::deque
 #include <limits>        // std::numeric_limits
+#include <optional>      // std::optional
 #include <queue>         // std::priority_queue
 #include <unordered_map> // std::unordered_map
 #include <vector>        // std::vector
@@ -26,11 +26,15 @@ namespace specloom::openapi_diff {
 /// `components`, all others where the pair was met first.
 ///
 /// Documents whose references all go elsewhere than before could bring every object of the one together with
-/// every object of the other. So that the work stays in proportion to the documents, pairs of different names
-/// are no longer followed once they had more changes than the documents have nodes, several times over; that
-/// the reference changed is told all the same.
+/// every object of the other. So that the work stays in proportion to the documents, the values below each
+/// pair of different names are counted before it is compared, and no such pair is followed once they would be
+/// more than `comparisonsOfAll` times those of both documents; that the reference changed is told all the
+/// same.
 class ComponentComparisons {
   public:
+    /// Far more than any two versions of one document have.
+    static constexpr std::size_t comparisonsOfAll = 4;
+
     explicit ComponentComparisons(DiffContext& context) noexcept : context_(context) {}
     ComponentComparisons(const ComponentComparisons&) = delete;
     ComponentComparisons& operator=(const ComponentComparisons&) = delete;
@@ -67,15 +71,18 @@ class ComponentComparisons {
 
     [[nodiscard]] Pair targetsOf(const openapi::Node& source, const openapi::Node& destination) const;
     [[nodiscard]] Unit& unitOf(const Pair& nodes, const Pair& place);
-    void spend(std::size_t changes) noexcept { budget_ -= std::min(budget_, changes); }
+    /// Whether the budget allows for the comparison of two objects; takes it from there if so.
+    [[nodiscard]] bool afford(const Pair& nodes);
+    [[nodiscard]] std::size_t valuesIn(const openapi::Node& node);
     void enqueue(Unit& unit);
     [[nodiscard]] Unit* nextWaiting();
     void settle();
     void evaluate(Unit& unit);
 
     DiffContext& context_;
-    bool hasAliases_ = true; ///< whether components are references themselves
-    std::size_t budget_ = 0; ///< changes that pairs of different names may still have
+    bool hasAliases_ = true;            ///< whether components are references themselves
+    std::optional<std::size_t> budget_; ///< values that may still be compared in pairs of different names
+    std::unordered_map<const openapi::Node*, std::size_t> sizes_; ///< valuesIn() of those that were asked for
     std::unordered_map<Pair, Unit, PairHash> units_;
     std::int64_t lowestOrder_ = 0;
     std::int64_t highestOrder_ = 0;

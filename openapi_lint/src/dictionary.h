@@ -1,9 +1,10 @@
 #pragma once
 
-#include <memory>        // std::unique_ptr
-#include <string>        // std::string
-#include <string_view>   // std::string_view
-#include <unordered_map> // std::unordered_map
+#include "foundation/text_tables.h"
+
+#include <memory>      // std::unique_ptr
+#include <string>      // std::string
+#include <string_view> // std::string_view
 
 class Hunspell;
 
@@ -36,7 +37,7 @@ class Dictionary {
 
     std::unique_ptr<Hunspell> hunspell_;
     std::unique_ptr<EncodingConverter> converter_;
-    std::unordered_map<std::string, bool> answers_;
+    TextMap<bool> answers_;
 };
 
 } // namespace specloom::openapi_lint

@@ -12,6 +12,12 @@ bool lists(const jv::JV& value, std::string_view ruleId) {
     return false;
 }
 
+/// Whether the node itself switches the rule off.
+bool disables(const openapi::Node& node, const Rule& rule) {
+    const jv::JV* value = disablingOf(node);
+    return value != nullptr && lists(*value, rule.id());
+}
+
 } // namespace
 
 const jv::JV* disablingOf(const openapi::Node& node) {
@@ -23,7 +29,7 @@ const jv::JV* disablingOf(const openapi::Node& node) {
 
 bool isDisabled(const Rule& rule, const openapi::Node* node) {
     for (; node != nullptr; node = node->parent())
-        if (const jv::JV* value = disablingOf(*node); value != nullptr && lists(*value, rule.id()))
+        if (disables(*node, rule))
             return true;
     return false;
 }
@@ -35,6 +41,24 @@ bool isDisabled(const Rule& rule, const openapi::Node* first, const openapi::Nod
 bool isDisabled(const Rule& rule, const openapi::Node* first, const openapi::Node* second,
                 const openapi::Node* third) {
     return isDisabled(rule, first, second) || isDisabled(rule, third);
+}
+
+bool DisabledNodes::contain(const Rule& rule, const openapi::Node& node) {
+    if (rule_ != &rule) {
+        rule_ = &rule;
+        states_.clear();
+    }
+    states_.resize(node.indexLimit(), State::Unknown);
+    State found = State::Unknown;
+    const openapi::Node* end = &node; // of the way upwards on which nothing is known yet
+    for (; end != nullptr && found == State::Unknown; end = end->parent())
+        if (found = states_[end->index()]; found == State::Unknown && disables(*end, rule))
+            found = State::Disabled;
+    if (found == State::Unknown)
+        found = State::Enabled;
+    for (const openapi::Node* known = &node; known != end; known = known->parent())
+        states_[known->index()] = found;
+    return found == State::Disabled;
 }
 
 } // namespace specloom::openapi_lint

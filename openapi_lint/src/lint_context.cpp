@@ -1,11 +1,13 @@
 #include "openapi_lint/lint_context.h"
 
 #include <algorithm> // std::stable_sort
+#include <stdexcept> // std::runtime_error
 #include <utility>   // std::move
+
+#include <fmt/format.h>
 
 #include "foundation/unreachable.h"
 #include "openapi/node_visitor.h"
-#include "openapi_lint/disabling.h"
 
 namespace specloom::openapi_lint {
 namespace {
@@ -27,11 +29,14 @@ void LintContext::walk(openapi::NodeVisitHandler& handler) const {
         openapi::NodeVisitor(handler).visit(document->root());
 }
 
-bool LintContext::isDisabled(const Rule& rule, const openapi::Node& node) const {
-    return (!order_ || order_->mayDisable()) && openapi_lint::isDisabled(rule, &node);
+bool LintContext::isDisabled(const Rule& rule, const openapi::Node& node, const openapi::Node* other) const {
+    return (!order_ || order_->mayDisable()) &&
+           (disabled_.contain(rule, node) || (other != nullptr && disabled_.contain(rule, *other)));
 }
 
 void LintContext::report(const Rule& rule, std::string message, const openapi::Node& node) {
+    if (results.size() - firstOfFile_ == mostFindings)
+        throw std::runtime_error(fmt::format("More than {} findings in one document", mostFindings));
     LintResult result{.ruleId = rule.id(),
                       .severity = rule.severity(),
                       .fixable = rule.isFixable(),

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "openapi/read_result.h"
+#include "openapi_lint/disabling.h"
 #include "openapi_lint/lint_result.h"
 #include "openapi_lint/rule.h"
 #include "openapi_lint/walk_order.h"
@@ -23,6 +24,8 @@ using ResultsByFile = std::map<std::string_view, std::vector<std::size_t>>;
 /// What rules and formatters work on: the document at hand and the findings of all files so far.
 class LintContext {
   public:
+    static constexpr std::size_t mostFindings = 500'000; ///< of one document
+
     LintContext() = default;
     LintContext(const LintContext&) = delete;
     LintContext& operator=(const LintContext&) = delete;
@@ -32,7 +35,10 @@ class LintContext {
         return filenames_.empty() ? std::string_view() : std::string_view(filenames_.back());
     }
     /// The results so far keep the name that they have.
-    void setFilename(std::string filename) { filenames_.push_back(std::move(filename)); }
+    void setFilename(std::string filename) {
+        filenames_.push_back(std::move(filename));
+        firstOfFile_ = results.size();
+    }
     /// The names that were set, in their order: every file that was linted, also those without findings.
     [[nodiscard]] const std::list<std::string>& filenames() const noexcept { return filenames_; }
 
@@ -46,9 +52,13 @@ class LintContext {
     void walk(openapi::NodeVisitHandler& handler) const;
     /// Makes the following walks cheap, until release(). Meanwhile the tree must stay as it is.
     void freeze() { order_.emplace(document->root()); }
-    void release() { order_.reset(); }
-    /// isDisabled(), which is cheap in a frozen document that disables nothing.
-    [[nodiscard]] bool isDisabled(const Rule& rule, const openapi::Node& node) const;
+    void release() {
+        order_.reset();
+        disabled_.clear();
+    }
+    /// isDisabled() for the many nodes of the document at hand; `other` may be null.
+    [[nodiscard]] bool isDisabled(const Rule& rule, const openapi::Node& node,
+                                  const openapi::Node* other = nullptr) const;
 
     /// Appends a finding, with the position of the value that the node was read from; unknown for a node that
     /// was made in code. Nothing is deduplicated. A severity outside of the enumeration is an unreachable
@@ -67,7 +77,9 @@ class LintContext {
     std::uint64_t fixableWarningCount = 0; ///< those of warningCount that are fixable
 
   private:
-    std::optional<WalkOrder> order_;   ///< while the tree is frozen
+    std::optional<WalkOrder> order_; ///< while the tree is frozen
+    mutable DisabledNodes disabled_;
+    std::size_t firstOfFile_ = 0;      ///< index of the first result of the file at hand
     std::list<std::string> filenames_; ///< a list, because results refer to its texts
 };
 

@@ -8,6 +8,8 @@
 #include "jv/yaml_reader.h"
 #include "test_support/documents.h"
 
+#include "test_support/sanitizers.h"
+
 #include <fmt/format.h>
 #include <gtest/gtest.h>
 #include <sstream>   // std::istringstream
@@ -16,20 +18,8 @@
 namespace specloom::jv {
 namespace {
 
-#if defined(__SANITIZE_ADDRESS__)
-#define SPECLOOM_SLOW_BUILD 1
-#elif defined(__has_feature)
-#if __has_feature(address_sanitizer)
-#define SPECLOOM_SLOW_BUILD 1
-#endif
-#endif
-
 /// Sanitizers multiply memory and time; a tenth is still far more than a stack holds.
-#ifdef SPECLOOM_SLOW_BUILD
-constexpr std::size_t scale = 10;
-#else
-constexpr std::size_t scale = 1;
-#endif
+constexpr std::size_t scale = test_support::hasAddressSanitizer ? 10 : 1;
 
 constexpr std::size_t million = 1'000'000 / scale;
 

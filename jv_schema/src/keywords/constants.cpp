@@ -1,5 +1,6 @@
 #include "jv_schema/keywords/constants.h"
 
+#include "jv/equal_values.h"
 #include "jv_schema/compiler.h"
 #include "jv_schema/evaluation.h"
 #include "jv_schema/messages.h"

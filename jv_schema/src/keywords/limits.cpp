@@ -2,8 +2,8 @@
 
 #include "jv_schema/compiler.h"
 #include "jv_schema/evaluation.h"
-#include "jv_schema/exact_numbers.h"
 #include "jv_schema/messages.h"
+#include "number/exact_numbers.h"
 
 #include <fmt/core.h>
 
@@ -20,7 +20,7 @@ class Limit : public Keyword {
           exclusive_(exclusive) {}
 
     [[nodiscard]] bool evaluate(const JV& instance, Evaluation& evaluation) const override {
-        const std::optional<int> order = compareExactly(instance.number(), limit_.number());
+        const std::optional<int> order = number::compareExactly(instance.number(), limit_.number());
         const int inside = side_ == Side::Minimum ? 1 : -1;
         if (order && (*order == inside || (*order == 0 && !exclusive_)))
             return true;

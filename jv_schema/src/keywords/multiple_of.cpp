@@ -3,8 +3,8 @@
 #include "foundation/message.h"
 #include "jv_schema/compiler.h"
 #include "jv_schema/evaluation.h"
-#include "jv_schema/exact_numbers.h"
 #include "jv_schema/messages.h"
+#include "number/exact_numbers.h"
 
 #include <fmt/core.h>
 
@@ -14,7 +14,7 @@ namespace {
 
 class MultipleOf : public Keyword {
   public:
-    MultipleOf(const Site& site, Divisor divisor)
+    MultipleOf(const Site& site, number::Divisor divisor)
         : Keyword(site.place, site.keyword, only(Kind::Number)), value_(site.value), divisor_(divisor) {}
 
     [[nodiscard]] bool evaluate(const JV& instance, Evaluation& evaluation) const override {
@@ -26,7 +26,7 @@ class MultipleOf : public Keyword {
 
   private:
     const JV& value_;
-    Divisor divisor_;
+    number::Divisor divisor_;
 };
 
 } // namespace
@@ -34,9 +34,9 @@ class MultipleOf : public Keyword {
 std::unique_ptr<Keyword> makeMultipleOf(const Site& site) {
     site.require(Kind::Number);
     const number::Number number = site.value.number();
-    const std::optional<Divisor> divisor = Divisor::of(number);
+    const std::optional<number::Divisor> divisor = number::Divisor::of(number);
     if (!divisor) {
-        const bool positive = compareExactly(number, number::Number()).value_or(0) > 0;
+        const bool positive = number::compareExactly(number, number::Number()).value_or(0) > 0;
         site.fault(positive ? formatMessage(message::longDivisor, site.keyword)
                             : formatMessage(message::notPositive, site.keyword));
     }

@@ -3,8 +3,8 @@
 #include "foundation/message.h"
 #include "jv_schema/compiler.h"
 #include "jv_schema/evaluation.h"
-#include "jv_schema/exact_numbers.h"
 #include "jv_schema/messages.h"
+#include "number/exact_numbers.h"
 
 #include <optional> // std::optional
 #include <string>   // std::string
@@ -35,7 +35,7 @@ class Type : public Keyword {
         if (!instance.isNumber())
             return false;
         const number::Number number = instance.number();
-        return isIntegral(number) && !(byForm_ && number.kind() == number::NumberKind::Float);
+        return number::isIntegral(number) && !(byForm_ && number.kind() == number::NumberKind::Float);
     }
 
     KindSet kinds_;

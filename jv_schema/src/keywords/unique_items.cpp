@@ -1,9 +1,9 @@
 #include "jv_schema/keywords/unique_items.h"
 
+#include "jv/equal_values.h"
 #include "jv_schema/compiler.h"
 #include "jv_schema/evaluation.h"
 #include "jv_schema/messages.h"
-#include "jv_schema/value_set.h"
 
 #include <algorithm> // std::minmax, std::sort
 #include <optional>  // std::optional

@@ -126,7 +126,7 @@ class ObjectReader {
         context.source().forEachOrdered(&object, [&](const jv::Member& member) {
             if (member.key.starts_with("x-")) {
                 if (extensions == Extensions::Read)
-                    node.replaceExtension(Text::borrow(member.key), Value::borrow(*member.value));
+                    context.extensions.push_back(member);
                 return;
             }
             const std::size_t row = rowOf(member.key);
@@ -135,6 +135,8 @@ class ObjectReader {
             values[row] = member.value;
             present |= std::uint64_t{1} << row;
         });
+        if (!context.extensions.empty())
+            context.addExtensions(node);
         return present;
     }
 

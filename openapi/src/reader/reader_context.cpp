@@ -6,7 +6,7 @@
 
 #include <fmt/format.h> // fmt::format, fmt::format_to
 
-#include <algorithm> // std::any_of
+#include <algorithm> // std::any_of, std::ranges::sort
 #include <iterator>  // std::back_inserter
 #include <stdexcept> // std::runtime_error
 #include <utility>   // std::move
@@ -42,6 +42,14 @@ bool ReaderContext::enter(const Node& node, const jv::JV& value) {
     }
     ++depth_;
     return true;
+}
+
+void ReaderContext::addExtensions(Node& node) {
+    // One that stands before another is put at its place by moving all behind it: hence in order.
+    std::ranges::sort(extensions, {}, &jv::Member::key);
+    for (const jv::Member& member : extensions)
+        node.replaceExtension(Text::borrow(member.key), Value::borrow(*member.value));
+    extensions.clear();
 }
 
 // ---- errors ----------------------------------------------------------------------------------------------

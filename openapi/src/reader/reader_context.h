@@ -39,6 +39,11 @@ class ReaderContext {
     [[nodiscard]] bool enter(const Node& node, const jv::JV& value);
     void leave() noexcept { --depth_; }
 
+    /// The extensions of the object that is being read, in source order; emptied by addExtensions().
+    std::vector<jv::Member> extensions;
+    /// Gives them to their node in order of their names, as it keeps them.
+    void addExtensions(Node& node);
+
     // ---- references --------------------------------------------------------------------------------------
 
     /// The `$ref` member of an object; null for anything else.

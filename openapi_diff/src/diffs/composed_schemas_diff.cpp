@@ -1,5 +1,6 @@
 #include "openapi_diff/diffs/composed_schemas_diff.h"
 
+#include "foundation/keyed_hash.h"
 #include "openapi_diff/diffs/list_pairing.h"
 #include "openapi_diff/diffs/reference_diff.h"
 #include "openapi_diff/diffs/schema_diff.h"
@@ -60,10 +61,9 @@ void diffComposedSchemas(ConfigKey key, const openapi::NodeList* source, const o
         return;
     }
     ListPairing pairing(before, after);
-    pairing.pairBy<std::hash<std::string_view>>(
+    pairing.pairBy<KeyedHash>(
         [&](DocumentSide side, std::size_t index) { return componentNameOf(at(side, index)); });
-    pairing.pairBy<std::hash<std::string_view>>(
-        [&](DocumentSide side, std::size_t index) { return titleOf(at(side, index)); });
+    pairing.pairBy<KeyedHash>([&](DocumentSide side, std::size_t index) { return titleOf(at(side, index)); });
     pairing.pairBy<ValueKeyHash>(
         [&](DocumentSide side, std::size_t index) { return valueOf(at(side, index)); });
     pairing.pairInOrder();

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "jv/jv.h"
+#include "jv/equal_values.h"
 #include "openapi_diff/change.h"
 
 #include <cstddef>       // std::size_t
@@ -152,12 +152,12 @@ void compareSets(std::size_t source, std::size_t destination, KeyOf keyOf, Tell 
 
 /// A value as the key of a pairing; equal where the values are. The hash is taken once.
 struct ValueKey {
-    explicit ValueKey(const jv::JV& of) : value(&of), hash(of.hash()) {}
+    explicit ValueKey(const jv::JV& of) : value(&of), hash(jv::hashOfValue(of)) {}
 
     const jv::JV* value;
     std::uint64_t hash;
     friend bool operator==(const ValueKey& a, const ValueKey& b) {
-        return a.hash == b.hash && a.value->equals(*b.value);
+        return a.hash == b.hash && jv::equalValues(*a.value, *b.value);
     }
 };
 struct ValueKeyHash {

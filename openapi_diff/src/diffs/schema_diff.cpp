@@ -1,5 +1,6 @@
 #include "openapi_diff/diffs/schema_diff.h"
 
+#include "jv/equal_values.h"
 #include "openapi/schema_format.h"
 #include "openapi_diff/config_fields.h"
 #include "openapi_diff/diffs/composed_schemas_diff.h"
@@ -80,7 +81,7 @@ void enumeration(const Row& row, const Schema* source, const Schema* destination
     const auto& before = source == nullptr ? none : enumerationOf(*source);
     const auto& after = destination == nullptr ? none : enumerationOf(*destination);
     if (agreeInOrder(before.size(), after.size(),
-                     [&](std::size_t i) { return before[i]->equals(*after[i]); }))
+                     [&](std::size_t i) { return jv::equalValues(*before[i], *after[i]); }))
         return;
     const auto keysOf = [](const std::vector<openapi::Value>& values) {
         std::vector<ValueKey> keys;

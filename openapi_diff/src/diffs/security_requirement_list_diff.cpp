@@ -1,10 +1,10 @@
 #include "openapi_diff/diffs/security_requirement_list_diff.h"
 
+#include "foundation/keyed_hash.h"
 #include "openapi_diff/diffs/list_pairing.h"
 
-#include <algorithm>  // std::sort
-#include <functional> // std::hash
-#include <string>     // std::string
+#include <algorithm> // std::sort
+#include <string>    // std::string
 
 namespace specloom::openapi_diff {
 namespace {
@@ -60,7 +60,7 @@ void SecurityRequirementListDiff::diff(const List* source, const List* destinati
                                        DiffContext& context) const {
     const std::vector<std::string> before = meaningsOf(source);
     const std::vector<std::string> after = meaningsOf(destination);
-    pairLists<std::hash<std::string_view>>(
+    pairLists<KeyedHash>(
         before.size(), after.size(),
         [&](DocumentSide side, std::size_t index) {
             return std::string_view(side == DocumentSide::Source ? before[index] : after[index]);

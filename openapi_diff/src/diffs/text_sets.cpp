@@ -1,8 +1,7 @@
 #include "openapi_diff/diffs/text_sets.h"
 
+#include "foundation/keyed_hash.h"
 #include "openapi_diff/diffs/list_pairing.h"
-
-#include <functional> // std::hash
 
 namespace specloom::openapi_diff {
 
@@ -20,17 +19,16 @@ void diffTextSets(ConfigKey key, const openapi::Node* source, const openapi::Nod
     const auto textAt = [&](DocumentSide side, std::size_t index) {
         return side == DocumentSide::Source ? before[index] : after[index];
     };
-    compareSets<std::hash<std::string_view>>(
-        before.size(), after.size(), textAt, [&](DocumentSide side, std::size_t index) {
-            const auto position = static_cast<std::int64_t>(index);
-            if (side == DocumentSide::Destination) {
-                const auto scope = context.enterIndex(nullptr, destination, key, position);
-                context.added(key, *destination, after[index]);
-            } else {
-                const auto scope = context.enterIndex(source, nullptr, key, position);
-                context.removed(key, *source, before[index]);
-            }
-        });
+    compareSets<KeyedHash>(before.size(), after.size(), textAt, [&](DocumentSide side, std::size_t index) {
+        const auto position = static_cast<std::int64_t>(index);
+        if (side == DocumentSide::Destination) {
+            const auto scope = context.enterIndex(nullptr, destination, key, position);
+            context.added(key, *destination, after[index]);
+        } else {
+            const auto scope = context.enterIndex(source, nullptr, key, position);
+            context.removed(key, *source, before[index]);
+        }
+    });
 }
 
 } // namespace specloom::openapi_diff

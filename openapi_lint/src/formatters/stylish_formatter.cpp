@@ -1,6 +1,6 @@
 #include "openapi_lint/formatters/stylish_formatter.h"
 
-#include <algorithm> // std::max
+#include <algorithm> // std::max, std::min
 #include <iterator>  // std::back_inserter
 #include <ostream>   // std::ostream
 #include <string>    // std::string
@@ -42,6 +42,9 @@ Row rowOf(const LintResult& result) {
             .ruleId = std::string(result.ruleId)};
 }
 
+/// One message of a thousand pages would make as much of each line.
+constexpr std::size_t widestMessage = 200; // columns
+
 Widths widthsOf(const std::vector<Row>& rows) {
     Widths widths;
     for (const Row& row : rows) {
@@ -51,12 +54,13 @@ Widths widthsOf(const std::vector<Row>& rows) {
         widths.message = std::max(widths.message, columnsOf(row.message));
         widths.ruleId = std::max(widths.ruleId, columnsOf(row.ruleId));
     }
+    widths.message = std::min(widths.message, widestMessage);
     return widths;
 }
 
 // By hand, because fmt counts bytes or cells of a terminal, and refuses what is no UTF-8.
 void appendPadded(std::string& text, std::string_view value, std::size_t width) {
-    text.append(value).append(width - columnsOf(value), ' ');
+    text.append(value).append(width - std::min(width, columnsOf(value)), ' ');
 }
 
 void appendFile(std::string& text, std::string_view name, const std::vector<Row>& rows) {

@@ -5,7 +5,8 @@
 namespace specloom::openapi_lint {
 
 /// For people at a terminal: the findings of each file in aligned columns, and a summary. Line numbers are
-/// aligned right, all else left; each file has widths of its own.
+/// aligned right, all else left; each file has widths of its own. Messages of more than 200 columns stand
+/// unpadded, and no other is padded beyond that.
 class StylishFormatter final : public Formatter {
   public:
     explicit StylishFormatter(std::ostream& stream) : Formatter(stream) {}

@@ -1,9 +1,9 @@
 #include "openapi_lint/rules/operation_id_unique.h"
 
-#include <string>        // std::string
-#include <string_view>   // std::string_view
-#include <unordered_set> // std::unordered_set
+#include <string>      // std::string
+#include <string_view> // std::string_view
 
+#include "foundation/text_tables.h"
 #include "openapi/operation.h"
 #include "openapi_lint/rule_handler.h"
 
@@ -27,7 +27,7 @@ class OperationIdUniqueHandler final : public RuleHandler {
     }
 
   private:
-    std::unordered_set<std::string_view> ids_;
+    TextViewSet ids_;
 };
 
 } // namespace

@@ -4,7 +4,6 @@
 #include <cstddef>     // std::size_t
 #include <string_view> // std::string_view
 
-#include "openapi_lint/disabling.h"
 #include "openapi_lint/lint_context.h"
 #include "openapi_lint/rule_options.h"
 
@@ -31,7 +30,7 @@ void PathsMaxDepth::configure(const jv::JV* options) {
 void PathsMaxDepth::check(LintContext& context) {
     for (const auto& entry : context.root().paths()) {
         const openapi::Node& item = *entry.value;
-        if (!isDisabled(*this, &item, item.resolve()) && maximum_.compare(depthOf(entry.name())) < 0)
+        if (!context.isDisabled(*this, item, item.resolve()) && maximum_.compare(depthOf(entry.name())) < 0)
             report(context, fmt::format(tooDeep, entry.name()), item);
     }
 }

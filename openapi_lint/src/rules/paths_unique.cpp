@@ -1,9 +1,9 @@
 #include "openapi_lint/rules/paths_unique.h"
 
-#include <string>        // std::string
-#include <string_view>   // std::string_view
-#include <unordered_set> // std::unordered_set
+#include <string>      // std::string
+#include <string_view> // std::string_view
 
+#include "foundation/text_tables.h"
 #include "openapi_lint/disabling.h"
 #include "openapi_lint/lint_context.h"
 #include "openapi_lint/texts.h"
@@ -24,7 +24,7 @@ void PathsUnique::check(LintContext& context) {
     const openapi::OpenAPI& root = context.root();
     if (isDisabled(*this, &root))
         return;
-    std::unordered_set<std::string> forms;
+    TextSet forms;
     for (const auto& entry : root.paths())
         if (!forms.insert(formOf(entry.name())).second)
             report(context, duplicatePath, *entry.value);

@@ -4,7 +4,6 @@
 #include <string_view> // std::string_view
 
 #include "foundation/strings.h"
-#include "openapi_lint/disabling.h"
 #include "openapi_lint/lint_context.h"
 #include "openapi_lint/texts.h"
 
@@ -27,21 +26,21 @@ std::string fixed(std::string_view path) {
 }
 
 /// A reference stands in for a path item, but only the item itself can say that the rule is disabled.
-bool isDisabledOn(const Rule& rule, const openapi::Node& entry) {
-    return isDisabled(rule, &entry, entry.resolve());
+bool isDisabledOn(const LintContext& context, const Rule& rule, const openapi::Node& entry) {
+    return context.isDisabled(rule, entry, entry.resolve());
 }
 
 } // namespace
 
 void PathsWellFormed::check(LintContext& context) {
     for (const auto& entry : context.root().paths())
-        if (!isDisabledOn(*this, *entry.value) && !isWellFormed(entry.name()))
+        if (!isDisabledOn(context, *this, *entry.value) && !isWellFormed(entry.name()))
             report(context, fmt::format(notWellFormed, entry.name()), *entry.value);
 }
 
 void PathsWellFormed::fix(LintContext& context) {
-    context.root().paths().renameAll([this](std::string_view url, const openapi::Node& entry) {
-        return isDisabledOn(*this, entry) ? std::string(url) : fixed(url);
+    context.root().paths().renameAll([&](std::string_view url, const openapi::Node& entry) {
+        return isDisabledOn(context, *this, entry) ? std::string(url) : fixed(url);
     });
 }
 

@@ -3,6 +3,7 @@
 #include <unordered_set> // std::unordered_set
 #include <vector>        // std::vector
 
+#include "jv/equal_values.h"
 #include "openapi/node_visitor.h"
 #include "openapi/schema.h"
 #include "openapi_lint/rule_handler.h"
@@ -15,16 +16,9 @@ using openapi::Value;
 
 constexpr const char* duplicateEnumValue = "Duplicate enum value";
 
-struct ContentHash {
-    std::size_t operator()(const jv::JV* value) const { return static_cast<std::size_t>(value->hash()); }
-};
-struct ContentEqual {
-    bool operator()(const jv::JV* a, const jv::JV* b) const { return a->equals(*b); }
-};
-
 /// The values without those that equal one before them.
 std::vector<const jv::JV*> distinctValues(const std::vector<Value>& values) {
-    std::unordered_set<const jv::JV*, ContentHash, ContentEqual> seen(values.size());
+    std::unordered_set<const jv::JV*, jv::ValueHash, jv::ValueEqual> seen(values.size());
     std::vector<const jv::JV*> distinct;
     for (const Value& value : values)
         if (seen.insert(value.get()).second)

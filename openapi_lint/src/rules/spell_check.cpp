@@ -10,9 +10,10 @@
 
 #include "foundation/file_system.h"
 #include "foundation/strings.h"
-#include "markdown/parser.h"
 #include "foundation/message.h"
+#include "foundation/text_tables.h"
 #include "foundation/utf8.h"
+#include "markdown/parser.h"
 #include "openapi_lint/dictionary.h"
 #include "openapi_lint/rule_options.h"
 #include "openapi_lint/texts_handler.h"
@@ -30,7 +31,7 @@ constexpr const char* optionNoStrings = "Option '{}' must be an array of strings
 constexpr const char* filesNotPaired = "Options 'affix' and 'dictionary' must be given together";
 constexpr const char* wordFileUnreadable = "Word file cannot be read: {}";
 
-using Words = std::unordered_set<std::string>;
+using Words = TextSet;
 
 /// The members of the options, checked for their kinds.
 class SpellCheckOptions {
@@ -146,7 +147,7 @@ class SpellCheckHandler final : public TextsHandler {
   protected:
     void visitTexts(const openapi::Node& node, const openapi::NodeTexts& texts) override {
         const std::string prose = proseOf(texts);
-        std::unordered_set<std::string_view> reported;
+        TextViewSet reported;
         for (const Word& word : wordsOf(prose)) {
             if (word.isWhole && dictionary_.knows(word.text)) // it may know "re-use" and not "re"
                 continue;
@@ -179,7 +180,7 @@ SpellCheck::~SpellCheck() = default;
 void SpellCheck::configure(const jv::JV* options) {
     const SpellCheckOptions given(requireOptions(options, ruleId));
     const LocalFileSystem files;
-    std::unordered_set<std::string> words = readAcceptedWords(given, files);
+    TextSet words = readAcceptedWords(given, files);
     dictionary_ = readDictionary(given, files);
     acceptedWords_ = std::move(words);
 }

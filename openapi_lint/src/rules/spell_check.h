@@ -1,10 +1,10 @@
 #pragma once
 
+#include "foundation/text_tables.h"
 #include "openapi_lint/rule.h"
 
-#include <memory>        // std::unique_ptr
-#include <string>        // std::string
-#include <unordered_set> // std::unordered_set
+#include <memory> // std::unique_ptr
+#include <string> // std::string
 
 namespace specloom::openapi_lint {
 
@@ -34,7 +34,7 @@ class SpellCheck final : public Rule {
 
   private:
     std::unique_ptr<Dictionary> dictionary_;
-    std::unordered_set<std::string> acceptedWords_;
+    TextSet acceptedWords_;
 };
 
 } // namespace specloom::openapi_lint

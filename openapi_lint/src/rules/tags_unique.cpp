@@ -1,9 +1,8 @@
 #include "openapi_lint/rules/tags_unique.h"
 
-#include <unordered_set> // std::unordered_set
-
 #include <fmt/format.h>
 
+#include "foundation/text_tables.h"
 #include "openapi_lint/disabling.h"
 #include "openapi_lint/lint_context.h"
 
@@ -18,7 +17,7 @@ void TagsUnique::check(LintContext& context) {
     const openapi::OpenAPI& root = context.root();
     if (isDisabled(*this, &root))
         return;
-    std::unordered_set<std::string_view> names;
+    TextViewSet names;
     for (const auto& tag : root.tags())
         if (!names.insert(tag->name()).second)
             report(context, fmt::format(nameRepeated, tag->name()), *tag);

@@ -1,10 +1,10 @@
 #include "openapi_lint/rules/unused_shared_component.h"
 
-#include <algorithm>     // std::any_of
-#include <string_view>   // std::string_view
-#include <unordered_set> // std::unordered_set
-#include <vector>        // std::vector
+#include <algorithm>   // std::any_of
+#include <string_view> // std::string_view
+#include <vector>      // std::vector
 
+#include "foundation/text_tables.h"
 #include "openapi/components.h"
 #include "openapi/reference.h"
 #include "openapi/security_requirement.h"
@@ -86,8 +86,8 @@ class UnusedSharedComponentHandler final : public RuleHandler {
     }
 
     const openapi::Components* components_ = nullptr;
-    std::unordered_set<std::string_view> securitySchemes_;
-    std::unordered_set<std::string_view> schemas_; ///< that discriminators name
+    TextViewSet securitySchemes_;
+    TextViewSet schemas_; ///< that discriminators name
 };
 
 } // namespace

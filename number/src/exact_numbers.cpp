@@ -1,18 +1,18 @@
-#include "jv_schema/exact_numbers.h"
+#include "number/exact_numbers.h"
+
+#include "foundation/keyed_hash.h"
 
 #include <bit>         // std::countr_zero
 #include <charconv>    // std::from_chars
 #include <cmath>       // std::isfinite, std::isnan, std::floor
+#include <cstdlib>     // std::strtod
 #include <limits>      // std::numeric_limits
 #include <string>      // std::string
 #include <string_view> // std::string_view
 
-namespace specloom::jv::schema {
+namespace specloom::number {
 
 namespace {
-
-using number::Number;
-using number::NumberKind;
 
 __extension__ using Wide = unsigned __int128;
 
@@ -47,6 +47,22 @@ struct Decimal {
     }
     decimal.digits.erase(0, decimal.digits.find_first_not_of('0'));
     return decimal;
+}
+
+/// The integer that a number equals, when it has one of 64 bits: not negative as Unsigned, negative as
+/// Signed.
+[[nodiscard]] std::optional<Number> machineIntegerOf(const Number& value, const Decimal& decimal) {
+    constexpr std::uint64_t lowest = std::uint64_t{1} << 63;
+    const bool isNegative = value.compare(0) < 0;
+    if (decimal.exponent < 0 || decimal.exponent > std::numeric_limits<std::uint64_t>::digits10)
+        return std::nullopt;
+    const std::string digits = decimal.digits + std::string(static_cast<std::size_t>(decimal.exponent), '0');
+    const char* end = digits.data() + digits.size();
+    std::uint64_t magnitude = 0;
+    const auto read = std::from_chars(digits.data(), end, magnitude);
+    if (read.ec != std::errc() || read.ptr != end || (isNegative && magnitude > lowest))
+        return std::nullopt;
+    return isNegative ? Number(static_cast<std::int64_t>(std::uint64_t{0} - magnitude)) : Number(magnitude);
 }
 
 [[nodiscard]] std::uint64_t timesModulo(std::uint64_t a, std::uint64_t b, std::uint64_t modulus) noexcept {
@@ -88,15 +104,15 @@ struct Decimal {
     return isMachineInteger(value) && magnitude(value) <= limit;
 }
 
-[[nodiscard]] number::BigFloat toBig(const Number& value) {
-    number::BigFloat result;
+[[nodiscard]] BigFloat toBig(const Number& value) {
+    BigFloat result;
     if (value.kind() == NumberKind::Signed)
         static_cast<void>(result.setInt(value.signedValue()));
     else if (value.kind() == NumberKind::Unsigned)
         static_cast<void>(result.setUInt(value.unsignedValue()));
     else if (value.kind() == NumberKind::Float && std::isfinite(value.floatValue()))
-        static_cast<void>(number::BigFloat::fromText(result, value.toString(), nullptr, 10,
-                                                     number::bigPrecision, number::roundNearestEven));
+        static_cast<void>(
+            BigFloat::fromText(result, value.toString(), nullptr, 10, bigPrecision, roundNearestEven));
     else if (value.kind() == NumberKind::Float)
         static_cast<void>(result.setDouble(value.floatValue()));
     else
@@ -104,14 +120,58 @@ struct Decimal {
     return result; // not-a-number when memory ran out
 }
 
+/// The number of the simplest kind that equals a finite one, which is all numbers that do.
+[[nodiscard]] Number simplestEqual(const Number& value) {
+    constexpr std::int32_t mostBits = 1100; // none of a double's powers of two is beyond
+    if (isMachineInteger(value))
+        return value.kind() == NumberKind::Signed && value.signedValue() < 0 ? value
+                                                                             : Number(magnitude(value));
+    if (value.compare(0) == 0)
+        return Number(std::uint64_t{0});
+    if (value.kind() == NumberKind::Float) {
+        if (std::floor(value.floatValue()) != value.floatValue())
+            return value;
+        return machineIntegerOf(value, decimalOf(value)).value_or(value);
+    }
+    if (value.bigValue().exponent() > mostBits || value.bigValue().exponent() < -mostBits)
+        return value;
+    if (value.bigValue().exponent() <= 64 && isIntegral(value))
+        if (const auto integer = machineIntegerOf(value, decimalOf(value)))
+            return *integer;
+    const Number nearest(std::strtod(value.toString().c_str(), nullptr));
+    return compareExactly(value, nearest) == 0 ? nearest : value;
+}
+
 } // namespace
+
+std::uint64_t hashExactly(const Number& value) {
+    if (!isFinite(value))
+        return 0; // the reader makes none
+    const Number simplest = simplestEqual(value);
+    KeyedHasher hasher;
+    hasher.add(static_cast<std::uint64_t>(simplest.kind()));
+    if (simplest.kind() != NumberKind::Big) {
+        hasher.add(simplest.unsignedValue()); // the bits, of whatever kind
+        return hasher.finish();
+    }
+    const BigFloat& big = simplest.bigValue();
+    hasher.add(big.sign());
+    hasher.add(static_cast<std::uint32_t>(big.exponent()));
+    bool isLow = true; // zeros below the mantissa do not count
+    for (const Limb limb : big.limbs()) {
+        isLow = isLow && limb == 0;
+        if (!isLow)
+            hasher.add(limb);
+    }
+    return hasher.finish();
+}
 
 std::optional<int> compareExactly(const Number& a, const Number& b) {
     if (isMachineInteger(a) && isMachineInteger(b))
         return a.compare(b);
     if (isExactDouble(a) && isExactDouble(b))
         return a.compare(b);
-    const int order = number::BigFloat::compareFull(toBig(a), toBig(b));
+    const int order = BigFloat::compareFull(toBig(a), toBig(b));
     return order == 2 ? std::nullopt : std::optional<int>(order);
 }
 
@@ -120,14 +180,14 @@ bool isIntegral(const Number& value) {
         return true;
     if (value.kind() == NumberKind::Float)
         return std::isfinite(value.floatValue()) && std::floor(value.floatValue()) == value.floatValue();
-    const number::BigFloat& big = value.bigValue();
+    const BigFloat& big = value.bigValue();
     if (big.isZero())
         return true;
     if (!big.isRegular())
         return false;
     // The value is 0.limbs times 2^exponent, so the lowest bit that is set tells.
     std::int64_t lowest = std::int64_t{big.exponent()} - static_cast<std::int64_t>(big.limbs().size()) * 32;
-    for (const number::Limb limb : big.limbs()) {
+    for (const Limb limb : big.limbs()) {
         if (limb != 0)
             return lowest + std::countr_zero(limb) >= 0;
         lowest += 32;
@@ -167,4 +227,4 @@ bool Divisor::divides(const Number& value) const {
     return timesModulo(remainder, powerOfTenModulo(decimal.exponent - exponent_, digits_), digits_) == 0;
 }
 
-} // namespace specloom::jv::schema
+} // namespace specloom::number
