@@ -11,6 +11,7 @@
 #include "cli/exit_status.h"
 #include "cli/standard_output.h"
 #include "foundation/message.h"
+#include "foundation/strings.h"
 
 namespace specloom::cli {
 namespace {
@@ -19,10 +20,7 @@ namespace {
 std::string placeHolder(std::string_view name) {
     std::string result(name.substr(std::min(name.find_first_not_of('-'), name.size())));
     std::replace(result.begin(), result.end(), '-', '_');
-    for (char& c : result)
-        if (c >= 'a' && c <= 'z')
-            c = static_cast<char>(c - 'a' + 'A');
-    return result;
+    return toUpperCase(result);
 }
 
 } // namespace

@@ -1,9 +1,9 @@
 #include "jv/yaml_reader.h"
 
+#include "foundation/message.h"
 #include "jv/tree_builder.h"
 
 #include <cstring> // std::strlen
-#include <fmt/core.h>
 #include <istream>   // std::istream
 #include <new>       // std::bad_alloc
 #include <optional>  // std::optional

@@ -6,7 +6,7 @@
 #include "jv_schema/messages.h"
 
 #include <cstdint> // std::uintptr_t
-#include <utility> // std::move
+#include <utility> // std::exchange, std::move
 
 #include <fmt/core.h>
 
@@ -184,6 +184,8 @@ void Evaluation::refuseLength() const {
 // ---- findings
 
 bool Evaluation::rejects(const Node& node) {
+    if (!hasRoom())
+        return false;
     const Place& place = *node.place;
     const bool isProperty = !path_.empty() && path_.back().index == notAnIndex;
     const bool isItem = !path_.empty() && !isProperty;
@@ -203,6 +205,8 @@ bool Evaluation::rejects(const Node& node) {
 }
 
 void Evaluation::add(const Keyword& keyword, std::string message) {
+    if (!hasRoom())
+        return;
     add({{pointer(), keyword.owner().location(keyword.name()), std::string(keyword.name()),
           std::move(message)},
          path_.size(),
@@ -210,10 +214,17 @@ void Evaluation::add(const Keyword& keyword, std::string message) {
 }
 
 void Evaluation::add(Finding finding) {
-    if (findings_.size() < mostErrors)
-        findings_.push_back(std::move(finding));
-    else if (choices_ == 0)
+    if (!hasRoom())
+        return;
+    pointerBytes_ += finding.error.instancePointer.size();
+    findings_.push_back(std::move(finding));
+}
+
+bool Evaluation::hasRoom() const {
+    const bool result = findings_.size() < mostErrors && pointerBytes_ < mostErrorBytes;
+    if (!result && choices_ == 0)
         throw Enough();
+    return result;
 }
 
 std::string Evaluation::pointer() const {
@@ -231,10 +242,12 @@ std::string Evaluation::pointer() const {
 std::vector<Evaluation::Finding> Evaluation::findingsOf(const Node& node, const JV& instance) {
     std::vector<Finding> outer;
     outer.swap(findings_);
+    const std::size_t outerBytes = std::exchange(pointerBytes_, 0);
     ++choices_;
     static_cast<void>(apply(node, instance));
     --choices_;
     outer.swap(findings_);
+    pointerBytes_ = outerBytes;
     return outer;
 }
 

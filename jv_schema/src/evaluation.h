@@ -157,6 +157,8 @@ class Evaluation {
     [[noreturn]] void refuseLength() const;
     void add(const Keyword& keyword, std::string message);
     void add(Finding finding);
+    /// For one more finding. Throws Enough when there is none and nobody has to choose among branches.
+    [[nodiscard]] bool hasRoom() const;
     [[nodiscard]] std::string pointer() const;
 
     const Program& program_;
@@ -171,6 +173,7 @@ class Evaluation {
     std::vector<Step> path_;             ///< to the instance at hand, when explaining
     const Application* way_ = nullptr;   ///< the schemas on the way, innermost first
     std::vector<Finding> findings_;
+    std::size_t pointerBytes_ = 0; ///< of all findings_
     std::size_t choices_ = 0;     ///< how many findingsOf() are on the way
     std::size_t temporaries_ = 0; ///< how many probeTemporary() are on the way
     std::unordered_map<Question, bool, QuestionHash> answers_;

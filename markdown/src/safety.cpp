@@ -1,5 +1,6 @@
 #include "markdown/safety.h"
 
+#include "foundation/ascii.h"
 #include "markdown/parser.h"
 
 #include <algorithm> // std::ranges::find
@@ -20,11 +21,11 @@ std::string schemeOf(std::string_view destination) {
             return scheme;
         if (static_cast<unsigned char>(c) <= 0x20 || c == 0x7F)
             continue;
-        const bool isLetter = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
-        const bool mayFollow = (c >= '0' && c <= '9') || c == '+' || c == '-' || c == '.';
+        const bool isLetter = ascii::isLetter(c);
+        const bool mayFollow = ascii::isDigit(c) || c == '+' || c == '-' || c == '.';
         if (!isLetter && (scheme.empty() || !mayFollow))
             return {};
-        scheme += static_cast<char>(isLetter ? c | 0x20 : c);
+        scheme += ascii::toLower(c);
     }
     return {};
 }
