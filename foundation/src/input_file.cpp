@@ -32,7 +32,8 @@ class InputFile::Buffer final : public std::streambuf {
 
     std::streamsize xsgetn(char* bytes, std::streamsize wanted) override {
         std::streamsize filled = std::min<std::streamsize>(wanted, egptr() - gptr());
-        std::memcpy(bytes, gptr(), static_cast<std::size_t>(filled));
+        if (filled > 0) // else there may be no block yet
+            std::memcpy(bytes, gptr(), static_cast<std::size_t>(filled));
         gbump(static_cast<int>(filled));
         while (filled < wanted) {
             const std::size_t count = take(bytes + filled, static_cast<std::size_t>(wanted - filled));

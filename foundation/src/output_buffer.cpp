@@ -31,7 +31,8 @@ std::streamsize OutputBuffer::xsputn(const char* bytes, std::streamsize count) {
         if (size >= buffer_.size())
             return put(bytes, size) ? count : 0;
     }
-    std::memcpy(pptr(), bytes, size);
+    if (size > 0) // an empty text may have no place
+        std::memcpy(pptr(), bytes, size);
     pbump(static_cast<int>(count));
     return count;
 }
