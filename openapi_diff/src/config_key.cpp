@@ -9,7 +9,7 @@ namespace {
 
 using enum EntryForm;
 
-constexpr std::array<ConfigField, configKeyCount> fields{{
+constexpr std::array<ConfigField, configKeyCount> configFields{{
     {"openapi", "openapi", Field},
     {"openapi", "info", Field},
     {"openapi", "jsonSchemaDialect", Field},
@@ -212,9 +212,9 @@ constexpr std::array<ConfigField, configKeyCount> fields{{
 
 const ConfigField& configField(ConfigKey key) {
     const auto index = static_cast<std::size_t>(key);
-    if (index >= fields.size())
+    if (index >= configFields.size())
         SPECLOOM_UNREACHABLE("Unknown configuration key");
-    return fields[index];
+    return configFields[index];
 }
 
 std::string_view configKeyText(ConfigKey key) {
