@@ -113,10 +113,9 @@ void fix(const lint::Linter::Rules& rules, openapi::ReadResult& tree) {
                                                              "01234567-89ab-4def-8123-456789abcdef")));
 }
 
-/// The findings of all rules in all reports.
-void report(const lint::Linter::Rules& rules, openapi::ReadResult& tree, const Places& places) {
-    lint::LintContext context;
-    context.setFilename("/harbour/api <1>.yaml");
+/// Has all rules look at the tree.
+void check(const lint::Linter::Rules& rules, openapi::ReadResult& tree, const Places& places,
+           lint::LintContext& context) {
     context.document = &tree;
     context.freeze();
     for (const auto& [id, rule] : rules)
@@ -125,6 +124,9 @@ void report(const lint::Linter::Rules& rules, openapi::ReadResult& tree, const P
     for (const lint::LintResult& finding : context.results)
         fuzz::require(!finding.hasPosition() || places.hold(finding),
                       "a finding stands in the document: " + finding.message);
+}
+
+void report(const lint::LintContext& context) {
     for (const std::string_view name : lint::formatterNames()) {
         std::ostringstream out;
         lint::findFormatter(name, out)->format(context);
@@ -179,9 +181,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (tree == nullptr)
         return 0;
     const Places places(*text, format);
-    report(rules, *tree, places);
+    lint::LintContext context;
+    context.setFilename("/harbour/api <1>.yaml");
+    check(rules, *tree, places, context);
     const std::optional<std::string> once = fixed(rules, *tree, format);
-    report(rules, *tree, places);
+    check(rules, *tree, places, context); // some findings are without a place now
+    report(context);
     if (!once)
         return 0;
     const auto again = read(*once, format);
