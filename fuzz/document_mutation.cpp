@@ -4,6 +4,7 @@
 
 #include <array>      // std::array
 #include <filesystem> // std::filesystem
+#include <utility>    // std::move
 
 namespace specloom::fuzz {
 namespace {
@@ -73,6 +74,52 @@ constexpr std::array<const char*, 8> references{"#/components/schemas/A",
                                                 "#",
                                                 "other.json#/A"};
 
+/// Names that mean something somewhere, or that are not easy to write.
+constexpr std::array<std::string_view, 16> names{"/{a}//{A}/{a}",
+                                                 "//a/",
+                                                 "x-lint-disable",
+                                                 "x-audience",
+                                                 "$ref",
+                                                 "default",
+                                                 "2XX",
+                                                 "404",
+                                                 "example",
+                                                 "discriminator",
+                                                 "application/json; charset=UTF-8",
+                                                 "~1",
+                                                 "",
+                                                 "\u00e9\u202e",
+                                                 "a\nb",
+                                                 "#"};
+
+/// Texts that are wrong in most places, or right in few.
+constexpr std::array<std::string_view, 16> texts{"",
+                                                 "TODO",
+                                                 "[a](javascript:b) <script>c</script> `d` **e",
+                                                 "::error::\x1b[31m # SKIP |a|<&\"'",
+                                                 "line\nline\r\n\tline",
+                                                 "\u00e9\u2028\u202e\U0001F600",
+                                                 "https://{a}.example.com:{b/%zz?c#d",
+                                                 "HTTP://EXAMPLE.COM/",
+                                                 "(?<a>[b-c]{2,}|\\p{L}*)+$",
+                                                 "2021-02-29T24:60:60Z",
+                                                 "1e400",
+                                                 "{$request.body#/a~2}",
+                                                 "https://json-schema.org/draft/2020-12/schema",
+                                                 "3.0.9",
+                                                 "3.1.9",
+                                                 "text/*"};
+
+/// The member gets another name, and the place of the last one.
+void rename(jv::JV& object, const std::string& key, std::string_view name) {
+    if (key == name)
+        return;
+    auto copy = jv::JVDocument::clone(*object.get(key));
+    object.remove(key);
+    object.remove(name);
+    object.set(name, std::move(copy));
+}
+
 } // namespace
 
 const std::vector<std::string>& documentTexts(std::size_t largest) {
@@ -88,7 +135,7 @@ void mutate(jv::JVDocument& document, Choices& choices) {
     const std::size_t index = choices.below(container.size());
     const std::string key = container.isObject() ? std::string(container.members()[index].key) : "";
     jv::JV& child = container.isObject() ? *container.get(key) : *container.elements()[index];
-    switch (choices.below(5)) {
+    switch (choices.below(7)) {
     case 0:
         if (container.isObject())
             container.remove(key);
@@ -106,6 +153,12 @@ void mutate(jv::JVDocument& document, Choices& choices) {
         child.setString("$ref", references[choices.below(references.size())]);
         return;
     }
+    case 4:
+        return child.setString(texts[choices.below(texts.size())]);
+    case 5:
+        if (container.isObject())
+            rename(container, key, names[choices.below(names.size())]);
+        return;
     default:
         if (container.isObject() && container.size() > 1) {
             const std::string other(container.members()[choices.below(container.size())].key);

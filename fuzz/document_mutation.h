@@ -33,8 +33,8 @@ class Choices {
 /// any, of at most `largest` bytes; larger ones would only slow the search down. The first call decides.
 [[nodiscard]] const std::vector<std::string>& documentTexts(std::size_t largest);
 
-/// Changes one place of `document`: removes a member, swaps a kind, copies a value from elsewhere, or
-/// redirects a reference. The document has to be indexed anew after the last change.
+/// Changes one place of `document`: removes or renames a member, swaps a kind, sets a text, copies a value
+/// from elsewhere, or redirects a reference. The document has to be indexed anew after the last change.
 void mutate(jv::JVDocument& document, Choices& choices);
 
 } // namespace specloom::fuzz
