@@ -14,7 +14,7 @@
 
 #include <algorithm> // std::min
 #include <exception> // std::exception
-#include <memory>    // std::unique_ptr
+#include <memory>    // std::make_shared, std::unique_ptr
 #include <optional>  // std::optional
 #include <sstream>   // std::ostringstream
 #include <vector>    // std::vector
@@ -143,11 +143,11 @@ void report(const lint::LintContext& context) {
 
 /// Null when it is refused as an OpenAPI document, which is told in words.
 [[nodiscard]] std::unique_ptr<openapi::ReadResult> read(std::string_view text, DocumentFormat format) {
-    static const openapi::SchemaFormatRegistry known;
+    static const auto known = std::make_shared<const openapi::SchemaFormatRegistry>();
     auto document = fuzz::readIfGood(text, format);
     fuzz::require(document != nullptr, "what was written is read");
     try {
-        return openapi::read(std::move(document), &known);
+        return openapi::read(std::move(document), known);
     } catch (const std::exception& error) {
         fuzz::require(*error.what() != '\0', "a refusal has a text");
         return nullptr;

@@ -30,7 +30,8 @@ struct ArgumentParser::Parser : argparse::ArgumentParser {
     /// Its own help and version end the process with status 0 even when their text went nowhere, so both are
     /// made here, with the library's words.
     Parser(std::string_view name, std::string_view version)
-        : argparse::ArgumentParser(std::string(name), std::string(version), argparse::default_arguments::none) {
+        : argparse::ArgumentParser(std::string(name), std::string(version),
+                                   argparse::default_arguments::none) {
         described.name = name;
         addEnding("-h", "--help", "shows help message and exits", [this] { return help().str(); });
         addEnding("-v", "--version", "prints version information and exits",

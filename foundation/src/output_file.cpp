@@ -2,8 +2,8 @@
 
 #include "foundation/file_system.h"
 #include "foundation/held_signals.h"
-#include "foundation/sibling_file.h"
 #include "foundation/message.h"
+#include "foundation/sibling_file.h"
 
 #include <algorithm>   // std::min
 #include <cerrno>      // errno

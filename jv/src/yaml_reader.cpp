@@ -3,7 +3,7 @@
 #include "foundation/message.h"
 #include "jv/tree_builder.h"
 
-#include <cstring> // std::strlen
+#include <cstring>   // std::strlen
 #include <istream>   // std::istream
 #include <new>       // std::bad_alloc
 #include <optional>  // std::optional

@@ -4,7 +4,7 @@
 #include "jv/yaml_quoting.h"
 #include "jv/yaml_reader.h"
 
-#include <cerrno> // errno, ENOMEM
+#include <cerrno>    // errno, ENOMEM
 #include <limits>    // std::numeric_limits
 #include <new>       // std::bad_alloc
 #include <stdexcept> // std::runtime_error
@@ -99,7 +99,8 @@ class Emitter {
         if (yaml_emitter_emit(&emitter_, &event_) == 0) {
             if (emitter_.error == YAML_MEMORY_ERROR)
                 throw std::bad_alloc();
-            throw std::runtime_error(isTooLarge() ? tooLarge : formatMessage("Failed to emit {} event", name).composed());
+            throw std::runtime_error(
+                isTooLarge() ? tooLarge : formatMessage("Failed to emit {} event", name).composed());
         }
     }
 

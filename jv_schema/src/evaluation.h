@@ -174,8 +174,8 @@ class Evaluation {
     const Application* way_ = nullptr;   ///< the schemas on the way, innermost first
     std::vector<Finding> findings_;
     std::size_t pointerBytes_ = 0; ///< of all findings_
-    std::size_t choices_ = 0;     ///< how many findingsOf() are on the way
-    std::size_t temporaries_ = 0; ///< how many probeTemporary() are on the way
+    std::size_t choices_ = 0;      ///< how many findingsOf() are on the way
+    std::size_t temporaries_ = 0;  ///< how many probeTemporary() are on the way
     std::unordered_map<Question, bool, QuestionHash> answers_;
     std::unordered_set<Question, QuestionHash> told_; ///< shared schemas whose faults were found
 };

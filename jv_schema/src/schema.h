@@ -57,7 +57,8 @@ inline constexpr std::size_t deepestEvaluation = 1500;
 inline constexpr std::size_t longestEvaluation = 50'000'000;
 /// So many errors are collected, then the search ends.
 inline constexpr std::size_t mostErrors = 10'000;
-/// Or until their instance pointers have so many bytes: keys may be long, and each error below them repeats them.
+/// Or until their instance pointers have so many bytes: keys may be long, and each error below them repeats
+/// them.
 inline constexpr std::size_t mostErrorBytes = std::size_t{16} << 20;
 
 /// A JSON Schema, compiled once and evaluated often; copies share what was compiled. Drafts 4, 6, 7, 2019-09

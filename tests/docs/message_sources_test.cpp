@@ -19,7 +19,7 @@ namespace fs = std::filesystem;
 /// Arguments that the check cannot judge, each with its reason.
 const std::set<std::pair<std::string, std::string>> judged = {
     {"jv_schema/src/evaluation.h", "reason.message"}, // becomes a result, and never leaves the module
-    {"regex/src/syntax_error.h", "message"},           // of constants; quotes nothing
+    {"regex/src/syntax_error.h", "message"},          // of constants; quotes nothing
     {"number/src/number_literal.cpp", "numberLiteralError(literal.status)"}, // a table of constants
     {"number/src/parser.cpp", "numberLiteralError(5)"},                      // the same
     {"openapi/src/components.cpp", "infoOf(section).taken"},                 // the same

@@ -5,9 +5,9 @@
 
 #include <fmt/format.h>
 
+#include "foundation/case_style.h"
 #include "foundation/printable.h"
 #include "foundation/unreachable.h"
-#include "foundation/strings.h"
 #include "openapi/shape.h"
 
 namespace specloom::openapi_diff {

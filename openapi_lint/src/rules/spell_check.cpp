@@ -9,8 +9,8 @@
 #include <fmt/format.h>
 
 #include "foundation/file_system.h"
-#include "foundation/strings.h"
 #include "foundation/message.h"
+#include "foundation/strings.h"
 #include "foundation/text_tables.h"
 #include "foundation/utf8.h"
 #include "markdown/parser.h"
