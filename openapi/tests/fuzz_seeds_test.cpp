@@ -22,7 +22,7 @@ namespace {
 
 using Names = std::set<std::string, std::less<>>;
 
-const std::filesystem::path root = SPECLOOM_SOURCE_DIR;
+const std::filesystem::path sourceFolder = SPECLOOM_SOURCE_DIR;
 
 /// The keys of all objects, or of all that stand under `below`.
 void collectKeys(const jv::JV& document, std::string_view below, Names& names) {
@@ -49,15 +49,16 @@ void collectKeys(const jv::JV& document, std::string_view below, Names& names) {
 Names knownMembers(const std::vector<std::string>& schemas) {
     Names names;
     for (const std::string& schema : schemas)
-        collectKeys(*jv::loadDocument((root / "jv_schema/schemas" / schema).string()).document->root(),
-                    "properties", names);
+        collectKeys(
+            *jv::loadDocument((sourceFolder / "jv_schema/schemas" / schema).string()).document->root(),
+            "properties", names);
     return names;
 }
 
 TEST(FuzzSeeds, areReadAndHaveEveryMember) {
     const auto formats = std::make_shared<const SchemaFormatRegistry>();
     std::map<std::string, Names> used;
-    for (const auto& path : test_support::filesBelow(root / "fuzz/seeds/openapi", ".json")) {
+    for (const auto& path : test_support::filesBelow(sourceFolder / "fuzz/seeds/openapi", ".json")) {
         SCOPED_TRACE(path);
         EXPECT_NO_THROW(static_cast<void>(readFile(path.string(), formats)));
         const auto document = jv::loadDocument(path.string()).document;
