@@ -39,9 +39,14 @@ endfunction()
 # (SPECLOOM_UNITY_BATCH=0) and for each alone (SPECLOOM_UNITY=OFF) always holds.
 function(specloom_unity target)
   set_target_properties(${target} PROPERTIES UNITY_BUILD ${SPECLOOM_UNITY} UNITY_BUILD_BATCH_SIZE ${SPECLOOM_UNITY_BATCH})
-  # g++ inlines as long as a source does not grow too much, with a free size that is meant for one source.
+  # g++ inlines until a source has grown too much, beyond a size that is free and meant for one source.
+  get_target_property(sources ${target} SOURCES)
+  list(LENGTH sources count)
+  if(SPECLOOM_UNITY_BATCH AND count GREATER SPECLOOM_UNITY_BATCH)
+    set(count ${SPECLOOM_UNITY_BATCH})
+  endif()
   target_compile_options(${target} PRIVATE
-    $<$<AND:$<BOOL:${SPECLOOM_UNITY}>,$<CXX_COMPILER_ID:GNU>>:--param=large-unit-insns=160000>)
+    $<$<AND:$<BOOL:${SPECLOOM_UNITY}>,$<CXX_COMPILER_ID:GNU>>:--param=large-unit-insns=${count}0000>)
 endfunction()
 
 function(specloom_module name)
