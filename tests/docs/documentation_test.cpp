@@ -5,25 +5,18 @@
 #include <algorithm>   // std::any_of, std::sort
 #include <cctype>      // std::isdigit
 #include <filesystem>  // std::filesystem
-#include <fstream>     // std::ifstream
-#include <iterator>    // std::istreambuf_iterator
 #include <map>         // std::map
 #include <sstream>     // std::istringstream
 #include <string>      // std::string, std::getline
 #include <string_view> // std::string_view
 #include <vector>      // std::vector
 
+#include "tree.h"
+
+namespace specloom::docs_tests {
 namespace {
 
 namespace fs = std::filesystem;
-
-const fs::path root = SPECLOOM_SOURCE_DIR;
-
-std::string textOf(const fs::path& path) {
-    std::ifstream stream(path, std::ios::binary);
-    EXPECT_TRUE(stream) << path;
-    return {std::istreambuf_iterator<char>(stream), {}};
-}
 
 /// The texts between `open` and the next `close`, as far as they stand on one line.
 std::vector<std::string> between(std::string_view text, std::string_view open, char close) {
@@ -190,3 +183,4 @@ TEST(Licenses, EveryTextThatThePageNamesIsInstalled) {
 }
 
 } // namespace
+} // namespace specloom::docs_tests

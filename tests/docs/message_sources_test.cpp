@@ -3,18 +3,16 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem> // std::filesystem
-#include <fstream>    // std::ifstream
-#include <iterator>   // std::istreambuf_iterator
-#include <map>        // std::map
-#include <regex>      // std::regex, on our own sources
-#include <set>        // std::set
-#include <string>     // std::string
-#include <utility>    // std::pair
+#include <map>     // std::map
+#include <regex>   // std::regex, on our own sources
+#include <set>     // std::set
+#include <string>  // std::string
+#include <utility> // std::pair
 
+#include "tree.h"
+
+namespace specloom::docs_tests {
 namespace {
-
-namespace fs = std::filesystem;
 
 /// Arguments that the check cannot judge, each with its reason.
 const std::set<std::pair<std::string, std::string>> judged = {
@@ -30,21 +28,11 @@ const std::set<std::pair<std::string, std::string>> judged = {
 };
 
 /// The sources of the program without comments, by their path from the root.
-std::map<std::string, std::string> readSources() {
+std::map<std::string, std::string> readCode() {
     const std::regex comment(R"re((//[^\n]*)|("(?:[^"\\\n]|\\.)*"))re");
-    std::map<std::string, std::string> sources;
-    for (const auto& folder : fs::directory_iterator(SPECLOOM_SOURCE_DIR)) {
-        if (!fs::is_directory(folder.path() / "src"))
-            continue;
-        for (const auto& entry : fs::recursive_directory_iterator(folder.path() / "src")) {
-            if (entry.path().extension() != ".cpp" && entry.path().extension() != ".h")
-                continue;
-            std::ifstream stream(entry.path(), std::ios::binary);
-            const std::string text{std::istreambuf_iterator<char>(stream), {}};
-            sources[fs::relative(entry.path(), SPECLOOM_SOURCE_DIR).string()] =
-                std::regex_replace(text, comment, "$2");
-        }
-    }
+    std::map<std::string, std::string> sources = readSources();
+    for (auto& [path, text] : sources)
+        text = std::regex_replace(text, comment, "$2");
     return sources;
 }
 
@@ -66,7 +54,7 @@ std::string argumentsAt(const std::string& text, std::size_t begin) {
 }
 
 TEST(MessageSources, makeEachExceptionOfAConstantOrOfCleanedArguments) {
-    const std::map<std::string, std::string> sources = readSources();
+    const std::map<std::string, std::string> sources = readCode();
     ASSERT_GT(sources.size(), 100u);
     std::map<std::string, std::set<std::string>> constants;
     const std::regex constant(R"(constexpr [^;={}()]*\b(\w+)(?:\[\])? =)");
@@ -105,7 +93,7 @@ TEST(MessageSources, giveExceptionsNoOtherWayToTakeAText) {
     const std::regex ownText(R"(: (public )?std::exception \{[^}]*std::string )");
     const std::regex anyFormat(R"(formatMessage\(\s*fmt::runtime)");
     const std::regex pathOfSystem(R"(\bfilesystem_error[({])");
-    for (const auto& [path, text] : readSources()) {
+    for (const auto& [path, text] : readCode()) {
         EXPECT_FALSE(std::regex_search(text, inherited)) << path;
         EXPECT_FALSE(std::regex_search(text, ownText)) << path;
         EXPECT_FALSE(std::regex_search(text, anyFormat)) << path;
@@ -114,3 +102,4 @@ TEST(MessageSources, giveExceptionsNoOtherWayToTakeAText) {
 }
 
 } // namespace
+} // namespace specloom::docs_tests

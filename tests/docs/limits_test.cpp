@@ -1,0 +1,163 @@
+// Holds the table of limits in docs/security.md to the constants of the program, both ways.
+
+#include <gtest/gtest.h>
+
+#include <cstdint>  // std::uint64_t
+#include <iterator> // std::next
+#include <map>      // std::map
+#include <optional> // std::optional
+#include <regex>    // std::regex, on our own texts
+#include <set>      // std::set
+#include <string>   // std::string, std::stoull
+
+#include "foundation/input_file.h"
+#include "foundation/message.h"
+#include "jv/yaml_reader.h"
+#include "jv_schema/schema.h"
+#include "number/number.h"
+#include "openapi/reader.h"
+#include "openapi_diff/component_comparisons.h"
+#include "openapi_format/configuration.h"
+#include "openapi_lint/lint_context.h"
+#include "regex/pattern.h"
+#include "tree.h"
+
+namespace specloom::docs_tests {
+namespace {
+
+/// Numbers by "path constant", the path from the root of the repository.
+using Limits = std::map<std::string, std::uint64_t>;
+
+/// Those that a header of a module declares.
+const Limits declared = {
+    {"foundation/src/input_file.h largestInput", largestInput},
+    {"foundation/src/message.h longestMessageArgument", longestMessageArgument},
+    {"jv/src/yaml_reader.h deepestYaml", jv::deepestYaml},
+    {"jv/src/yaml_reader.h longestTagPrefix", jv::longestTagPrefix},
+    {"jv/src/yaml_reader.h mostTagDirectives", jv::mostTagDirectives},
+    {"jv_schema/src/schema.h deepestEvaluation", jv::schema::deepestEvaluation},
+    {"jv_schema/src/schema.h longestEvaluation", jv::schema::longestEvaluation},
+    {"jv_schema/src/schema.h mostErrorBytes", jv::schema::mostErrorBytes},
+    {"jv_schema/src/schema.h mostErrors", jv::schema::mostErrors},
+    {"number/src/number.h bigPrecision", number::bigPrecision},
+    {"openapi/src/reader.h maxNodeDepth", openapi::maxNodeDepth},
+    {"openapi_diff/src/component_comparisons.h comparisonsOfAll",
+     openapi_diff::ComponentComparisons::comparisonsOfAll},
+    {"openapi_format/src/configuration.h largestIndent", openapi_format::Configuration::largestIndent},
+    {"openapi_lint/src/lint_context.h mostFindings", openapi_lint::LintContext::mostFindings},
+    {"regex/src/pattern.h maxSteps", regex::Pattern::maxSteps},
+    {"regex/src/syntax.h maxInstructions", regex::maxInstructions},
+    {"regex/src/syntax.h maxNesting", regex::maxNesting},
+};
+
+/// Those that stand in one source alone, or in a function, and are read out of the text.
+const std::set<std::string> inSources = {
+    "cli/src/process.cpp enough",
+    "cli/src/process.cpp margin",
+    "foundation/src/sibling_file.cpp mostLinks",
+    "foundation/src/sibling_file.cpp mostTries",
+    "foundation/src/validators/uri.cpp longest",
+    "jv/src/json_writer.cpp deepest",
+    "jv/src/key_pool.cpp longestProbe",
+    "jv/src/yaml_writer.cpp freeGrowth",
+    "jv/src/yaml_writer.cpp mostGrowth",
+    "openapi_lint/src/formatters/stylish_formatter.cpp widestMessage",
+    "openapi_lint/src/rules/standard_response_errors.cpp maximumParts",
+    "openapi_lint/src/words.cpp longestWord",
+    "regex/src/classes.cpp maxCells",
+};
+
+/// Constants with a name like that of a limit which no input meets as one, each with its reason.
+const std::set<std::string> noLimits = {
+    "foundation/src/validators/hostname.cpp longestLabel", // what a host name is
+    "jv_schema/src/evaluation.cpp mostAnswers",            // what is remembered; forgetting changes no result
+    "jv_schema/src/keywords/constants.cpp mostShown",      // the wording of a message
+    "jv_schema/src/messages.cpp longestQuotation",         // the same
+    "number/src/big_float_round.cpp largestExponent",      // beyond it is infinity
+    "number/src/exact_numbers.cpp mostBits",               // no number has more
+    "number/src/radix.h largestRadix",                     // of our own calls
+    "regex/src/matcher.cpp maxCachedClasses",              // what is remembered
+    "regex/src/matcher.cpp maxKept",                       // the same
+    "regex/src/matcher.cpp maxTransitions",                // the same
+    "regex/src/shortcut.cpp maxTexts",                     // which of two ways is taken
+};
+
+std::uint64_t numberOf(std::string digits) {
+    std::erase_if(digits, [](char c) { return c == ',' || c == '\''; });
+    return std::stoull(digits);
+}
+
+/// The value of the only constant of that name in the source: a number, or one that is shifted.
+std::optional<std::uint64_t> valueIn(const std::string& path, const std::string& name) {
+    const std::regex declaration("\\bconstexpr [\\w:]+ " + name +
+                                 R"( = (?:[\w:]+\{)?([\d']+)\}?(?: << (\d+)U?)?;)");
+    const std::string text = textOf(root / path);
+    const std::sregex_iterator found(text.begin(), text.end(), declaration);
+    if (found == std::sregex_iterator() || std::next(found) != std::sregex_iterator())
+        return std::nullopt;
+    const std::string shift = (*found)[2];
+    return numberOf((*found)[1]) << (shift.empty() ? 0 : std::stoull(shift));
+}
+
+Limits limitsOfTheProgram() {
+    Limits limits = declared;
+    for (const std::string& place : inSources) {
+        const std::size_t blank = place.find(' ');
+        const auto value = valueIn(place.substr(0, blank), place.substr(blank + 1));
+        EXPECT_TRUE(value) << "no such constant, or several, or of another form: " << place;
+        limits[place] = value.value_or(0);
+    }
+    return limits;
+}
+
+/// The rows "| what | number | what happens | `constant` in `path` |" of the page.
+Limits limitsOfThePage() {
+    std::string page = textOf(root / "docs/security.md");
+    const std::size_t begin = page.find("\n| Limit | Number |");
+    EXPECT_NE(begin, std::string::npos);
+    page = page.substr(begin + 1);
+    page.resize(page.find("\n\n") + 1);
+    const std::regex row(
+        R"(\| [^|\n]+ \| ([\d,]+)(?: (KiB|MiB|GiB))?(?: [^|\n]+)? \| [^|\n]+ \| `(\w+)` in `([^`\n]+)` \|\n)");
+    const std::map<std::string, unsigned> shifts = {{"", 0}, {"KiB", 10}, {"MiB", 20}, {"GiB", 30}};
+    Limits limits;
+    std::size_t count = 0;
+    for (std::sregex_iterator found(page.begin(), page.end(), row), end; found != end; ++found, ++count)
+        limits[(*found)[4].str() + " " + (*found)[3].str()] = numberOf((*found)[1]) << shifts.at((*found)[2]);
+    EXPECT_EQ(count, limits.size()) << "a constant has two rows";
+    EXPECT_EQ(std::regex_replace(page, row, ""),
+              "| Limit | Number | Beyond it | Constant |\n|---|---|---|---|\n")
+        << "lines of another form";
+    return limits;
+}
+
+TEST(Limits, StandInThePageAsTheProgramHasThem) {
+    const Limits program = limitsOfTheProgram();
+    const Limits page = limitsOfThePage();
+    for (const auto& [place, number] : program) {
+        const auto found = page.find(place);
+        if (found == page.end())
+            ADD_FAILURE() << "no row for " << place;
+        else
+            EXPECT_EQ(found->second, number) << place;
+    }
+    for (const auto& [place, number] : page)
+        EXPECT_TRUE(program.contains(place)) << "no limit that this test knows: " << place;
+}
+
+TEST(Limits, ThatTheSourcesNameAsSuchAreAllKnown) {
+    const std::regex constant(
+        R"(\bconstexpr [\w:]+ ((?:most|deepest|longest|largest|widest|max|maximum)[A-Z]\w*) = )");
+    std::set<std::string> met;
+    for (const auto& [path, text] : readSources())
+        for (std::sregex_iterator found(text.begin(), text.end(), constant), end; found != end; ++found)
+            met.insert(path + " " + (*found)[1].str());
+    for (const std::string& place : met)
+        EXPECT_TRUE(declared.contains(place) || inSources.contains(place) || noLimits.contains(place))
+            << place << ": a row of docs/security.md and a line here, or a reason why it is none";
+    for (const std::string& place : noLimits)
+        EXPECT_TRUE(met.contains(place)) << place << " is not met any more";
+}
+
+} // namespace
+} // namespace specloom::docs_tests
