@@ -2,8 +2,8 @@
 #
 #   specloom_module(jv
 #     SOURCES src/jv.cpp ...
-#     UNCHECKED                       without the assertions of the standard library, where they cost more
-#                                     than two parts in a hundred: on the way from a text to the tree
+#     HOT                             on the way from a text to the tree, where time counts: without the assertions
+#                                     of the standard library, and inlined as far as in sources on their own
 #     USES number foundation          modules whose headers this one may include
 #     LIBRARIES PkgConfig::yaml       third-party libraries of its sources
 #     PUBLIC_LIBRARIES fmt::fmt)      third-party libraries whose headers its headers include
@@ -39,18 +39,10 @@ endfunction()
 # (SPECLOOM_UNITY_BATCH=0) and for each alone (SPECLOOM_UNITY=OFF) always holds.
 function(specloom_unity target)
   set_target_properties(${target} PROPERTIES UNITY_BUILD ${SPECLOOM_UNITY} UNITY_BUILD_BATCH_SIZE ${SPECLOOM_UNITY_BATCH})
-  # g++ inlines until a source has grown too much, beyond a size that is free and meant for one source.
-  get_target_property(sources ${target} SOURCES)
-  list(LENGTH sources count)
-  if(SPECLOOM_UNITY_BATCH AND count GREATER SPECLOOM_UNITY_BATCH)
-    set(count ${SPECLOOM_UNITY_BATCH})
-  endif()
-  target_compile_options(${target} PRIVATE
-    $<$<AND:$<BOOL:${SPECLOOM_UNITY}>,$<CXX_COMPILER_ID:GNU>>:--param=large-unit-insns=${count}0000>)
 endfunction()
 
 function(specloom_module name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "UNCHECKED" "" "SOURCES;USES;LIBRARIES;PUBLIC_LIBRARIES")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "HOT" "" "SOURCES;USES;LIBRARIES;PUBLIC_LIBRARIES")
   set(target specloom_${name})
   add_library(${target} STATIC ${arg_SOURCES})
   add_library(specloom::${name} ALIAS ${target})
@@ -59,7 +51,11 @@ function(specloom_module name)
   list(TRANSFORM arg_USES PREPEND specloom::)
   target_link_libraries(${target} PUBLIC ${arg_USES} ${arg_PUBLIC_LIBRARIES} PRIVATE ${arg_LIBRARIES})
   target_compile_options(${target} PRIVATE ${SPECLOOM_WARNINGS})
-  if(SPECLOOM_LIBRARY_ASSERTIONS AND NOT arg_UNCHECKED)
+  if(arg_HOT)
+    # g++ inlines until a source has grown too much, beyond a size that is free and meant for one source.
+    target_compile_options(${target} PRIVATE
+      $<$<AND:$<BOOL:${SPECLOOM_UNITY}>,$<CXX_COMPILER_ID:GNU>>:--param=large-unit-insns=160000>)
+  elseif(SPECLOOM_LIBRARY_ASSERTIONS)
     target_compile_definitions(${target} PRIVATE _GLIBCXX_ASSERTIONS)
   endif()
   specloom_unity(${target})

@@ -11,13 +11,14 @@
 #include "cli/app.h"
 #include "command_pages/completions.h"
 #include "command_pages/man_page.h"
+#include "foundation/message.h"
 
 namespace {
 
 void write(const std::filesystem::path& path, const std::string& text) {
     std::ofstream stream(path, std::ios::binary);
     if (!(stream << text << std::flush))
-        throw std::runtime_error("Failed to write file: " + path.string());
+        throw std::runtime_error(formatMessage("Failed to write file: {}", path.string()));
 }
 
 } // namespace

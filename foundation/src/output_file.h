@@ -6,12 +6,14 @@
 #include <string>      // std::string
 #include <string_view> // std::string_view
 
+#include "foundation/message.h"
+
 namespace specloom {
 
 /// A file could not be opened for writing. Nothing was touched.
 class OpenForWritingError : public std::runtime_error {
   public:
-    using std::runtime_error::runtime_error;
+    explicit OpenForWritingError(const Message& message) : std::runtime_error(message) {}
 };
 
 /// A file that gets new content as a whole. Whoever looks at the file, at whatever moment the run is ended or

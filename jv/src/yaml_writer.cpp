@@ -99,8 +99,9 @@ class Emitter {
         if (yaml_emitter_emit(&emitter_, &event_) == 0) {
             if (emitter_.error == YAML_MEMORY_ERROR)
                 throw std::bad_alloc();
-            throw std::runtime_error(
-                isTooLarge() ? tooLarge : formatMessage("Failed to emit {} event", name).composed());
+            if (isTooLarge())
+                throw std::runtime_error(tooLarge);
+            throw std::runtime_error(formatMessage("Failed to emit {} event", name));
         }
     }
 

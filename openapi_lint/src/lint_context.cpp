@@ -4,8 +4,7 @@
 #include <stdexcept> // std::runtime_error
 #include <utility>   // std::move
 
-#include <fmt/format.h>
-
+#include "foundation/message.h"
 #include "foundation/unreachable.h"
 #include "openapi/node_visitor.h"
 
@@ -36,7 +35,7 @@ bool LintContext::isDisabled(const Rule& rule, const openapi::Node& node, const 
 
 void LintContext::report(const Rule& rule, std::string message, const openapi::Node& node) {
     if (results.size() - firstOfFile_ == mostFindings)
-        throw std::runtime_error(fmt::format("More than {} findings in one document", mostFindings));
+        throw std::runtime_error(formatMessage("More than {} findings in one document", mostFindings));
     LintResult result{.ruleId = rule.id(),
                       .severity = rule.severity(),
                       .fixable = rule.isFixable(),
