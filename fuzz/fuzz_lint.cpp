@@ -190,9 +190,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (!once)
         return 0;
     const auto again = read(*once, format);
-    fuzz::require(again != nullptr, "what was fixed is read:\n" + *once);
+    fuzz::require(again != nullptr, *once + "\nwhat was fixed is read");
     const std::optional<std::string> twice = fixed(rules, *again, format);
     fuzz::require(twice == once,
-                  "a second fix changes nothing:\n" + *once + "\nbecame\n" + twice.value_or(""));
+                  *once + "\nbecame\n" + twice.value_or("") + "\na second fix changes nothing");
     return 0;
 }
