@@ -13,12 +13,14 @@
 #include "command_pages/man_page.h"
 #include "foundation/message.h"
 
+using specloom::formatMessage;
+
 namespace {
 
 void write(const std::filesystem::path& path, const std::string& text) {
     std::ofstream stream(path, std::ios::binary);
     if (!(stream << text << std::flush))
-        throw std::runtime_error(specloom::formatMessage("Failed to write file: {}", path.string()));
+        throw std::runtime_error(formatMessage("Failed to write file: {}", path.string()));
 }
 
 } // namespace

@@ -13,7 +13,7 @@ namespace specloom {
 /// A file could not be opened for writing. Nothing was touched.
 class OpenForWritingError : public std::runtime_error {
   public:
-    explicit OpenForWritingError(const Message& message) : std::runtime_error(message) {}
+    explicit OpenForWritingError(const Message& message) : std::runtime_error(message.composed()) {}
 };
 
 /// A file that gets new content as a whole. Whoever looks at the file, at whatever moment the run is ended or

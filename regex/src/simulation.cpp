@@ -4,7 +4,9 @@
 
 namespace specloom::regex {
 
+namespace {
 using Code = Instruction::Code;
+} // namespace
 
 void Simulation::clear() {
     states_.clear();
