@@ -4,7 +4,7 @@
 #include "fuzz/check.h"
 #include "fuzz/document_mutation.h"
 
-#include "foundation/strings.h"
+#include "foundation/utf8.h"
 #include "openapi/info.h"
 #include "openapi/reader.h"
 #include "openapi/writer.h"

@@ -11,7 +11,7 @@
 namespace specloom::tests {
 namespace {
 
-constexpr Workspace::Limits limits{.cpuSeconds = 20, .addressBytes = std::size_t{900} << 20};
+constexpr Workspace::Limits growthLimits{.cpuSeconds = 20, .addressBytes = std::size_t{900} << 20};
 
 class Growth : public testing::TestWithParam<test_support::GrowingDocument> {};
 
@@ -32,7 +32,7 @@ TEST_P(Growth, StaysWithinItsLimits) {
         arguments.emplace_back("destination.json");
     }
 
-    const Outcome outcome = workspace.runWithin(limits, arguments);
+    const Outcome outcome = workspace.runWithin(growthLimits, arguments);
     if (document.refusal != nullptr) {
         EXPECT_EQ(outcome.status, 1);
         EXPECT_EQ(outcome.out, std::string(document.refusal) + "\n");

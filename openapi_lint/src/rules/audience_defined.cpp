@@ -15,7 +15,7 @@ namespace {
 constexpr const char* audienceMissing = "API audience ({}) is missing";
 constexpr const char* audienceInvalid = "API audience ({}) has invalid value ({})";
 
-constexpr std::string_view attribute = "x-audience";
+constexpr std::string_view audienceAttribute = "x-audience";
 constexpr std::array<std::string_view, 4> audiences = {"internal-team", "internal-company", "partner",
                                                        "public"};
 
@@ -26,14 +26,14 @@ void AudienceDefined::check(LintContext& context) {
     const openapi::Info& info = root.info();
     if (isDisabled(*this, &info, &root))
         return;
-    const jv::JV* value = info.findExtension(attribute);
+    const jv::JV* value = info.findExtension(audienceAttribute);
     if (value == nullptr) {
-        report(context, fmt::format(audienceMissing, attribute), info);
+        report(context, fmt::format(audienceMissing, audienceAttribute), info);
         return;
     }
-    const std::string_view audience = textOf(*value, attribute);
+    const std::string_view audience = textOf(*value, audienceAttribute);
     if (std::find(audiences.begin(), audiences.end(), audience) == audiences.end())
-        report(context, fmt::format(audienceInvalid, attribute, audience), info);
+        report(context, fmt::format(audienceInvalid, audienceAttribute, audience), info);
 }
 
 } // namespace specloom::openapi_lint
