@@ -12,7 +12,8 @@
 #   specloom_tests(jv
 #     SOURCES tests/jv_test.cpp ...
 #     USES jv ...
-#     LIBRARIES ...)
+#     LIBRARIES ...
+#     LONG)                           some of them take long: they start before others, or the last would be waited for
 #
 # A header is included as "module/header.h". Each module has an include root of its own that holds
 # nothing but itself, so a header of a module that is not named under USES (or by a module named
@@ -69,7 +70,7 @@ function(specloom_tests name)
     return()
   endif()
   include(GoogleTest)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;USES;LIBRARIES")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "LONG" "" "SOURCES;USES;LIBRARIES")
   set(target ${name}_tests)
   add_executable(${target} ${arg_SOURCES})
   list(TRANSFORM arg_USES PREPEND specloom::)
@@ -81,6 +82,10 @@ function(specloom_tests name)
   target_compile_definitions(${target} PRIVATE
     SPECLOOM_SOURCE_DIR="${PROJECT_SOURCE_DIR}"
     SPECLOOM_TEST_DIR="${CMAKE_CURRENT_SOURCE_DIR}")
+  set(cost)
+  if(arg_LONG)
+    set(cost COST 100)
+  endif()
   gtest_discover_tests(${target} TEST_PREFIX "${name}." DISCOVERY_MODE PRE_TEST
-    PROPERTIES TIMEOUT 600)
+    PROPERTIES TIMEOUT 600 ${cost})
 endfunction()
