@@ -5,10 +5,11 @@
 #include "openapi/reader.h"
 #include "openapi_diff/differ.h"
 
-#include <array>     // std::array
-#include <exception> // std::exception
-#include <memory>    // std::unique_ptr
-#include <sstream>   // std::ostringstream
+#include <exception>   // std::exception
+#include <memory>      // std::unique_ptr
+#include <sstream>     // std::ostringstream
+#include <string_view> // std::string_view
+#include <vector>      // std::vector
 
 namespace {
 
@@ -16,9 +17,6 @@ namespace fuzz = specloom::fuzz;
 namespace jv = specloom::jv;
 namespace openapi = specloom::openapi;
 namespace diff = specloom::openapi_diff;
-
-constexpr std::array<const char*, 3> reports{"status", "changelog", "detailed"};
-constexpr std::array<const char*, 6> formats{"html", "json", "markdown", "stylish", "unix", "visualstudio"};
 
 /// A changed copy of a document as a tree; null when it is refused, which is told in words.
 [[nodiscard]] std::unique_ptr<openapi::ReadResult>
@@ -42,7 +40,7 @@ struct Told {
 };
 
 [[nodiscard]] Told compare(const openapi::ReadResult& source, openapi::ReadResult& destination,
-                           const char* format, const char* report) {
+                           std::string_view format, std::string_view report) {
     std::ostringstream out;
     diff::Differ differ(out);
     differ.setReport(report);
@@ -58,14 +56,16 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     fuzz::require(!documents.empty(), "there are documents to change");
     fuzz::Choices choices(fuzz::textOf(data, size));
     const std::string& text = documents[choices.below(documents.size())];
-    const char* format = formats[choices.below(formats.size())];
+    const std::vector<std::string_view> reports = diff::reportNames();
+    const std::vector<std::string_view> formats = diff::formatNames();
+    const std::string_view format = formats[choices.below(formats.size())];
     const auto known = std::make_shared<const openapi::SchemaFormatRegistry>();
     const auto source = changed(text, choices.below(3), choices, known);
     const auto destination = changed(text, 1 + choices.below(6), choices, known);
     if (source == nullptr || destination == nullptr)
         return 0;
     diff::ChangeLevel status{};
-    for (const char* report : reports) {
+    for (const std::string_view report : reports) {
         const Told told = compare(*source, *destination, format, report);
         if (report == reports.front())
             status = told.level;

@@ -109,13 +109,8 @@ void ArgumentParser::addOption(std::string_view name, const ArgumentHelp& help) 
     parser_->addValued(name, help).nargs(1);
 }
 
-void ArgumentParser::addOption(std::string_view name, const ArgumentHelp& help,
-                               std::string_view defaultValue) {
-    addOption(name, help, defaultValue, {});
-}
-
 void ArgumentParser::addOption(std::string_view name, const ArgumentHelp& help, std::string_view defaultValue,
-                               std::initializer_list<std::string_view> choices) {
+                               const std::vector<std::string_view>& choices) {
     // A default value behind nargs() would make the value itself optional: one that is no choice would then
     // be left to the positional arguments.
     argparse::Argument& argument =

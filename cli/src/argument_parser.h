@@ -1,11 +1,10 @@
 #pragma once
 
-#include <initializer_list> // std::initializer_list
-#include <memory>           // std::unique_ptr
-#include <optional>         // std::optional
-#include <string>           // std::string
-#include <string_view>      // std::string_view
-#include <vector>           // std::vector
+#include <memory>      // std::unique_ptr
+#include <optional>    // std::optional
+#include <string>      // std::string
+#include <string_view> // std::string_view
+#include <vector>      // std::vector
 
 #include "cli/command_line.h"
 
@@ -40,12 +39,10 @@ class ArgumentParser {
     /// An argument with one value that may be left out altogether, such as "--config".
     void addOption(std::string_view name, const ArgumentHelp& help);
 
-    /// The same with the value that it has when it is left out.
-    void addOption(std::string_view name, const ArgumentHelp& help, std::string_view defaultValue);
-
-    /// The same for a value that must be one of `choices`, of which the default is one.
+    /// The same with the value that it has when it is left out. Where there are choices, of which the default
+    /// is one, it must be one of them.
     void addOption(std::string_view name, const ArgumentHelp& help, std::string_view defaultValue,
-                   std::initializer_list<std::string_view> choices);
+                   const std::vector<std::string_view>& choices = {});
 
     /// One value without a name before it. `name` has no dashes.
     void addPositional(std::string_view name, const ArgumentHelp& help);

@@ -13,10 +13,10 @@ void ConfigFile::load(std::string_view path) {
     document_ = std::move(jv::loadDocument(path).document);
     const jv::JV* version = document_->lookup("/version");
     if (version == nullptr || !version->isString())
-        throw ConfigFileError("Missing configuration version.", document_->root()->pos());
+        throw ConfigFileError("Missing configuration version.", locationOf(document_->root()).pos);
     if (version->text() != "1.0")
         throw ConfigFileError(formatMessage("Unsupported configuration version: '{}'.", version->text()),
-                              version->pos());
+                              locationOf(version).pos);
 }
 
 const jv::JV* ConfigFile::commandSection(std::string_view name) const {
@@ -29,7 +29,7 @@ const jv::JV* ConfigFile::commandSection(std::string_view name) const {
 const jv::JV* ConfigFile::customFormats() const {
     const jv::JV* formats = document_ ? document_->lookup("/openapi/custom_formats") : nullptr;
     if (formats != nullptr && !formats->isArray())
-        throw ConfigFileError("An object is expected for '/openapi/custom_formats'", formats->pos());
+        throw ConfigFileError("An object is expected for '/openapi/custom_formats'", locationOf(formats).pos);
     return formats;
 }
 
@@ -38,7 +38,7 @@ void readConfigFile(ConfigFile& file, std::string_view path, const std::function
         file.load(path);
         apply();
     } catch (const jv::JVError& error) {
-        throw ConfigFileError(Message(error), error.value() == nullptr ? jv::Pos{} : error.value()->pos());
+        throw ConfigFileError(Message(error), file.locationOf(error.value()).pos);
     }
 }
 

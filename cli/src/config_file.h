@@ -45,6 +45,11 @@ class ConfigFile {
     /// of another kind. (The text says object although an array is meant.)
     [[nodiscard]] const jv::JV* customFormats() const;
 
+    /// Where a value of the file, or null, stands.
+    [[nodiscard]] jv::Location locationOf(const jv::JV* value) const {
+        return document_ ? document_->locationOf(value) : jv::Location{};
+    }
+
   private:
     std::unique_ptr<jv::JVDocument> document_; // null until something was loaded
 };

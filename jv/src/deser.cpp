@@ -127,7 +127,9 @@ LoadedDocument loadDocument(std::string_view path, const LoadOptions& options) {
     LoadOptions known = options;
     known.format = requiredFormat(options.format, path);
     try {
-        return {readDocument(file.stream(), known), *known.format};
+        LoadedDocument loaded{readDocument(file.stream(), known), *known.format};
+        loaded.document->setSourcePath(std::string(path));
+        return loaded;
     } catch (const std::exception&) {
         file.requireBounds();
         throw;

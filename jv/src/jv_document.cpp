@@ -6,10 +6,17 @@
 #include "jv/sorted_properties.h"
 #include "jv/tree_cloner.h"
 
-#include <charconv> // std::from_chars
-#include <utility>  // std::as_const, std::move
+#include <charconv>  // std::from_chars
+#include <stdexcept> // std::out_of_range
+#include <utility>   // std::as_const, std::move
 
 namespace specloom::jv {
+
+std::string Location::pointer() const {
+    if (value == nullptr)
+        throw std::out_of_range("Node was not read from the document");
+    return value->pointer();
+}
 
 JVDocument::JVDocument() {
     KeyPool::instance().acquire();
@@ -34,6 +41,12 @@ void JVDocument::addSlab() {
     slabs_.push_back({allocateChunk(bytes), nullptr});
     nextInSlab_ = reinterpret_cast<JV*>(slabs_.back().memory.get());
     endOfSlab_ = nextInSlab_ + bytes / sizeof(JV);
+}
+
+Location JVDocument::nearestLocationOf(const JV* value) const noexcept {
+    const Location location = locationOf(value);
+    const JV* around = value == nullptr || location.pos.isKnown() ? nullptr : value->enclosingObject();
+    return around == nullptr ? location : locationOf(around);
 }
 
 // ---- root and index

@@ -6,12 +6,26 @@
 #include <cstdint>       // std::int32_t, std::uint32_t
 #include <memory>        // std::unique_ptr
 #include <new>           // placement new
+#include <optional>      // std::optional
 #include <span>          // std::span
+#include <string>        // std::string
 #include <string_view>   // std::string_view
 #include <unordered_map> // std::unordered_map
+#include <utility>       // std::move
 #include <vector>        // std::vector
 
 namespace specloom::jv {
+
+/// Where a value stands. What it refers to lives as long as the document.
+struct Location {
+    std::string_view file;     ///< its path in UTF-8; empty for a document that came from no file
+    Pos pos{};                 ///< JV::pos(); unknown for no value
+    const JV* value = nullptr; ///< null for what was made in code
+
+    /// The JSON pointer (RFC 6901) of the value. Throws std::out_of_range "Node was not read from the
+    /// document" when there is none.
+    [[nodiscard]] std::string pointer() const;
+};
 
 /// Owns one tree of values, finds them by JSON pointer and remembers in which order the keys of each object
 /// stood in the source.
@@ -66,6 +80,19 @@ class JVDocument {
             visit(Member{entries.entries[slot].key->text(), entries.entries[slot].value});
     }
 
+    /// Where a value of this document, or null, stands. All that tells of places asks here: a document may
+    /// come to stand in several files.
+    [[nodiscard]] Location locationOf(const JV* value) const noexcept {
+        return {.file = sourcePath_ ? std::string_view(*sourcePath_) : std::string_view(),
+                .pos = value == nullptr ? Pos{} : value->pos(),
+                .value = value};
+    }
+    /// The same of the value or, where that has no position, of JV::enclosingObject().
+    [[nodiscard]] Location nearestLocationOf(const JV* value) const noexcept;
+    /// The path of the input in UTF-8, where it came from a file.
+    [[nodiscard]] const std::optional<std::string>& sourcePath() const noexcept { return sourcePath_; }
+    void setSourcePath(std::string path) { sourcePath_ = std::move(path); }
+
     /// A deep copy on its own, without positions, pointers and recorded key orders.
     [[nodiscard]] static std::unique_ptr<JV> clone(const JV& source);
     /// The content of `target` becomes a deep copy of that of `source`; `target` keeps its position and
@@ -119,6 +146,7 @@ class JVDocument {
     Arena arena_;                                    ///< blocks of containers and texts of values in slabs
     std::unordered_map<const JV*, KeyOrder> orders_; ///< where the order of the entries does not say it all
     std::size_t sourceSize_ = 0;
+    std::optional<std::string> sourcePath_;
 };
 
 } // namespace specloom::jv

@@ -4,8 +4,7 @@
 #include "openapi/node_visitor.h"
 #include "openapi/reference.h"
 
-#include <stdexcept> // std::out_of_range
-#include <utility>   // std::move
+#include <utility> // std::move
 
 namespace specloom::openapi {
 
@@ -57,28 +56,15 @@ ReadResult::ReadResult(std::unique_ptr<jv::JVDocument> source,
 
 ReadResult::~ReadResult() = default;
 
-std::string Location::pointer() const {
-    if (value == nullptr)
-        throw std::out_of_range("Node was not read from the document");
-    return value->pointer();
-}
-
-Location ReadResult::locationOf(const Node& node) const {
-    const jv::JV* value = node.source();
-    return {.file = sourcePath_ ? std::string_view(*sourcePath_) : std::string_view(),
-            .pos = value == nullptr ? jv::Pos{} : value->pos(),
-            .value = value};
-}
-
-Location ReadResult::nearestLocationOf(const Node& node) const {
+jv::Location ReadResult::nearestLocationOf(const Node& node) const {
     for (const Node* around = &node; around != nullptr; around = around->parent())
-        if (const Location location = locationOf(*around); location.pos.isKnown())
+        if (const jv::Location location = locationOf(*around); location.pos.isKnown())
             return location;
     return locationOf(node);
 }
 
 std::optional<std::string> ReadResult::pointerOf(const Node& node, std::string_view key) const {
-    const Location location = locationOf(node);
+    const jv::Location location = locationOf(node);
     if (location.value == nullptr)
         return std::nullopt;
     std::string pointer;

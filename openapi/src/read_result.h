@@ -9,20 +9,10 @@
 #include <string>        // std::string
 #include <string_view>   // std::string_view
 #include <unordered_map> // std::unordered_map
+#include <utility>       // std::move
 #include <vector>        // std::vector
 
 namespace specloom::openapi {
-
-/// Where something stands. What it refers to lives as long as the ReadResult.
-struct Location {
-    std::string_view file;         ///< its path in UTF-8; empty for a document that came from no file
-    jv::Pos pos{};                 ///< as of ReadResult::positionOf()
-    const jv::JV* value = nullptr; ///< null for what was made in code
-
-    /// The JSON pointer (RFC 6901) of the value. Throws std::out_of_range "Node was not read from the
-    /// document" when there is none.
-    [[nodiscard]] std::string pointer() const;
-};
 
 /// A document as values and as a tree. The tree refers to the values, so both live and end together here.
 class ReadResult {
@@ -40,16 +30,19 @@ class ReadResult {
     [[nodiscard]] OpenAPI& root() noexcept { return *root_; }
 
     /// The path of the input in UTF-8, where it came from a file.
-    [[nodiscard]] const std::optional<std::string>& sourcePath() const noexcept { return sourcePath_; }
-    void setSourcePath(std::string path) { sourcePath_ = std::move(path); }
+    [[nodiscard]] const std::optional<std::string>& sourcePath() const noexcept {
+        return source_->sourcePath();
+    }
+    void setSourcePath(std::string path) { source_->setSourcePath(std::move(path)); }
 
-    /// Where the value stands that the node was read from. All that tells of places asks here: a document may
-    /// come to stand in several files.
-    [[nodiscard]] Location locationOf(const Node& node) const;
+    /// Where the value stands that the node was read from.
+    [[nodiscard]] jv::Location locationOf(const Node& node) const noexcept {
+        return source_->locationOf(node.source());
+    }
     /// The same of the node or, where that has no position, of the nearest one around it that has: booleans
     /// that stand for schemas have none. Without a position where there is no such node.
-    [[nodiscard]] Location nearestLocationOf(const Node& node) const;
-    /// Location::pointer() of the node.
+    [[nodiscard]] jv::Location nearestLocationOf(const Node& node) const;
+    /// jv::Location::pointer() of the node.
     [[nodiscard]] std::string pointerOf(const Node& node) const { return locationOf(node).pointer(); }
     /// That of a member of the node, whether it is there or not; empty for a node that was made in code.
     [[nodiscard]] std::optional<std::string> pointerOf(const Node& node, std::string_view key) const;
@@ -70,7 +63,6 @@ class ReadResult {
     std::unique_ptr<jv::JVDocument> source_;
     std::shared_ptr<const SchemaFormatRegistry> formats_;
     std::unique_ptr<OpenAPI> root_; ///< behind what it refers to, so that it ends first
-    std::optional<std::string> sourcePath_;
     mutable std::unordered_map<const jv::JV*, const Node*> nodesByValue_;
 };
 

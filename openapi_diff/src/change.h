@@ -79,10 +79,11 @@ struct Change {
     ChangeLevel weight = ChangeLevel::None;
     ConfigKey key{};     ///< the field concerned; for an extension, the field that holds its node
     bool isPart = false; ///< below something that was added or removed, and so part of that change
-    DocumentSide side = DocumentSide::Destination; ///< of `pos`
+    DocumentSide side = DocumentSide::Destination; ///< of `file` and `pos`
     const openapi::Node* node = nullptr;           ///< of the destination where there is one
     std::string_view name{};                       ///< key of a map, or name of an extension
     std::int64_t index = -1;                       ///< counted from 0; -1 for none
+    std::string_view file{};                       ///< empty for a document that came from no file
     jv::Pos pos{};                                 ///< of the node, or the nearest around it that has one
     /// The nearest path item around, as the entry of the paths, webhooks, components or callback that it was
     /// compared for; null when there is none.

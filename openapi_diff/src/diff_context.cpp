@@ -314,7 +314,9 @@ void DiffContext::place(Change& change, const openapi::Node& node, DocumentSide 
     const openapi::ReadResult& document = side == DocumentSide::Source ? source_ : destination_;
     change.node = &node;
     change.side = side;
-    change.pos = document.nearestLocationOf(node).pos;
+    const jv::Location location = document.nearestLocationOf(node);
+    change.file = location.file;
+    change.pos = location.pos;
 }
 
 /// Comparisons may include others, as deep as the references of the documents lead. Whatever refers to an

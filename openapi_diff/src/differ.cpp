@@ -12,8 +12,8 @@
 namespace specloom::openapi_diff {
 
 Differ::Differ(std::ostream& stream) : stream_(stream), configuration_(Configuration::recommended()) {
-    setReport("changelog");
-    setFormatter("stylish", "changelog");
+    setReport(defaultReport);
+    setFormatter(defaultFormat, defaultReport);
 }
 
 void Differ::setReport(std::string_view name) {
@@ -25,7 +25,6 @@ void Differ::setFormatter(std::string_view format, std::string_view report) {
 }
 
 Differ::Outcome Differ::run(const openapi::ReadResult& source, openapi::ReadResult& destination) {
-    report_->setFileNames(source.sourcePath(), destination.sourcePath());
     DiffContext context(configuration_, source, destination, *report_);
     {
         const telemetry::Span span("process");

@@ -20,8 +20,8 @@ class Differ {
         ChangeLevel bumped; ///< by which the version was raised; None when its text stayed as it was
     };
 
-    /// With the report "changelog", the formatter "stylish" and the recommended configuration. The stream
-    /// must outlive the differ.
+    /// With the default report and format and the recommended configuration. The stream must outlive the
+    /// differ.
     explicit Differ(std::ostream& stream);
 
     void configure(Configuration configuration) { configuration_ = std::move(configuration); }

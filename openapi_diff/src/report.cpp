@@ -1,45 +1,25 @@
 #include "openapi_diff/report.h"
 
-#include <algorithm> // std::max
-#include <stdexcept> // std::runtime_error
-#include <utility>   // std::move
+#include <algorithm>   // std::max
+#include <tuple>       // std::tuple
+#include <type_traits> // std::type_identity
 
-#include "foundation/message.h"
+#include "foundation/registry.h"
 #include "foundation/unreachable.h"
-#include "openapi_diff/reports/changelog.h"
-#include "openapi_diff/reports/detailed.h"
-#include "openapi_diff/reports/status.h"
+#include "openapi_diff/reports/reports.h"
 
 namespace specloom::openapi_diff {
 namespace {
 
-struct ReportEntry {
-    std::string_view name;
-    std::unique_ptr<Report> (*make)();
-};
+using MakeReport = Maker<Report>;
 
-template <typename T>
-std::unique_ptr<Report> make() {
-    return std::make_unique<T>();
-}
-
-constexpr ReportEntry reportTable[] = {
-    {"changelog", make<ChangelogReport>},
-    {"detailed", make<DetailedReport>},
-    {"status", make<StatusReport>},
+constexpr auto registryOf = []<typename... R>(std::type_identity<std::tuple<R...>>) {
+    return Registry({MakeReport::of<R>(R::name)...});
 };
+constexpr auto reportRegistry = registryOf(std::type_identity<Reports>());
+static_assert(reportRegistry.find(defaultReport) != nullptr);
 
 } // namespace
-
-std::string_view Report::fileName(DocumentSide side) const {
-    const std::optional<std::string>& name = side == DocumentSide::Source ? sourceFile_ : destinationFile_;
-    return name ? std::string_view(*name) : "<unknown>";
-}
-
-void Report::setFileNames(std::optional<std::string> source, std::optional<std::string> destination) {
-    sourceFile_ = std::move(source);
-    destinationFile_ = std::move(destination);
-}
 
 void Report::record(ChangeLevel level) {
     const auto index = static_cast<std::size_t>(level);
@@ -50,10 +30,11 @@ void Report::record(ChangeLevel level) {
 }
 
 std::unique_ptr<Report> createReport(std::string_view name) {
-    for (const ReportEntry& entry : reportTable)
-        if (entry.name == name)
-            return entry.make();
-    throw std::runtime_error(formatMessage("Result not found: {}", name));
+    return reportRegistry.get(name, "Result not found: {}").make();
+}
+
+std::vector<std::string_view> reportNames() {
+    return reportRegistry.names();
 }
 
 } // namespace specloom::openapi_diff

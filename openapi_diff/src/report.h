@@ -5,9 +5,8 @@
 #include <array>       // std::array
 #include <cstddef>     // std::size_t
 #include <memory>      // std::unique_ptr
-#include <optional>    // std::optional
-#include <string>      // std::string
 #include <string_view> // std::string_view
+#include <vector>      // std::vector
 
 namespace specloom::openapi_diff {
 
@@ -28,10 +27,6 @@ class Report {
         return counts_.at(static_cast<std::size_t>(level));
     }
 
-    /// The path of one of the documents in UTF-8; "<unknown>" for one that came from no file.
-    [[nodiscard]] std::string_view fileName(DocumentSide side) const;
-    void setFileNames(std::optional<std::string> source, std::optional<std::string> destination);
-
   protected:
     /// Nested is an unreachable path.
     void record(ChangeLevel level);
@@ -39,12 +34,15 @@ class Report {
   private:
     ChangeLevel level_ = ChangeLevel::None;
     std::array<std::size_t, 4> counts_{};
-    std::optional<std::string> sourceFile_;
-    std::optional<std::string> destinationFile_;
 };
 
-/// "status", "changelog" or "detailed". Any other name throws std::runtime_error "Result not found: " and the
-/// name.
+/// The report that is made when nobody chooses.
+inline constexpr std::string_view defaultReport = "changelog";
+
+/// A report of that name. Throws std::runtime_error "Result not found: " and the name.
 [[nodiscard]] std::unique_ptr<Report> createReport(std::string_view name);
+
+/// The names of all reports, that with the least to tell first.
+[[nodiscard]] std::vector<std::string_view> reportNames();
 
 } // namespace specloom::openapi_diff

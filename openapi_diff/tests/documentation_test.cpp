@@ -1,8 +1,9 @@
-// Holds the page about the configuration against the carried table.
+// Holds pages of the manual against the tables that they show.
 
 #include "openapi_diff/configuration.h"
 
 #include "jv/deser.h"
+#include "openapi_diff/formatter.h"
 #include "test_support/corpora.h"
 
 #include <algorithm>   // std::max
@@ -54,6 +55,15 @@ const std::string& page() {
     static const std::string text =
         test_support::fileBytes(SPECLOOM_SOURCE_DIR "/docs/diff-configuration.md");
     return text;
+}
+
+TEST(Documentation, namesEveryReportAndFormat) {
+    for (const char* manual : {"/docs/commands.md", "/docs/diff.md"}) {
+        const std::string text = test_support::fileBytes(std::string(SPECLOOM_SOURCE_DIR) + manual);
+        for (const auto& names : {reportNames(), formatNames()})
+            for (const std::string_view name : names)
+                EXPECT_NE(text.find(fmt::format("`{}`", name)), std::string::npos) << manual << ": " << name;
+    }
 }
 
 TEST(Documentation, theExampleCanBeUsed) {

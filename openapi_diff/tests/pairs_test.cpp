@@ -14,6 +14,7 @@
 #include <string_view> // std::string_view
 #include <utility>     // std::as_const
 
+#include <fmt/format.h>
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
@@ -21,6 +22,7 @@
 #include "openapi_diff/diff_context.h"
 #include "openapi_diff/diffs/openapi_diff.h"
 #include "openapi_diff/formatter.h"
+#include "openapi_diff/reports/reports.h"
 #include "test_support/corpora.h"
 #include "test_support/parsers.h"
 #include "test_support/read_tree.h"
@@ -168,19 +170,19 @@ TEST(Pairs, areReportedInFull) {
         const ReadTree before = readSide(pair.name, "-old", pair.extension);
         const ReadTree after = readSide(pair.name, "-new", pair.extension);
         ASSERT_TRUE(before.result != nullptr && after.result != nullptr) << pair.name;
-        for (const char* name : {"status", "changelog", "detailed"}) {
-            SCOPED_TRACE(pair.name + " " + name);
+        for (const std::string_view name : reportNames()) {
+            SCOPED_TRACE(fmt::format("{} {}", pair.name, name));
             const std::unique_ptr<Report> report = createReport(name);
             DiffContext context(configuration, *before.result, *after.result, *report);
             OpenAPIDiff().diff(&std::as_const(*before.result).root(), &std::as_const(*after.result).root(),
                                context);
-            const bool isChangelog = std::string_view(name) == "changelog";
+            const bool isChangelog = name == ChangelogReport::name;
             const Counts& counts = isChangelog ? pair.changelog : pair.detailed;
             EXPECT_EQ(countsOf(*report), counts);
             EXPECT_EQ(report->level(), worstOf(counts));
             if (isChangelog)
                 expectChangelog(pair, *report);
-            else if (std::string_view(name) == "detailed")
+            else if (name == DetailedReport::name)
                 expectDetails(*report);
             else
                 expectStatus(*report);

@@ -6,6 +6,7 @@
 
 #include "openapi_diff/differ.h"
 
+#include <algorithm>   // std::ranges::sort
 #include <cstdlib>     // std::getenv
 #include <filesystem>  // std::filesystem
 #include <fstream>     // std::ofstream
@@ -15,6 +16,7 @@
 #include <stdexcept>   // std::runtime_error
 #include <string>      // std::string
 #include <string_view> // std::string_view
+#include <vector>      // std::vector
 
 #include <fmt/format.h>
 #include <gtest/gtest.h>
@@ -33,8 +35,6 @@ using Document = std::unique_ptr<openapi::ReadResult>;
 
 const fs::path golden = fs::path(SPECLOOM_TEST_DIR) / "tests/golden";
 const auto standardFormats = std::make_shared<const openapi::SchemaFormatRegistry>();
-constexpr std::string_view reportNames[] = {"changelog", "detailed", "status"};
-constexpr std::string_view formatNames[] = {"html", "json", "markdown", "stylish", "unix", "visualstudio"};
 
 Document fromText(std::string_view text) {
     return openapi::read(jv::parseDocument(text, {.format = jv::DocumentFormat::Yaml, .refLoader = {}}),
@@ -65,8 +65,10 @@ void expectGolden(const std::string& name, const std::string& text) {
 
 std::string renderAll(const Document& source, const Document& destination) {
     std::string all;
-    for (const std::string_view report : reportNames)
-        for (const std::string_view format : formatNames)
+    std::vector<std::string_view> reports = reportNames();
+    std::ranges::sort(reports);
+    for (const std::string_view report : reports)
+        for (const std::string_view format : formatNames())
             all += fmt::format("==== {} {}\n{}", report, format, render(report, format, source, destination));
     return all;
 }
@@ -74,8 +76,8 @@ std::string renderAll(const Document& source, const Document& destination) {
 TEST(Reports, tellEverythingThatHappens) {
     const Document before = fromFile("before.yaml");
     const Document after = fromFile("after.yaml");
-    for (const std::string_view report : reportNames)
-        for (const std::string_view format : formatNames)
+    for (const std::string_view report : reportNames())
+        for (const std::string_view format : formatNames())
             expectGolden(fmt::format("changes.{}.{}", report, format), render(report, format, before, after));
 }
 
@@ -164,6 +166,12 @@ TEST(Reports, areFoundByName) {
               "Invalid formatter (xml) or report (status) name");
     EXPECT_EQ(textOf([&] { (void)createFormatter("json", "details", out); }),
               "Invalid formatter (json) or report (details) name");
+}
+
+TEST(Reports, areFormattedOnlyByFormattersOfTheirOwn) {
+    std::ostringstream out;
+    const auto formatter = createFormatter("stylish", "changelog", out);
+    EXPECT_DEATH(formatter->format(*createReport("detailed")), "The formatter is for another report");
 }
 
 TEST(Reports, tellWebhooksFromPaths) {

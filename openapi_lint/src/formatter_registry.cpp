@@ -1,9 +1,6 @@
 #include "openapi_lint/formatter_registry.h"
 
-#include <stdexcept> // std::runtime_error
-#include <string>    // std::string
-
-#include "foundation/message.h"
+#include "foundation/registry.h"
 #include "openapi_lint/formatters/checkstyle_formatter.h"
 #include "openapi_lint/formatters/compact_formatter.h"
 #include "openapi_lint/formatters/html_formatter.h"
@@ -17,43 +14,30 @@
 namespace specloom::openapi_lint {
 namespace {
 
-struct FormatterEntry {
-    std::string_view name;
-    std::unique_ptr<Formatter> (*make)(std::ostream& stream);
-};
-
-template <typename T>
-std::unique_ptr<Formatter> make(std::ostream& stream) {
-    return std::make_unique<T>(stream);
-}
+using MakeFormatter = Maker<Formatter, std::ostream&>;
 
 /// In byte-wise order of the names.
-constexpr FormatterEntry formatterTable[] = {
-    {"checkstyle", make<CheckstyleFormatter>},
-    {"compact", make<CompactFormatter>},
-    {"html", make<HTMLFormatter>},
-    {"json", make<JSONFormatter>},
-    {"junit", make<JUnitFormatter>},
-    {"stylish", make<StylishFormatter>},
-    {"tap", make<TAPFormatter>},
-    {"unix", make<UnixFormatter>},
-    {"visualstudio", make<VisualStudioFormatter>},
-};
+constexpr Registry formatterRegistry({
+    MakeFormatter::of<CheckstyleFormatter>("checkstyle"),
+    MakeFormatter::of<CompactFormatter>("compact"),
+    MakeFormatter::of<HTMLFormatter>("html"),
+    MakeFormatter::of<JSONFormatter>("json"),
+    MakeFormatter::of<JUnitFormatter>("junit"),
+    MakeFormatter::of<StylishFormatter>("stylish"),
+    MakeFormatter::of<TAPFormatter>("tap"),
+    MakeFormatter::of<UnixFormatter>("unix"),
+    MakeFormatter::of<VisualStudioFormatter>("visualstudio"),
+});
+static_assert(formatterRegistry.find(defaultFormatter) != nullptr);
 
 } // namespace
 
 std::unique_ptr<Formatter> findFormatter(std::string_view name, std::ostream& stream) {
-    for (const FormatterEntry& entry : formatterTable)
-        if (entry.name == name)
-            return entry.make(stream);
-    throw std::runtime_error(formatMessage("Formatter not found: {}", name));
+    return formatterRegistry.get(name, "Formatter not found: {}").make(stream);
 }
 
 std::vector<std::string_view> formatterNames() {
-    std::vector<std::string_view> names;
-    for (const FormatterEntry& entry : formatterTable)
-        names.push_back(entry.name);
-    return names;
+    return formatterRegistry.names();
 }
 
 } // namespace specloom::openapi_lint

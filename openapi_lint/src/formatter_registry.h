@@ -8,6 +8,9 @@
 
 namespace specloom::openapi_lint {
 
+/// The form that reports have when nobody chooses.
+inline constexpr std::string_view defaultFormatter = "stylish";
+
 /// A formatter of that name on that stream. Throws std::runtime_error "Formatter not found: " and the name.
 [[nodiscard]] std::unique_ptr<Formatter> findFormatter(std::string_view name, std::ostream& stream);
 

@@ -1,8 +1,9 @@
 #pragma once
 
+#include "jv/pos.h"
 #include "openapi_lint/types.h"
 
-#include <cstdint>     // std::uint64_t
+#include <cstdint>     // std::int32_t, std::uint64_t
 #include <limits>      // std::numeric_limits
 #include <string>      // std::string
 #include <string_view> // std::string_view
@@ -26,9 +27,10 @@ struct LintResult {
     std::string message;
 
     [[nodiscard]] bool hasPosition() const noexcept { return line != unknown; }
-    /// The line and the column for printing: 0 when they are unknown.
-    [[nodiscard]] std::uint64_t printedLine() const noexcept { return line == unknown ? 0 : line; }
-    [[nodiscard]] std::uint64_t printedColumn() const noexcept { return column == unknown ? 0 : column; }
+    [[nodiscard]] jv::Pos pos() const noexcept {
+        return hasPosition() ? jv::Pos{static_cast<std::int32_t>(line), static_cast<std::int32_t>(column)}
+                             : jv::Pos{};
+    }
 };
 
 } // namespace specloom::openapi_lint

@@ -60,7 +60,7 @@ std::vector<Rule*> inRunningOrder(const Linter::Rules& rules) {
 
 } // namespace
 
-Linter::Linter(std::ostream& stream) : stream_(stream), formatter_(findFormatter("stylish", stream)) {}
+Linter::Linter(std::ostream& stream) : stream_(stream), formatter_(findFormatter(defaultFormatter, stream)) {}
 
 void Linter::configure(const jv::JV* config) {
     if (config == nullptr)

@@ -1,14 +1,15 @@
 #include "openapi_lint/result_value.h"
 
+#include "reporting/place.h"
+
 namespace specloom::openapi_lint {
 
-void appendResult(jv::JV& array, const LintResult& result, std::string (*clean)(std::string_view text)) {
+void appendResult(jv::JV& array, const LintResult& result, reporting::EscapeText escape) {
     jv::JV* object = array.appendObject();
-    object->setInteger("line", static_cast<std::int64_t>(result.printedLine()));
-    object->setInteger("column", static_cast<std::int64_t>(result.printedColumn()));
+    reporting::setPos(*object, result.pos());
     object->setString("severity", severityName(result.severity));
     object->setString("ruleId", result.ruleId);
-    object->setString("message", clean(result.message));
+    object->setString("message", escape(result.message));
 }
 
 } // namespace specloom::openapi_lint

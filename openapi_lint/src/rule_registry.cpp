@@ -1,11 +1,9 @@
 #include "openapi_lint/rule_registry.h"
 
-#include <algorithm> // std::find_if, std::is_sorted
+#include <algorithm> // std::is_sorted
 #include <iterator>  // std::begin, std::end
-#include <stdexcept> // std::runtime_error
-#include <string>    // std::string
 
-#include "foundation/message.h"
+#include "foundation/registry.h"
 #include "openapi_lint/rules/audience_defined.h"
 #include "openapi_lint/rules/contact_defined.h"
 #include "openapi_lint/rules/id_defined.h"
@@ -63,15 +61,11 @@
 namespace specloom::openapi_lint {
 namespace {
 
-struct RuleEntry {
-    std::string_view id;
-    std::unique_ptr<Rule> (*make)(Severity severity);
-};
+using RuleEntry = Maker<Rule, Severity>;
 
 template <typename T>
 constexpr RuleEntry entry() {
-    return {T::ruleId,
-            [](Severity severity) -> std::unique_ptr<Rule> { return std::make_unique<T>(severity); }};
+    return RuleEntry::of<T>(T::ruleId);
 }
 
 /// Every rule, in byte-wise order of the ids.
@@ -132,33 +126,23 @@ constexpr RuleEntry ruleTable[] = {
 };
 
 static_assert(std::is_sorted(std::begin(ruleTable), std::end(ruleTable),
-                             [](const RuleEntry& a, const RuleEntry& b) { return a.id < b.id; }),
+                             [](const RuleEntry& a, const RuleEntry& b) { return a.name < b.name; }),
               "the rules stand in the order of their ids");
 
-const RuleEntry* findEntry(std::string_view id) {
-    const auto* found = std::find_if(std::begin(ruleTable), std::end(ruleTable),
-                                     [&](const RuleEntry& candidate) { return candidate.id == id; });
-    return found == std::end(ruleTable) ? nullptr : found;
-}
+constexpr Registry ruleRegistry(ruleTable);
 
 } // namespace
 
 std::unique_ptr<Rule> findRule(std::string_view id, Severity severity) {
-    const RuleEntry* found = findEntry(id);
-    if (found == nullptr)
-        throw std::runtime_error(formatMessage("Rule not found: {}", id));
-    return found->make(severity);
+    return ruleRegistry.get(id, "Rule not found: {}").make(severity);
 }
 
 bool isRuleKnown(std::string_view id) {
-    return findEntry(id) != nullptr;
+    return ruleRegistry.find(id) != nullptr;
 }
 
 std::vector<std::string_view> ruleIds() {
-    std::vector<std::string_view> ids;
-    for (const RuleEntry& known : ruleTable)
-        ids.push_back(known.id);
-    return ids;
+    return ruleRegistry.names();
 }
 
 } // namespace specloom::openapi_lint

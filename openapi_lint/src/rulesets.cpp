@@ -1,10 +1,8 @@
 #include "openapi_lint/rulesets.h"
 
-#include <optional>  // std::optional
-#include <stdexcept> // std::runtime_error
-#include <string>    // std::string
+#include <optional> // std::optional
 
-#include "foundation/message.h"
+#include "foundation/registry.h"
 
 namespace specloom::openapi_lint {
 namespace {
@@ -93,23 +91,15 @@ std::unique_ptr<jv::JV> recommendedConstraints() {
     return options;
 }
 
-struct RulesetEntry {
-    std::string_view name;
-    std::unique_ptr<Ruleset> (*make)();
-};
-
-template <typename T>
-std::unique_ptr<Ruleset> make() {
-    return std::make_unique<T>();
-}
+using RulesetEntry = Maker<Ruleset>;
 
 /// In byte-wise order of the names.
-constexpr RulesetEntry rulesetTable[] = {
-    {"all", make<AllRuleset>},
-    {"json-api", make<JSONAPIRuleset>},
-    {"recommended", make<RecommendedRuleset>},
-    {"strict", make<StrictRuleset>},
-};
+constexpr Registry rulesetRegistry({
+    RulesetEntry::of<AllRuleset>("all"),
+    RulesetEntry::of<JSONAPIRuleset>("json-api"),
+    RulesetEntry::of<RecommendedRuleset>("recommended"),
+    RulesetEntry::of<StrictRuleset>("strict"),
+});
 
 } // namespace
 
@@ -139,17 +129,11 @@ JSONAPIRuleset::JSONAPIRuleset() : Ruleset("json-api") {
 }
 
 std::unique_ptr<Ruleset> findRuleset(std::string_view name) {
-    for (const RulesetEntry& entry : rulesetTable)
-        if (entry.name == name)
-            return entry.make();
-    throw std::runtime_error(formatMessage("Ruleset not found: {}", name));
+    return rulesetRegistry.get(name, "Ruleset not found: {}").make();
 }
 
 std::vector<std::string_view> rulesetNames() {
-    std::vector<std::string_view> names;
-    for (const RulesetEntry& entry : rulesetTable)
-        names.push_back(entry.name);
-    return names;
+    return rulesetRegistry.names();
 }
 
 } // namespace specloom::openapi_lint

@@ -109,11 +109,8 @@ bool updating() {
 }
 
 TEST(Formatters, writeWhatTheGoldenFilesHold) {
-    const std::vector<std::string_view> names = {"checkstyle", "compact", "html", "json",        "junit",
-                                                 "stylish",    "tap",     "unix", "visualstudio"};
-    EXPECT_EQ(formatterNames(), names);
     const fs::path folder = fs::path(SPECLOOM_TEST_DIR) / "tests/golden";
-    for (const std::string_view name : names)
+    for (const std::string_view name : formatterNames())
         for (const auto& [set, files] : {std::pair("hostile", &hostile), std::pair("nothing", &nothing)}) {
             const fs::path golden = folder / fmt::format("{}.{}", set, name);
             const std::string text = report(name, *files);

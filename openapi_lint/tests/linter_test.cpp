@@ -266,7 +266,7 @@ TEST(Context, countsAndPlacesFindings) {
     EXPECT_EQ(info.line, 0u);
     EXPECT_EQ(info.column, 23u);
     EXPECT_FALSE(context.results[4].hasPosition());
-    EXPECT_EQ(context.results[4].printedLine(), 0u);
+    EXPECT_FALSE(context.results[4].pos().isKnown());
 
     const StubRule broken("broken", static_cast<Severity>(2));
     EXPECT_DEATH(broken.report(context, "", document->root()),

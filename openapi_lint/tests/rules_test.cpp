@@ -28,6 +28,7 @@
 #include "openapi/writer.h"
 #include "openapi_lint/lint_context.h"
 #include "openapi_lint/rule_registry.h"
+#include "reporting/place.h"
 #include "test_support/corpora.h"
 
 namespace specloom::openapi_lint {
@@ -94,7 +95,7 @@ class Bench {
         context_.release();
         std::string text;
         for (const LintResult& result : context_.results)
-            text += fmt::format("{}:{} {}\n", result.printedLine(), result.printedColumn(), result.message);
+            text += fmt::format("{} {}\n", reporting::printedPos(result.pos()), result.message);
         return text;
     }
     void disable() {

@@ -40,10 +40,10 @@ std::unique_ptr<openapi::ReadResult> read(const char* spanName, const std::strin
 void DiffCommand::configure(App& app) {
     parser.addDescription("Compares two OpenAPI files and prints the differences.");
     parser.addOption("--config", {.help = "Path to the configuration file.", .kind = ValueKind::Document});
-    parser.addOption("--report", {.help = "Specifies what to print"}, "changelog",
-                     {"status", "changelog", "detailed"});
-    parser.addOption("--formatter", {.help = "Specifies the formatter"}, "stylish",
-                     {"html", "json", "markdown", "stylish", "unix", "visualstudio"});
+    parser.addOption("--report", {.help = "Specifies what to print"}, openapi_diff::defaultReport,
+                     openapi_diff::reportNames());
+    parser.addOption("--formatter", {.help = "Specifies the formatter"}, openapi_diff::defaultFormat,
+                     openapi_diff::formatNames());
     parser.addFlag("--update-version",
                    {.help = "Updates the version of the OpenAPI file to the minimal suggested version."});
     parser.addPositional("source_file",

@@ -47,7 +47,7 @@ void LintCommand::configure(App& app) {
     parser.addFlag("--fix", {.help = "Automatically fixes problems where possible."});
     parser.addOption("--formatter",
                      {.help = "Specifies the formatter", .values = openapi_lint::formatterNames()},
-                     "stylish");
+                     openapi_lint::defaultFormatter);
     parser.addPositionals(
         "files", {.help = "Path to OpenAPI files to lint.", .metavar = "FILES", .kind = ValueKind::Document});
     app.addCommandLine(parser);

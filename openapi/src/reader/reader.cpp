@@ -23,9 +23,7 @@ std::unique_ptr<ReadResult> read(std::unique_ptr<jv::JVDocument> document,
 
 std::unique_ptr<ReadResult> readFile(std::string_view path,
                                      std::shared_ptr<const SchemaFormatRegistry> formats) {
-    auto result = read(jv::loadDocument(path).document, std::move(formats));
-    result->setSourcePath(std::string(path));
-    return result;
+    return read(jv::loadDocument(path).document, std::move(formats));
 }
 
 } // namespace specloom::openapi

@@ -55,13 +55,8 @@ void ReaderContext::addExtensions(Node& node) {
 // ---- errors ----------------------------------------------------------------------------------------------
 
 jv::Pos ReaderContext::positionOf(const ReadError& error) const {
-    if (error.value != nullptr && error.value->pos().isKnown())
-        return error.value->pos();
-    if (error.value != nullptr) {
-        if (const jv::JV* around = error.value->enclosingObject(); around != nullptr)
-            return around->pos();
-    }
-    return result_.nearestLocationOf(*error.node).pos;
+    const jv::Location location = result_.source().nearestLocationOf(error.value);
+    return location.pos.isKnown() ? location.pos : result_.nearestLocationOf(*error.node).pos;
 }
 
 void ReaderContext::throwErrors() const {

@@ -3,7 +3,7 @@
 #include <fmt/format.h>
 
 #include "foundation/printable.h"
-#include "openapi_diff/formatters/utils.h"
+#include "reporting/place.h"
 
 namespace specloom::openapi_diff {
 namespace {
@@ -12,9 +12,7 @@ namespace {
 class EventWalk {
   public:
     EventWalk(const ChangelogReport& report, const EventFormats& formats, const TakeEvent& take)
-        : report_(report), formats_(formats), take_(take),
-          sourceFile_(printableAtLineStart(report.fileName(DocumentSide::Source))),
-          destinationFile_(printableAtLineStart(report.fileName(DocumentSide::Destination))) {}
+        : report_(report), formats_(formats), take_(take) {}
 
     void run() {
         if (report_.metadata().level != ChangeLevel::None)
@@ -32,8 +30,8 @@ class EventWalk {
         const std::string_view format = formats_[static_cast<std::size_t>(event)];
         if (format.empty())
             return;
-        const std::string& file = entry.side == DocumentSide::Source ? sourceFile_ : destinationFile_;
-        take_(entry, fmt::format(fmt::runtime(format), file, printedLine(entry.pos), printedColumn(entry.pos),
+        take_(entry, fmt::format(fmt::runtime(format), reporting::printedFile(entry.file),
+                                 reporting::printedLine(entry.pos), reporting::printedColumn(entry.pos),
                                  changeLevelText(entry.level), printable(first), printable(second)));
     }
 
@@ -73,8 +71,6 @@ class EventWalk {
     const ChangelogReport& report_;
     const EventFormats& formats_;
     const TakeEvent& take_;
-    const std::string sourceFile_;
-    const std::string destinationFile_;
 };
 
 } // namespace

@@ -1,23 +1,17 @@
 #include "openapi_diff/formatters/html.h"
 
 #include <ostream> // std::ostream
-#include <string>  // std::string
 #include <utility> // std::move
 
 #include <nlohmann/json.hpp>
 
-#include "foundation/escapes.h"
-#include "foundation/printable.h"
 #include "openapi_diff/formatters/template_report.h"
 #include "openapi_diff/html_template.h"
+#include "reporting/escapes.h"
 #include "templating/templating.h"
 
 namespace specloom::openapi_diff {
 namespace {
-
-std::string htmlText(std::string_view text) {
-    return escapeHtml(printable(text));
-}
 
 void render(std::string_view name, std::string_view title, const Report& report, nlohmann::json data,
             std::ostream& stream) {
@@ -29,20 +23,20 @@ void render(std::string_view name, std::string_view title, const Report& report,
 
 } // namespace
 
-void HTMLStatusFormatter::format(const Report& report) {
+void HTMLStatusFormatter::write(const StatusReport& report) {
     render("html_status.jinja", "Status report", report, nlohmann::json::object(), stream());
 }
 
-void HTMLChangelogFormatter::format(const Report& report) {
+void HTMLChangelogFormatter::write(const ChangelogReport& report) {
     // The title is that of the status report, which is meant: both say where a version stands.
-    render("html_changelog.jinja", "Status report", report,
-           describeChangelog(static_cast<const ChangelogReport&>(report), htmlText), stream());
+    render("html_changelog.jinja", "Status report", report, changelogData(report, reporting::htmlText),
+           stream());
 }
 
-void HTMLDetailsFormatter::format(const Report& report) {
+void HTMLDetailsFormatter::write(const DetailedReport& report) {
     nlohmann::json changes = nlohmann::json::array();
-    for (const Change& change : static_cast<const DetailedReport&>(report).changes())
-        changes.push_back(describeChange(change, htmlText));
+    for (const Change& change : report.changes())
+        changes.push_back(describeChange(change, reporting::htmlText));
     render("html_details.jinja", "Detailed report", report, {{"changes", std::move(changes)}}, stream());
 }
 

@@ -1,28 +1,31 @@
 #pragma once
 
 #include "openapi_diff/formatter.h"
+#include "openapi_diff/reports/changelog.h"
+#include "openapi_diff/reports/detailed.h"
+#include "openapi_diff/reports/status.h"
 
 namespace specloom::openapi_diff {
 
 /// {"status": "breaking"} and a line end.
-class JSONStatusFormatter final : public BasicFormatter {
+class JSONStatusFormatter final : public BasicFormatter<StatusReport> {
   public:
-    explicit JSONStatusFormatter(std::ostream& stream) : BasicFormatter(stream) {}
-    void format(const Report& report) override;
+    using BasicFormatter::BasicFormatter;
+    void write(const StatusReport& report) override;
 };
 
 /// An object of "metadata", "added", "removed", "deprecated" and "modified", and a line end.
-class JSONChangelogFormatter final : public BasicFormatter {
+class JSONChangelogFormatter final : public BasicFormatter<ChangelogReport> {
   public:
-    explicit JSONChangelogFormatter(std::ostream& stream) : BasicFormatter(stream) {}
-    void format(const Report& report) override;
+    using BasicFormatter::BasicFormatter;
+    void write(const ChangelogReport& report) override;
 };
 
 /// An array with an object for each change, and a line end.
-class JSONDetailsFormatter final : public BasicFormatter {
+class JSONDetailsFormatter final : public BasicFormatter<DetailedReport> {
   public:
-    explicit JSONDetailsFormatter(std::ostream& stream) : BasicFormatter(stream) {}
-    void format(const Report& report) override;
+    using BasicFormatter::BasicFormatter;
+    void write(const DetailedReport& report) override;
 };
 
 } // namespace specloom::openapi_diff

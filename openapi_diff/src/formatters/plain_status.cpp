@@ -4,7 +4,7 @@
 
 namespace specloom::openapi_diff {
 
-void PlainStatusFormatter::format(const Report& report) {
+void PlainStatusFormatter::write(const StatusReport& report) {
     stream() << changeLevelHeading(report.level()) << '\n';
 }
 

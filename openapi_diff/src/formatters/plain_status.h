@@ -1,14 +1,15 @@
 #pragma once
 
 #include "openapi_diff/formatter.h"
+#include "openapi_diff/reports/status.h"
 
 namespace specloom::openapi_diff {
 
 /// One line with the heading of the report's level.
-class PlainStatusFormatter : public BasicFormatter {
+class PlainStatusFormatter : public BasicFormatter<StatusReport> {
   public:
-    explicit PlainStatusFormatter(std::ostream& stream) : BasicFormatter(stream) {}
-    void format(const Report& report) override;
+    using BasicFormatter::BasicFormatter;
+    void write(const StatusReport& report) override;
 };
 
 } // namespace specloom::openapi_diff

@@ -1,19 +1,14 @@
 #include "openapi_diff/formatters/stylish.h"
 
-#include <algorithm> // std::max
-#include <ostream>   // std::ostream
-#include <string>    // std::string
-#include <utility>   // std::move
-#include <vector>    // std::vector
-
-#include <fmt/format.h>
-
 #include "openapi_diff/formatters/changelog_events.h"
 #include "openapi_diff/formatters/utils.h"
-#include "openapi_diff/reports/detailed.h"
+#include "reporting/place.h"
+#include "reporting/table.h"
 
 namespace specloom::openapi_diff {
 namespace {
+
+using reporting::Align;
 
 /// By ChangelogEvent.
 constexpr EventFormats stylishEvents{
@@ -33,56 +28,30 @@ constexpr EventFormats stylishEvents{
     "Security requirements changed",
 };
 
-/// Rows of level, place, kind and text. The first three are as wide as the widest value, aligned right.
-class Table {
-  public:
-    void add(ChangeLevel level, jv::Pos pos, ChangeKind kind, std::string text) {
-        Row row{.level = changeLevelText(level),
-                .place = fmt::format("{}:{}", printedLine(pos), printedColumn(pos)),
-                .kind = changeKindText(kind),
-                .text = std::move(text)};
-        levelWidth_ = std::max(levelWidth_, row.level.size());
-        placeWidth_ = std::max(placeWidth_, row.place.size());
-        kindWidth_ = std::max(kindWidth_, row.kind.size());
-        rows_.push_back(std::move(row));
-    }
-
-    void write(std::ostream& stream) const {
-        const std::string line =
-            fmt::format("  {{:>{}}}  {{:>{}}}  {{:>{}}}  {{}}\n", levelWidth_, placeWidth_, kindWidth_);
-        for (const Row& row : rows_)
-            stream << fmt::format(fmt::runtime(line), row.level, row.place, row.kind, row.text);
-    }
-
-  private:
-    struct Row {
-        std::string_view level;
-        std::string place;
-        std::string_view kind;
-        std::string text;
-    };
-
-    std::vector<Row> rows_;
-    std::size_t levelWidth_ = 0;
-    std::size_t placeWidth_ = 0;
-    std::size_t kindWidth_ = 0;
-};
+/// Of level, place, kind and text.
+reporting::Table changeTable() {
+    return reporting::Table({{.before = "  ", .align = Align::Right},
+                             {.before = "  ", .align = Align::Right},
+                             {.before = "  ", .align = Align::Right},
+                             {.before = "  ", .widest = 0}});
+}
 
 } // namespace
 
-void StylishChangelogFormatter::format(const Report& report) {
-    Table table;
-    forEachEvent(static_cast<const ChangelogReport&>(report), stylishEvents,
-                 [&](const ChangelogEntry& entry, std::string_view text) {
-                     table.add(entry.level, entry.pos, entry.kind, std::string(text));
-                 });
+void StylishChangelogFormatter::write(const ChangelogReport& report) {
+    reporting::Table table = changeTable();
+    forEachEvent(report, stylishEvents, [&](const ChangelogEntry& entry, std::string_view text) {
+        table.addRow({changeLevelText(entry.level), reporting::printedPos(entry.pos),
+                      changeKindText(entry.kind), text});
+    });
     table.write(stream());
 }
 
-void StylishDetailsFormatter::format(const Report& report) {
-    Table table;
-    for (const Change& change : static_cast<const DetailedReport&>(report).changes())
-        table.add(change.level, change.pos, change.kind, changeText(change));
+void StylishDetailsFormatter::write(const DetailedReport& report) {
+    reporting::Table table = changeTable();
+    for (const Change& change : report.changes())
+        table.addRow({changeLevelText(change.level), reporting::printedPos(change.pos),
+                      changeKindText(change.kind), changeText(change)});
     table.write(stream());
 }
 

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "openapi_diff/formatters/plain_status.h"
+#include "openapi_diff/reports/changelog.h"
+#include "openapi_diff/reports/detailed.h"
 
 namespace specloom::openapi_diff {
 
@@ -11,17 +13,17 @@ class StylishStatusFormatter final : public PlainStatusFormatter {
 
 /// For people at a terminal: a table of level, place, kind and text, one row for each event. No row for a
 /// modified operation itself: its parts have theirs.
-class StylishChangelogFormatter final : public BasicFormatter {
+class StylishChangelogFormatter final : public BasicFormatter<ChangelogReport> {
   public:
-    explicit StylishChangelogFormatter(std::ostream& stream) : BasicFormatter(stream) {}
-    void format(const Report& report) override;
+    using BasicFormatter::BasicFormatter;
+    void write(const ChangelogReport& report) override;
 };
 
 /// The same table with a row for each change.
-class StylishDetailsFormatter final : public BasicFormatter {
+class StylishDetailsFormatter final : public BasicFormatter<DetailedReport> {
   public:
-    explicit StylishDetailsFormatter(std::ostream& stream) : BasicFormatter(stream) {}
-    void format(const Report& report) override;
+    using BasicFormatter::BasicFormatter;
+    void write(const DetailedReport& report) override;
 };
 
 } // namespace specloom::openapi_diff

@@ -2,86 +2,27 @@
 
 #include <utility> // std::move
 
-#include <fmt/format.h>
 #include <nlohmann/json.hpp>
 
+#include "openapi_diff/formatters/changelog_value.h"
 #include "openapi_diff/formatters/utils.h"
+#include "reporting/data.h"
+#include "reporting/place.h"
 
 namespace specloom::openapi_diff {
 namespace {
 
 using nlohmann::json;
 
-json describePlace(ChangeLevel level, jv::Pos pos) {
-    return {{"severity", changeLevelText(level)}, {"line", printedLine(pos)}, {"column", printedColumn(pos)}};
-}
-
-json describe(const OperationChange& operation, EscapeText escape) {
-    json data = describePlace(operation.level, operation.pos);
-    data["url"] = escape(operation.path);
-    data["method"] = operation.method;
-    return data;
-}
-
-json describe(const ParameterChange& parameter, EscapeText escape) {
-    json data = describePlace(parameter.level, parameter.pos);
-    data["text"] = fmt::format("{} in {}", escape(parameter.name), parameter.location);
-    return data;
-}
-
-json describe(const NamedChange& change, EscapeText escape) {
-    json data = describePlace(change.level, change.pos);
-    data["text"] = change.name.empty() ? "Request body" : escape(change.name);
-    return data;
-}
-
-json describe(const ModifiedOperation& operation, EscapeText escape);
-
-template <typename T>
-json describeList(const std::vector<T>& list, EscapeText escape) {
-    json data = json::array();
-    for (const T& element : list)
-        data.push_back(describe(element, escape));
-    return data;
-}
-
-/// Appends a block of the lists that are not empty, unless all are.
-template <typename T>
-void describeBlock(json& blocks, std::string_view title, const ByAction<T>& changes, EscapeText escape) {
-    json lists = json::array();
-    const auto add = [&](std::string_view listTitle, const std::vector<T>& list) {
-        if (!list.empty())
-            lists.push_back({{"title", listTitle}, {"items", describeList(list, escape)}});
-    };
-    add("Added", changes.added);
-    add("Removed", changes.removed);
-    add("Modified", changes.modified);
-    if (!lists.empty())
-        blocks.push_back({{"title", title}, {"lists", std::move(lists)}});
-}
-
-json describe(const ModifiedOperation& operation, EscapeText escape) {
-    json data = describe(static_cast<const OperationChange&>(operation), escape);
-    json metadata = json::array();
+json changedFields(const ModifiedOperation& operation) {
+    json fields = json::array();
     if (operation.summaryChanged)
-        metadata.push_back("summary");
+        fields.push_back("summary");
     if (operation.descriptionChanged)
-        metadata.push_back("description");
+        fields.push_back("description");
     if (operation.operationIdChanged)
-        metadata.push_back("operation id");
-    data["metadata"] = std::move(metadata);
-    data["metadataSeverity"] = changeLevelText(operation.metadata.level);
-    json blocks = json::array();
-    describeBlock(blocks, "Parameters", operation.parameters, escape);
-    describeBlock(blocks, "Request body", operation.requestBody, escape);
-    describeBlock(blocks, "Response codes", operation.responses, escape);
-    data["blocks"] = std::move(blocks);
-    data["security"] = {{"any", operation.securityChanged},
-                        {"severity", changeLevelText(operation.securityChange.level)},
-                        {"added", operation.security.get(ChangeKind::ElementAdded)},
-                        {"removed", operation.security.get(ChangeKind::ElementRemoved)},
-                        {"modified", operation.security.get(ChangeKind::ElementModified)}};
-    return data;
+        fields.push_back("operation id");
+    return fields;
 }
 
 } // namespace
@@ -102,23 +43,29 @@ json describeLevel(const Report& report) {
     return {{"heading", changeLevelHeading(report.level())}, {"severity", changeLevelText(report.level())}};
 }
 
-json describeChangelog(const ChangelogReport& report, EscapeText escape) {
-    json metadata = json::array();
+json changelogData(const ChangelogReport& report, reporting::EscapeText escape) {
+    jv::JVDocument document;
+    describeChangelog(*document.makeRoot(jv::Kind::Object), report, escape);
+    json data = reporting::templateData(document);
+    json fields = json::array();
     for (const MetadataFieldName& name : metadataFieldNames(report))
-        metadata.push_back(name.text);
-    return {{"metadata", std::move(metadata)},
-            {"metadataSeverity", changeLevelText(report.metadata().level)},
-            {"added", describeList(report.added(), escape)},
-            {"removed", describeList(report.removed(), escape)},
-            {"deprecated", describeList(report.deprecated(), escape)},
-            {"modified", describeList(report.modified(), escape)}};
+        fields.push_back(name.text);
+    data["metadata"]["fields"] = std::move(fields);
+    json& modified = data["modified"];
+    for (std::size_t index = 0; index < modified.size(); ++index) {
+        const ModifiedOperation& operation = report.modified()[index];
+        modified[index]["metadata"]["fields"] = changedFields(operation);
+        modified[index]["security"]["any"] = operation.securityChanged;
+    }
+    return data;
 }
 
-json describeChange(const Change& change, EscapeText escape) {
-    json data = describePlace(change.level, change.pos);
-    data["kind"] = changeKindText(change.kind);
-    data["text"] = escape(changeText(change));
-    return data;
+json describeChange(const Change& change, reporting::EscapeText escape) {
+    return {{"severity", changeLevelText(change.level)},
+            {"line", reporting::printedLine(change.pos)},
+            {"column", reporting::printedColumn(change.pos)},
+            {"kind", changeKindText(change.kind)},
+            {"text", escape(changeText(change))}};
 }
 
 } // namespace specloom::openapi_diff

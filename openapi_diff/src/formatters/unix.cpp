@@ -2,12 +2,8 @@
 
 #include <ostream> // std::ostream
 
-#include <fmt/format.h>
-
-#include "foundation/printable.h"
 #include "openapi_diff/formatters/changelog_events.h"
 #include "openapi_diff/formatters/utils.h"
-#include "openapi_diff/reports/detailed.h"
 
 namespace specloom::openapi_diff {
 namespace {
@@ -32,17 +28,15 @@ constexpr EventFormats unixEvents{
 
 } // namespace
 
-void UnixChangelogFormatter::format(const Report& report) {
-    forEachEvent(static_cast<const ChangelogReport&>(report), unixEvents,
+void UnixChangelogFormatter::write(const ChangelogReport& report) {
+    forEachEvent(report, unixEvents,
                  [&](const ChangelogEntry& /*entry*/, std::string_view text) { stream() << text; });
 }
 
-void UnixDetailsFormatter::format(const Report& report) {
+void UnixDetailsFormatter::write(const DetailedReport& report) {
     // Nothing but the place and the level: that is all of a line here.
-    for (const Change& change : static_cast<const DetailedReport&>(report).changes())
-        stream() << fmt::format("{}:{}:{}: [{}]\n", printableAtLineStart(report.fileName(change.side)),
-                                printedLine(change.pos), printedColumn(change.pos),
-                                changeLevelText(change.level));
+    for (const Change& change : report.changes())
+        stream() << changeLine(change, "{0}:{1}:{2}: [{3}]\n");
 }
 
 } // namespace specloom::openapi_diff

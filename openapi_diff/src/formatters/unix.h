@@ -1,6 +1,8 @@
 #pragma once
 
 #include "openapi_diff/formatters/plain_status.h"
+#include "openapi_diff/reports/changelog.h"
+#include "openapi_diff/reports/detailed.h"
 
 namespace specloom::openapi_diff {
 
@@ -10,17 +12,17 @@ class UnixStatusFormatter final : public PlainStatusFormatter {
 };
 
 /// A line for each event as compilers write it, "FILE:LINE:COLUMN: TEXT. [level]".
-class UnixChangelogFormatter final : public BasicFormatter {
+class UnixChangelogFormatter final : public BasicFormatter<ChangelogReport> {
   public:
-    explicit UnixChangelogFormatter(std::ostream& stream) : BasicFormatter(stream) {}
-    void format(const Report& report) override;
+    using BasicFormatter::BasicFormatter;
+    void write(const ChangelogReport& report) override;
 };
 
 /// A line for each change, place and level only: "FILE:LINE:COLUMN: [level]".
-class UnixDetailsFormatter final : public BasicFormatter {
+class UnixDetailsFormatter final : public BasicFormatter<DetailedReport> {
   public:
-    explicit UnixDetailsFormatter(std::ostream& stream) : BasicFormatter(stream) {}
-    void format(const Report& report) override;
+    using BasicFormatter::BasicFormatter;
+    void write(const DetailedReport& report) override;
 };
 
 } // namespace specloom::openapi_diff

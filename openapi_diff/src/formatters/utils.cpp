@@ -7,8 +7,8 @@
 
 #include "foundation/case_style.h"
 #include "foundation/printable.h"
-#include "foundation/unreachable.h"
 #include "openapi/shape.h"
+#include "reporting/place.h"
 
 namespace specloom::openapi_diff {
 namespace {
@@ -59,6 +59,12 @@ std::string changeText(const Change& change) {
     default:
         return fmt::format("{}: {}", target, configKeyText(change.key));
     }
+}
+
+std::string changeLine(const Change& change, std::string_view format) {
+    return fmt::format(fmt::runtime(format), reporting::printedFile(change.file),
+                       reporting::printedLine(change.pos), reporting::printedColumn(change.pos),
+                       changeLevelText(change.level));
 }
 
 std::vector<MetadataFieldName> metadataFieldNames(const ChangelogReport& report) {

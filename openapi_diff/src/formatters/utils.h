@@ -3,7 +3,6 @@
 #include "openapi_diff/change.h"
 #include "openapi_diff/reports/changelog.h"
 
-#include <cstdint>     // std::int32_t
 #include <string>      // std::string
 #include <string_view> // std::string_view
 #include <vector>      // std::vector
@@ -20,13 +19,9 @@ namespace specloom::openapi_diff {
 /// escaped.
 [[nodiscard]] std::string changeText(const Change& change);
 
-/// As reports print them: 0 where the position is unknown.
-[[nodiscard]] inline std::int32_t printedLine(jv::Pos pos) noexcept {
-    return pos.isKnown() ? pos.line : 0;
-}
-[[nodiscard]] inline std::int32_t printedColumn(jv::Pos pos) noexcept {
-    return pos.isKnown() ? pos.column : 0;
-}
+/// A line of nothing but the place and the level of a change: {0} of `format` is the file, {1} the line, {2}
+/// the column and {3} the level.
+[[nodiscard]] std::string changeLine(const Change& change, std::string_view format);
 
 /// The names of changed metadata fields in the order of their bits: as documents spell them
 /// ("termsOfService"), and as people do ("terms of service").

@@ -2,12 +2,8 @@
 
 #include <ostream> // std::ostream
 
-#include <fmt/format.h>
-
-#include "foundation/printable.h"
 #include "openapi_diff/formatters/changelog_events.h"
 #include "openapi_diff/formatters/utils.h"
-#include "openapi_diff/reports/detailed.h"
 
 namespace specloom::openapi_diff {
 namespace {
@@ -32,17 +28,15 @@ constexpr EventFormats visualStudioEvents{
 
 } // namespace
 
-void VisualStudioChangelogFormatter::format(const Report& report) {
-    forEachEvent(static_cast<const ChangelogReport&>(report), visualStudioEvents,
+void VisualStudioChangelogFormatter::write(const ChangelogReport& report) {
+    forEachEvent(report, visualStudioEvents,
                  [&](const ChangelogEntry& /*entry*/, std::string_view text) { stream() << text; });
 }
 
-void VisualStudioDetailsFormatter::format(const Report& report) {
+void VisualStudioDetailsFormatter::write(const DetailedReport& report) {
     // The empty place before the full stop is meant: the line has no text of its own.
-    for (const Change& change : static_cast<const DetailedReport&>(report).changes())
-        stream() << fmt::format("{}({},{}): {}: .\n", printableAtLineStart(report.fileName(change.side)),
-                                printedLine(change.pos), printedColumn(change.pos),
-                                changeLevelText(change.level));
+    for (const Change& change : report.changes())
+        stream() << changeLine(change, "{0}({1},{2}): {3}: .\n");
 }
 
 } // namespace specloom::openapi_diff

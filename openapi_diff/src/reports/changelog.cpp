@@ -25,7 +25,7 @@ bool isOfProperty(ChangeKind kind) noexcept {
 }
 
 ChangelogEntry entryOf(const Change& change) noexcept {
-    return {.kind = change.kind, .level = change.weight, .side = change.side, .pos = change.pos};
+    return {.kind = change.kind, .level = change.weight, .file = change.file, .pos = change.pos};
 }
 
 /// One entry for several changes: where the first one is, as bad as the worst.

@@ -16,8 +16,8 @@ namespace specloom::openapi_diff {
 struct ChangelogEntry {
     ChangeKind kind = ChangeKind::Modified;
     ChangeLevel level = ChangeLevel::None; ///< Change::weight
-    DocumentSide side = DocumentSide::Destination;
-    jv::Pos pos{}; ///< in the document of `side`
+    std::string_view file{};               ///< Change::file
+    jv::Pos pos{};
 };
 
 /// The entries of a list by what happened.
@@ -89,6 +89,8 @@ struct ModifiedOperation : OperationChange {
 /// that refer to it.
 class ChangelogReport final : public Report {
   public:
+    static constexpr std::string_view name = "changelog";
+
     /// Ends in an unreachable path on a sequence of changes that no comparison gives.
     void add(const Change& change) override;
 

@@ -6,16 +6,13 @@
 
 #include "foundation/printable.h"
 #include "openapi_lint/template_report.h"
+#include "reporting/place.h"
 
 namespace specloom::openapi_lint {
 namespace {
 
-nlohmann::json describeCheckstyleFile(std::string_view name, std::size_t /*count*/) {
-    return {{"path", printable(name)}};
-}
-
 nlohmann::json describeCheckstyleIssue(const LintResult& result) {
-    return {{"line", result.printedLine()},
+    return {{"line", reporting::printedLine(result.pos())},
             {"severity", severityName(result.severity)},
             {"message", printable(result.message)},
             {"ruleId", result.ruleId}};
@@ -24,8 +21,8 @@ nlohmann::json describeCheckstyleIssue(const LintResult& result) {
 } // namespace
 
 void CheckstyleFormatter::format(const LintContext& context) {
-    stream() << renderReport("checkstyle.jinja", {{"files", describeFiles(context, describeCheckstyleFile,
-                                                                          describeCheckstyleIssue)}});
+    stream() << renderReport("checkstyle.jinja",
+                             {{"files", describeFiles(context, printable, describeCheckstyleIssue)}});
 }
 
 } // namespace specloom::openapi_lint

@@ -9,7 +9,7 @@ namespace specloom::openapi_lint {
 /// becomes U+FFFD.
 class CheckstyleFormatter final : public Formatter {
   public:
-    explicit CheckstyleFormatter(std::ostream& stream) : Formatter(stream) {}
+    using Formatter::Formatter;
     void format(const LintContext& context) override;
 };
 

@@ -7,7 +7,7 @@ namespace specloom::openapi_lint {
 /// A line for each finding that says what each number is, and their number.
 class CompactFormatter final : public Formatter {
   public:
-    explicit CompactFormatter(std::ostream& stream) : Formatter(stream) {}
+    using Formatter::Formatter;
     void format(const LintContext& context) override;
 };
 

@@ -5,10 +5,10 @@
 #include <fmt/format.h>
 #include <nlohmann/json.hpp>
 
-#include "foundation/escapes.h"
-#include "foundation/printable.h"
 #include "foundation/site.h"
 #include "openapi_lint/template_report.h"
+#include "reporting/escapes.h"
+#include "reporting/place.h"
 
 namespace specloom::openapi_lint {
 namespace {
@@ -18,20 +18,12 @@ std::string ruleDocUrl(std::string_view ruleId) {
     return fmt::format("{}/linter/rules/{}", documentationSite, ruleId);
 }
 
-std::string htmlText(std::string_view text) {
-    return escapeHtml(printable(text));
-}
-
-nlohmann::json describeHtmlFile(std::string_view name, std::size_t /*count*/) {
-    return {{"path", htmlText(name)}};
-}
-
 nlohmann::json describeHtmlIssue(const LintResult& result) {
-    return {{"pos", fmt::format("{}:{}", result.printedLine(), result.printedColumn())},
+    return {{"pos", reporting::printedPos(result.pos())},
             {"severity", severityName(result.severity)},
-            {"message", htmlText(result.message)},
-            {"ruleId", htmlText(result.ruleId)},
-            {"ruleDocUrl", htmlText(ruleDocUrl(result.ruleId))}};
+            {"message", reporting::htmlText(result.message)},
+            {"ruleId", reporting::htmlText(result.ruleId)},
+            {"ruleDocUrl", reporting::htmlText(ruleDocUrl(result.ruleId))}};
 }
 
 } // namespace
@@ -43,7 +35,7 @@ void HTMLFormatter::format(const LintContext& context) {
                                {{"total", context.results.size()},
                                 {"errors", context.errorCount},
                                 {"warnings", context.warningCount}}},
-                              {"files", describeFiles(context, describeHtmlFile, describeHtmlIssue)}});
+                              {"files", describeFiles(context, reporting::htmlText, describeHtmlIssue)}});
 }
 
 } // namespace specloom::openapi_lint

@@ -8,7 +8,7 @@ namespace specloom::openapi_lint {
 /// origin, and the page is opened in a browser. What is no UTF-8 becomes U+FFFD.
 class HTMLFormatter final : public Formatter {
   public:
-    explicit HTMLFormatter(std::ostream& stream) : Formatter(stream) {}
+    using Formatter::Formatter;
     void format(const LintContext& context) override;
 };
 

@@ -1,11 +1,9 @@
 #include "openapi_lint/formatters/json_formatter.h"
 
-#include <ostream> // std::ostream
-
 #include "foundation/utf8.h"
-#include "jv/json_writer.h"
 #include "openapi_lint/lint_context.h"
 #include "openapi_lint/result_value.h"
+#include "reporting/data.h"
 
 namespace specloom::openapi_lint {
 
@@ -17,9 +15,7 @@ void JSONFormatter::format(const LintContext& context) {
         for (const std::size_t index : indices)
             appendResult(*issues, context.results[index], toValidUtf8);
     }
-    jv::JSONWriter writer;
-    writer.write(report);
-    stream() << writer.output() << '\n';
+    reporting::writeJson(report, stream());
 }
 
 } // namespace specloom::openapi_lint

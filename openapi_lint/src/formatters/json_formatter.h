@@ -8,7 +8,7 @@ namespace specloom::openapi_lint {
 /// and messages becomes U+FFFD.
 class JSONFormatter final : public Formatter {
   public:
-    explicit JSONFormatter(std::ostream& stream) : Formatter(stream) {}
+    using Formatter::Formatter;
     void format(const LintContext& context) override;
 };
 

@@ -8,7 +8,7 @@ namespace specloom::openapi_lint {
 /// with CheckstyleFormatter texts stand there as they are, and what is no UTF-8 becomes U+FFFD.
 class JUnitFormatter final : public Formatter {
   public:
-    explicit JUnitFormatter(std::ostream& stream) : Formatter(stream) {}
+    using Formatter::Formatter;
     void format(const LintContext& context) override;
 };
 

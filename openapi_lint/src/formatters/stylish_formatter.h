@@ -9,7 +9,7 @@ namespace specloom::openapi_lint {
 /// unpadded, and no other is padded beyond that.
 class StylishFormatter final : public Formatter {
   public:
-    explicit StylishFormatter(std::ostream& stream) : Formatter(stream) {}
+    using Formatter::Formatter;
     void format(const LintContext& context) override;
 };
 

@@ -8,7 +8,7 @@ namespace specloom::openapi_lint {
 /// findings and then holds them as a YAML block. What is no UTF-8 in messages becomes U+FFFD there.
 class TAPFormatter final : public Formatter {
   public:
-    explicit TAPFormatter(std::ostream& stream) : Formatter(stream) {}
+    using Formatter::Formatter;
     void format(const LintContext& context) override;
 };
 

@@ -1,29 +1,13 @@
 #include "openapi_lint/formatters/unix_formatter.h"
 
-#include <iterator> // std::back_inserter
-#include <ostream>  // std::ostream
-#include <string>   // std::string
+#include <ostream> // std::ostream
 
-#include <fmt/format.h>
-
-#include "foundation/printable.h"
-#include "openapi_lint/lint_context.h"
+#include "openapi_lint/line_report.h"
 
 namespace specloom::openapi_lint {
 
 void UnixFormatter::format(const LintContext& context) {
-    std::string text;
-    for (const auto& [filename, indices] : context.groupByFile()) {
-        const std::string name = printableAtLineStart(filename);
-        for (const std::size_t index : indices) {
-            const LintResult& result = context.results[index];
-            fmt::format_to(std::back_inserter(text), "{}:{}:{}: {}. [{}/{}]\n", name, result.printedLine(),
-                           result.printedColumn(), printable(result.message),
-                           capitalizedSeverityName(result.severity), result.ruleId);
-        }
-    }
-    fmt::format_to(std::back_inserter(text), "\n{} problems\n", context.results.size());
-    stream() << text;
+    stream() << linesOf(context, "{0}:{1}:{2}: {6}. [{4}/{5}]\n") << problemCount(context);
 }
 
 } // namespace specloom::openapi_lint

@@ -8,7 +8,7 @@ namespace specloom::openapi_lint {
 /// number.
 class UnixFormatter final : public Formatter {
   public:
-    explicit UnixFormatter(std::ostream& stream) : Formatter(stream) {}
+    using Formatter::Formatter;
     void format(const LintContext& context) override;
 };
 

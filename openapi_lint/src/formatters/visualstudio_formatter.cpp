@@ -1,28 +1,13 @@
 #include "openapi_lint/formatters/visualstudio_formatter.h"
 
-#include <iterator> // std::back_inserter
-#include <ostream>  // std::ostream
-#include <string>   // std::string
+#include <ostream> // std::ostream
 
-#include <fmt/format.h>
-
-#include "foundation/printable.h"
-#include "openapi_lint/lint_context.h"
+#include "openapi_lint/line_report.h"
 
 namespace specloom::openapi_lint {
 
 void VisualStudioFormatter::format(const LintContext& context) {
-    std::string text;
-    for (const auto& [filename, indices] : context.groupByFile()) {
-        const std::string name = printableAtLineStart(filename);
-        for (const std::size_t index : indices) {
-            const LintResult& result = context.results[index];
-            fmt::format_to(std::back_inserter(text), "{}({},{}): {} {} : {}.\n", name, result.printedLine(),
-                           result.printedColumn(), severityName(result.severity), result.ruleId,
-                           printable(result.message));
-        }
-    }
-    stream() << text;
+    stream() << linesOf(context, "{0}({1},{2}): {3} {5} : {6}.\n");
 }
 
 } // namespace specloom::openapi_lint

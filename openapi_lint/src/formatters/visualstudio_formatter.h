@@ -7,7 +7,7 @@ namespace specloom::openapi_lint {
 /// A line for each finding as that editor's list of errors reads it.
 class VisualStudioFormatter final : public Formatter {
   public:
-    explicit VisualStudioFormatter(std::ostream& stream) : Formatter(stream) {}
+    using Formatter::Formatter;
     void format(const LintContext& context) override;
 };
 
