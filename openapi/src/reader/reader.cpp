@@ -1,5 +1,6 @@
 #include "openapi/reader.h"
 
+#include "foundation/file_system.h"
 #include "jv/deser.h"
 #include "openapi/reader/readers.h"
 
@@ -21,11 +22,16 @@ std::unique_ptr<ReadResult> read(std::unique_ptr<jv::JVDocument> document,
     return result;
 }
 
-std::unique_ptr<ReadResult> readFile(std::string_view path,
+std::unique_ptr<ReadResult> readFile(const FileSystem& files, std::string_view path,
                                      std::shared_ptr<const SchemaFormatRegistry> formats) {
-    auto result = read(jv::loadDocument(path).document, std::move(formats));
+    auto result = read(jv::loadDocument(files, path).document, std::move(formats));
     result->setSourcePath(std::string(path));
     return result;
+}
+
+std::unique_ptr<ReadResult> readFile(std::string_view path,
+                                     std::shared_ptr<const SchemaFormatRegistry> formats) {
+    return readFile(LocalFileSystem(), path, std::move(formats));
 }
 
 } // namespace specloom::openapi
