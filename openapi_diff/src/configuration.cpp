@@ -111,8 +111,7 @@ void readEntry(
                            [&](const NamedAction& action) { return action.name == name; });
     });
     if (form == EntryForm::ModifyOnly && !value.has("modify"))
-        throw ConfigError("Expected 'modified' property",
-                          &value); // The text names the key with a "d"; so be it.
+        throw ConfigError("Expected 'modified' property", &value); // with a "d", unlike the key; so be it
     for (const NamedAction& action : actions) {
         const jv::JV* level = value.get(action.name);
         if (level == nullptr)
