@@ -6,6 +6,7 @@
 #include <istream>      // std::istream
 #include <stdexcept>    // std::runtime_error
 #include <system_error> // std::error_code
+#include <utility>      // std::move
 
 #include "foundation/message.h"
 
@@ -13,12 +14,6 @@ namespace fs = std::filesystem;
 
 namespace specloom {
 namespace {
-
-/// The standard error of an operation on files. Its text is the library's and quotes the path, so that the
-/// path is cleaned here.
-fs::filesystem_error fileSystemError(const char* operation, std::string_view path, std::error_code error) {
-    return {operation, pathFromUtf8(messageArgument(path)), error};
-}
 
 std::runtime_error failure(std::string_view text, std::string_view path) {
     return std::runtime_error(formatMessage("{}: {}", text, path));
@@ -51,6 +46,10 @@ std::string canonicalPath(std::string_view path) {
     if (error)
         throw fileSystemError("cannot make canonical path", path, error);
     return pathToUtf8(result);
+}
+
+fs::filesystem_error fileSystemError(const char* operation, std::string_view path, std::error_code error) {
+    return {operation, pathFromUtf8(messageArgument(path)), error};
 }
 
 bool LocalFileSystem::exists(std::string_view path) const {
@@ -100,6 +99,11 @@ void LocalFileSystem::createDirectories(std::string_view path) {
 
 void LocalFileSystem::writeFile(std::string_view path, std::string_view content) {
     OutputFile(path).replace(content);
+}
+
+std::unique_ptr<Input> LocalFileSystem::open(std::string_view path) const {
+    auto file = std::make_unique<InputFile>(path);
+    return file->isOpen() ? std::move(file) : nullptr;
 }
 
 } // namespace specloom

@@ -1,10 +1,14 @@
 #pragma once
 
-#include <filesystem>  // std::filesystem::path
-#include <string>      // std::string
-#include <string_view> // std::string_view
+#include <filesystem>   // std::filesystem::path
+#include <memory>       // std::unique_ptr
+#include <string>       // std::string
+#include <string_view>  // std::string_view
+#include <system_error> // std::error_code
 
 namespace specloom {
+
+class Input;
 
 /// The platform's form of a UTF-8 path. Every path crosses into the platform's calls through this.
 [[nodiscard]] std::filesystem::path pathFromUtf8(std::string_view path);
@@ -16,6 +20,11 @@ namespace specloom {
 /// nothing stands there.
 [[nodiscard]] std::string canonicalPath(std::string_view path);
 
+/// The standard error of an operation on files. Its text is the library's and quotes the path as a message
+/// does.
+[[nodiscard]] std::filesystem::filesystem_error fileSystemError(const char* operation, std::string_view path,
+                                                                std::error_code error);
+
 /// File access as the generators and loaders use it, so that they can run against something other than the
 /// disk. All paths are UTF-8. Throws as LocalFileSystem tells.
 class FileSystem {
@@ -25,6 +34,8 @@ class FileSystem {
     [[nodiscard]] virtual std::string readFile(std::string_view path) const = 0;
     virtual void createDirectories(std::string_view path) = 0;
     virtual void writeFile(std::string_view path, std::string_view content) = 0;
+    /// For what is read as it comes, without a copy of the whole.
+    [[nodiscard]] virtual std::unique_ptr<Input> open(std::string_view path) const = 0;
 };
 
 /// The disk. "File-system error" is std::filesystem::filesystem_error with the operation named, the path and
@@ -49,6 +60,10 @@ class LocalFileSystem final : public FileSystem {
 
     /// Creates or replaces the file, as OutputFile does, and throws what that throws; its folder must exist.
     void writeFile(std::string_view path, std::string_view content) override;
+
+    /// An InputFile; null when it cannot be opened, as a missing file or a folder. Throws what InputFile
+    /// throws.
+    [[nodiscard]] std::unique_ptr<Input> open(std::string_view path) const override;
 };
 
 } // namespace specloom

@@ -4,7 +4,8 @@
 
 namespace specloom {
 
-/// The address under which the project's documentation is published; no slash at its end.
-inline constexpr std::string_view documentationSite = "https://specloom.dev/techdocs";
+/// The address under which the project's documentation is published, on the host that the build was given
+/// (SPECLOOM_SITE_HOST); no slash at its end.
+extern const std::string_view documentationSite;
 
 } // namespace specloom

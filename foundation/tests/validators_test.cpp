@@ -2,9 +2,6 @@
 
 #include "predicates.h"
 
-#include "foundation/validators/registries.h"
-
-#include <algorithm>   // std::is_sorted
 #include <cstddef>     // std::size_t
 #include <string>      // std::string
 #include <string_view> // std::string_view
@@ -153,19 +150,6 @@ TEST(Validators, DaysInMonthFollowTheGregorianCalendar) {
     EXPECT_EQ(daysInMonth(2000, 2), 29);
     EXPECT_EQ(daysInMonth(1900, 2), 28);
     EXPECT_DEATH(static_cast<void>(daysInMonth(2023, 13)), "Unreachable code");
-}
-
-TEST(Registries, HoldWhatTheValidatorsAccept) {
-    EXPECT_TRUE(std::is_sorted(languageCodes().begin(), languageCodes().end()));
-    for (const std::string_view code : languageCodes())
-        EXPECT_TRUE(isLanguageCode(code)) << code;
-    for (const std::string_view encoding : transferEncodings())
-        EXPECT_TRUE(isTransferEncoding(encoding)) << encoding;
-    for (const std::string_view type : mediaTypes()) {
-        for (const std::string_view subtype : mediaSubtypes())
-            EXPECT_TRUE(isMediaType(std::string(type) + "/" + std::string(subtype)))
-                << type << "/" << subtype;
-    }
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "jv/deser.h"
 
-#include "foundation/input_file.h"
+#include "foundation/file_system.h"
+#include "foundation/input.h"
 #include "foundation/message.h"
 #include "foundation/output_file.h"
 #include "foundation/strings.h"
@@ -120,20 +121,24 @@ std::string_view extensionOf(DocumentFormat format) {
 // ---- reading
 // --------------------------------------------------------------------------------------------------
 
-LoadedDocument loadDocument(std::string_view path, const LoadOptions& options) {
-    InputFile file(path);
-    if (!file.isOpen())
+LoadedDocument loadDocument(const FileSystem& files, std::string_view path, const LoadOptions& options) {
+    const std::unique_ptr<Input> file = files.open(path);
+    if (file == nullptr)
         throw pathError(cannotOpen, path);
     LoadOptions known = options;
     known.format = requiredFormat(options.format, path);
     try {
-        LoadedDocument loaded{readDocument(file.stream(), known), *known.format};
+        LoadedDocument loaded{readDocument(file->stream(), known), *known.format};
         loaded.document->setSourcePath(std::string(path));
         return loaded;
     } catch (const std::exception&) {
-        file.requireBounds();
+        file->requireBounds();
         throw;
     }
+}
+
+LoadedDocument loadDocument(std::string_view path, const LoadOptions& options) {
+    return loadDocument(LocalFileSystem(), path, options);
 }
 
 std::unique_ptr<JVDocument> parseDocument(std::string_view text, const LoadOptions& options) {

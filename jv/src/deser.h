@@ -11,6 +11,10 @@
 #include <string>      // std::string
 #include <string_view> // std::string_view
 
+namespace specloom {
+class FileSystem;
+}
+
 namespace specloom::jv {
 
 enum class DocumentFormat : std::uint8_t { Json = 0, Yaml = 1 };
@@ -41,8 +45,11 @@ struct LoadedDocument {
 [[nodiscard]] std::string_view extensionOf(DocumentFormat format);
 
 /// Reads a file. Throws std::runtime_error with "Cannot open file: " and the path (also for a folder), with
-/// "Unsupported file format: " and the path, what InputFile throws, and what parseDocument() throws. The file
-/// is opened first.
+/// "Unsupported file format: " and the path, what FileSystem::open() throws, and what parseDocument() throws.
+/// The file is opened first.
+[[nodiscard]] LoadedDocument loadDocument(const FileSystem& files, std::string_view path,
+                                          const LoadOptions& options = {});
+/// From the disk.
 [[nodiscard]] LoadedDocument loadDocument(std::string_view path, const LoadOptions& options = {});
 
 /// Reads a text. Throws what readJSON() and readYAML() throw, JVError "A string value is expected for

@@ -1,5 +1,6 @@
 #include "jv/deser.h"
 
+#include "foundation/memory_file_system.h"
 #include "test_support/temporary_folder.h"
 
 #include <algorithm>  // std::ranges::sort
@@ -9,6 +10,7 @@
 #include <sstream>   // std::ostringstream
 #include <stdexcept> // std::runtime_error
 #include <string>    // std::string
+#include <utility>   // std::pair
 #include <vector>    // std::vector
 
 namespace specloom::jv {
@@ -61,21 +63,18 @@ TEST(Format, ComesFromTheExtension) {
     EXPECT_EQ(extensionOf(DocumentFormat::Yaml), ".yaml");
 }
 
-TEST_F(Files, LoadTellsWhatIsWrong) {
-    EXPECT_EQ(messageOf([&] { static_cast<void>(loadDocument(path("none.txt"))); }),
-              "Cannot open file: " + path("none.txt"))
-        << "the open comes first";
-    const std::string text = write("doc.txt", "{}");
-    EXPECT_EQ(messageOf([&] { static_cast<void>(loadDocument(text)); }), "Unsupported file format: " + text);
-    std::filesystem::create_directories(path("folder.json"));
-    EXPECT_EQ(messageOf([&] { static_cast<void>(loadDocument(path("folder.json"))); }),
-              "Cannot open file: " + path("folder.json"));
-    EXPECT_EQ(messageOf([&] { static_cast<void>(loadDocument(write("bad.json", "{"))); }),
-              "JSON parse error");
-    EXPECT_EQ(messageOf([&] { static_cast<void>(loadDocument(write("bad.yaml", "["))); }),
-              "Failed to parse YAML");
+TEST(Load, TellsWhatIsWrong) {
+    const MemoryFileSystem files{
+        {"doc.txt", "{}"}, {"folder.json/file", ""}, {"bad.json", "{"}, {"bad.yaml", "["}};
+    for (const auto& [path, text] : std::vector<std::pair<const char*, const char*>>{
+             {"none.txt", "Cannot open file: none.txt"}, // the open comes first
+             {"doc.txt", "Unsupported file format: doc.txt"},
+             {"folder.json", "Cannot open file: folder.json"},
+             {"bad.json", "JSON parse error"},
+             {"bad.yaml", "Failed to parse YAML"}})
+        EXPECT_EQ(messageOf([&, name = path] { static_cast<void>(loadDocument(files, name)); }), text);
 
-    const LoadedDocument forced = loadDocument(text, LoadOptions{DocumentFormat::Yaml, {}});
+    const LoadedDocument forced = loadDocument(files, "doc.txt", LoadOptions{DocumentFormat::Yaml, {}});
     EXPECT_EQ(forced.format, DocumentFormat::Yaml);
     EXPECT_TRUE(forced.document->root()->isObject());
 }

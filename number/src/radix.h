@@ -9,7 +9,6 @@
 namespace specloom::number {
 
 inline constexpr unsigned smallestRadix = 2;
-inline constexpr unsigned largestRadix = 36;
 
 /// Which side of the true value an estimate stays on.
 enum class Bound { Lower, Upper };

@@ -6,6 +6,10 @@
 #include <memory>      // std::shared_ptr, std::unique_ptr
 #include <string_view> // std::string_view
 
+namespace specloom {
+class FileSystem;
+}
+
 namespace specloom::openapi {
 
 /// Objects that may be nested in each other. What works on trees may recurse over their depth.
@@ -28,6 +32,9 @@ inline constexpr int maxNodeDepth = 1000;
                                                std::shared_ptr<const SchemaFormatRegistry> formats);
 
 /// Loads a file by its extension, reads it and notes its path. Throws also what jv::loadDocument() throws.
+[[nodiscard]] std::unique_ptr<ReadResult> readFile(const FileSystem& files, std::string_view path,
+                                                   std::shared_ptr<const SchemaFormatRegistry> formats);
+/// From the disk.
 [[nodiscard]] std::unique_ptr<ReadResult> readFile(std::string_view path,
                                                    std::shared_ptr<const SchemaFormatRegistry> formats);
 

@@ -141,25 +141,12 @@ const std::vector<Text>& Schema::names(SchemaKeyword keyword) const {
     return orEmpty(fields_.find<std::vector<Text>>(keyword));
 }
 
-namespace {
-
-[[nodiscard]] auto placeOf(const std::vector<Text>& sorted, std::string_view name) {
-    return std::lower_bound(sorted.begin(), sorted.end(), name,
-                            [](const Text& entry, std::string_view wanted) { return entry.view() < wanted; });
-}
-
-} // namespace
-
 bool Schema::isRequired(std::string_view property) const {
-    const auto place = placeOf(required(), property);
-    return place != required().end() && place->view() == property;
-}
-
-void Schema::addRequired(Text property) {
-    auto& names = fields_.open<std::vector<Text>>(SchemaKeyword::Required);
-    const auto place = placeOf(names, property.view());
-    if (place == names.end() || place->view() != property.view())
-        names.insert(place, std::move(property));
+    const std::vector<Text>& sorted = required();
+    const auto place =
+        std::lower_bound(sorted.begin(), sorted.end(), property,
+                         [](const Text& entry, std::string_view wanted) { return entry.view() < wanted; });
+    return place != sorted.end() && place->view() == property;
 }
 
 void Schema::setRequired(std::vector<Text> properties) {

@@ -172,8 +172,6 @@ class Schema final : public Node {
     /// In byte-wise order, each once.
     [[nodiscard]] const std::vector<Text>& required() const { return names(SchemaKeyword::Required); }
     [[nodiscard]] bool isRequired(std::string_view property) const;
-    /// Does nothing when it is there.
-    void addRequired(Text property);
     /// In any order; repeated names count once.
     void setRequired(std::vector<Text> properties);
 

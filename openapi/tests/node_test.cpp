@@ -6,6 +6,7 @@
 #include <functional> // std::function
 #include <memory>     // std::unique_ptr
 #include <string>     // std::string
+#include <utility>    // std::move
 #include <vector>     // std::vector
 
 #include <gtest/gtest.h>
@@ -267,9 +268,10 @@ TEST(Schema, keepsKeywordsInTheirPlaces) {
     EXPECT_EQ(schema->types().single(), SchemaType::String);
     schema->addType(SchemaType::Null);
     EXPECT_EQ(schema->types().bits(), 0x212u) << "their number, and a bit for each";
-    schema->addRequired("b");
-    schema->addRequired("a");
-    schema->addRequired("b");
+    std::vector<Text> required;
+    for (const char* name : {"b", "a", "b"})
+        required.emplace_back(name);
+    schema->setRequired(std::move(required));
     EXPECT_EQ(schema->required().size(), 2u);
     EXPECT_TRUE(schema->isRequired("a"));
 

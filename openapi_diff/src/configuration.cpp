@@ -1,8 +1,7 @@
 #include "openapi_diff/configuration.h"
 
-#include "foundation/message.h"
+#include "configuration/section.h"
 #include "jv/deser.h"
-#include "jv/jv_error.h"
 #include "openapi/shape.h"
 #include "openapi_diff/embedded_configuration.h"
 
@@ -11,16 +10,19 @@
 #include <optional>  // std::optional
 #include <span>      // std::span
 #include <stdexcept> // std::runtime_error
-#include <utility>   // std::as_const, std::pair
 
 namespace specloom::openapi_diff {
 namespace {
 
-[[nodiscard]] jv::JVError fault(const Message& message, const jv::JV& value) {
-    return {message, &value};
-}
+using configuration::Choices;
+using configuration::ConfigError;
+using configuration::Section;
+using configuration::unexpectedMember;
 
 // ---- classifications
+
+constexpr char expectedString[] = "Expected string";
+constexpr char expectedEntry[] = "Expected string or object";
 
 /// An action as an entry names it, with the two that stand in for it where a condition is known.
 struct NamedAction {
@@ -54,26 +56,12 @@ constexpr std::array<NamedAction, 3> itemActions{{{"add_item", Action::AddItem},
 }
 
 [[nodiscard]] ChangeLevel readLevel(const jv::JV& value) {
-    constexpr std::array<std::pair<std::string_view, ChangeLevel>, 5> texts{
-        {{"breaking", ChangeLevel::Breaking},
-         {"non_breaking", ChangeLevel::NonBreaking},
-         {"non_functional", ChangeLevel::NonFunctional},
-         {"none", ChangeLevel::None},
-         {"nested", ChangeLevel::Nested}}};
-    if (!value.isString())
-        throw fault("Expected string", value);
-    for (const auto& [text, level] : texts)
-        if (value.text() == text)
-            return level;
-    throw fault("Invalid option", value);
-}
-
-/// Refuses members of other names: a misspelt one would otherwise be lost in silence.
-template <typename IsKnown>
-void requireKnownMembers(const jv::JV& object, IsKnown isKnown) {
-    for (const auto& [name, value] : object.members())
-        if (!isKnown(name))
-            throw fault("Unexpected properties", *value);
+    constexpr Choices<ChangeLevel, 5> levels{{{"breaking", ChangeLevel::Breaking},
+                                              {"non_breaking", ChangeLevel::NonBreaking},
+                                              {"non_functional", ChangeLevel::NonFunctional},
+                                              {"none", ChangeLevel::None},
+                                              {"nested", ChangeLevel::Nested}}};
+    return choiceOf(value, levels, expectedString, "Invalid option");
 }
 
 void setLevels(NodeDiffConfig& entry, const NamedAction& action, ChangeLevel plain, ChangeLevel whenTrue,
@@ -90,12 +78,11 @@ void setLevel(NodeDiffConfig& entry, const NamedAction& action, ChangeLevel leve
     setLevels(entry, action, level, level, level);
 }
 
-void readCondition(NodeDiffConfig& entry, const NamedAction& action, const jv::JV& value) {
-    requireKnownMembers(
-        value, [](std::string_view name) { return name == "if" || name == "then" || name == "else"; });
-    const bool expected = value.getRequiredBoolean("if")->boolean();
-    const ChangeLevel then = readLevel(*value.getRequired("then"));
-    const ChangeLevel otherwise = readLevel(*value.getRequired("else"));
+void readCondition(NodeDiffConfig& entry, const NamedAction& action, const Section& condition) {
+    condition.requireKnown({"if", "then", "else"});
+    const bool expected = condition.requiredBoolean("if");
+    const ChangeLevel then = readLevel(condition.getRequired("then"));
+    const ChangeLevel otherwise = readLevel(condition.getRequired("else"));
     // Where no value is at hand, the worse of the two.
     setLevels(entry, action, std::max(then, otherwise), expected ? then : otherwise,
               expected ? otherwise : then);
@@ -117,14 +104,14 @@ void readEntry(
         return;
     }
     if (!value.isObject())
-        throw fault("Expected string or object", value);
-    requireKnownMembers(value, [&](std::string_view name) {
+        throw ConfigError(expectedEntry, &value);
+    Section(value).requireKnown([&](std::string_view name) {
         return isNoAction(name) ||
                std::any_of(actions.begin(), actions.end(),
                            [&](const NamedAction& action) { return action.name == name; });
     });
     if (form == EntryForm::ModifyOnly && !value.has("modify"))
-        throw fault("Expected 'modified' property", value); // The text names the key with a "d"; so be it.
+        throw ConfigError("Expected 'modified' property", &value); // with a "d", unlike the key; so be it
     for (const NamedAction& action : actions) {
         const jv::JV* level = value.get(action.name);
         if (level == nullptr)
@@ -132,9 +119,9 @@ void readEntry(
         if (!allowsConditions(form) || level->isString())
             setLevel(entry, action, readLevel(*level));
         else if (level->isObject())
-            readCondition(entry, action, *level);
+            readCondition(entry, action, Section(*level));
         else
-            throw fault("Expected string or object", *level);
+            throw ConfigError(expectedEntry, level);
     }
 }
 
@@ -169,7 +156,7 @@ Configuration Configuration::recommended() {
         const auto document = jv::parseDocument(embeddedConfiguration("recommended.yaml"),
                                                 {.format = jv::DocumentFormat::Yaml, .refLoader = {}});
         Configuration configuration;
-        configuration.overlay(*document->root()->getRequiredObject("rules"));
+        configuration.overlay(Section(document->root()->getRequiredObject("rules")));
         return configuration;
     }();
     return carried;
@@ -178,38 +165,32 @@ Configuration Configuration::recommended() {
 Configuration Configuration::load(const jv::JV* section) {
     if (section == nullptr)
         return recommended();
-    requireKnownMembers(*section, [](std::string_view name) { return name == "extends" || name == "rules"; });
+    const Section given(*section);
+    given.requireKnown({"extends", "rules"});
+    constexpr Choices<Configuration (*)(), 1> rulesets{{{"recommended", Configuration::recommended}}};
     Configuration configuration;
-    if (const jv::JV* rulesets = section->getArray("extends"); rulesets != nullptr)
-        for (const jv::JV* ruleset : std::as_const(*rulesets).elements()) {
-            if (!ruleset->isString())
-                throw fault("Expected string", *ruleset);
-            if (ruleset->text() != "recommended")
-                throw jv::JVError(formatMessage("Unknown ruleset: {}", ruleset->text()), ruleset);
-            configuration = recommended();
-        }
-    if (const jv::JV* rules = section->getObject("rules"); rules != nullptr)
-        configuration.overlay(*rules);
+    for (const jv::JV* ruleset : given.elements("extends"))
+        configuration = choiceOf(*ruleset, rulesets, expectedString, "Unknown ruleset: {}")();
+    configuration.overlay(given.section("rules"));
     return configuration;
 }
 
-void Configuration::overlay(const jv::JV& rules) {
-    if (const jv::JV* defaults = rules.getObject("defaults"); defaults != nullptr)
-        overlayDefaults(*defaults);
+void Configuration::overlay(const Section& rules) {
+    overlayDefaults(rules.section("defaults"));
     for (const auto& [name, value] : rules.members()) {
         if (name == "defaults")
             continue;
         if (!isSection(name))
-            throw fault("Unexpected properties", *value);
+            throw unexpectedMember(*value);
         if (const auto key = findKey(name, ""); key)
             overlayField(*key, *value);
         else
-            overlaySection(name, *rules.getObject(name));
+            overlaySection(name, rules.section(name));
     }
 }
 
-void Configuration::overlayDefaults(const jv::JV& defaults) {
-    requireKnownMembers(defaults, [](std::string_view name) { return name == "extensions"; });
+void Configuration::overlayDefaults(const Section& defaults) {
+    defaults.requireKnown({"extensions"});
     if (const jv::JV* value = defaults.get("extensions"); value != nullptr)
         readEntry(defaultExtension_, EntryForm::Field, *value);
 }
@@ -224,14 +205,14 @@ void Configuration::overlayField(ConfigKey key, const jv::JV& value) {
                 overlayExtension(field.section, name, *entry);
 }
 
-void Configuration::overlaySection(std::string_view section, const jv::JV& fields) {
+void Configuration::overlaySection(std::string_view section, const Section& fields) {
     for (const auto& [name, value] : fields.members()) {
         if (isExtension(name))
             overlayExtension(section, name, *value);
         else if (const auto key = findKey(section, name); key)
             readEntry(entries_[static_cast<std::size_t>(*key)], configField(*key).form, *value);
         else
-            throw fault("Unexpected properties", *value);
+            throw unexpectedMember(*value);
     }
 }
 

@@ -10,6 +10,10 @@
 #include <string>      // std::string
 #include <string_view> // std::string_view
 
+namespace specloom::configuration {
+class Section;
+}
+
 namespace specloom::openapi_diff {
 
 /// How each change is classified.
@@ -36,11 +40,11 @@ class Configuration {
     /// fields of "rules", each replacing what stood there before; actions that a field does not name keep
     /// their levels. Without "extends" that is None for everything.
     ///
-    /// Throws jv::JVError, with the value at fault: "Expected string", "Unknown ruleset: {}", "Unexpected
-    /// properties", "Expected string or object", "Invalid option", "Expected 'modified' property", and the
-    /// texts of JV's typed getters. A section or field that the table does not have, and a key beside
-    /// "extends" and "rules", is "Unexpected properties", because a misspelt one would otherwise be lost in
-    /// silence.
+    /// Throws configuration::ConfigError, with the value at fault: "Expected string", "Unknown ruleset: {}",
+    /// "Unexpected properties", "Expected string or object", "Invalid option", "Expected 'modified'
+    /// property", and the texts of JV's typed getters. A section or field that the table does not have, and a
+    /// key beside "extends" and "rules", is "Unexpected properties", because a misspelt one would otherwise
+    /// be lost in silence.
     [[nodiscard]] static Configuration load(const jv::JV* section);
 
     [[nodiscard]] const NodeDiffConfig& entry(ConfigKey key) const;
@@ -49,10 +53,10 @@ class Configuration {
     [[nodiscard]] const NodeDiffConfig& extension(openapi::NodeType type, std::string_view name) const;
 
   private:
-    void overlay(const jv::JV& rules);
-    void overlayDefaults(const jv::JV& defaults);
+    void overlay(const configuration::Section& rules);
+    void overlayDefaults(const configuration::Section& defaults);
     void overlayField(ConfigKey key, const jv::JV& value);
-    void overlaySection(std::string_view section, const jv::JV& fields);
+    void overlaySection(std::string_view section, const configuration::Section& fields);
     void overlayExtension(std::string_view section, std::string_view name, const jv::JV& value);
 
     std::array<NodeDiffConfig, configKeyCount> entries_{};

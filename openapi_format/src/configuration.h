@@ -11,6 +11,10 @@
 #include <string>      // std::string
 #include <string_view> // std::string_view
 
+namespace specloom::configuration {
+class Section;
+}
+
 namespace specloom::openapi_format {
 
 /// How documents are formatted.
@@ -39,7 +43,7 @@ class Configuration {
     /// that are not in the example above are left alone, except under "property_order": every kind has to be
     /// known there, because a misspelt one would otherwise be lost in silence.
     ///
-    /// Throws jv::JVError, with the value at fault:
+    /// Throws configuration::ConfigError, with the value at fault:
     ///   "Extends must be a string", "Unknown extends value: {}", "Unknown file format: {}",
     ///   "Indent must be between 0 and 100", "Default order must be a string", "Unsupported order shortcut:
     ///   {}", "Element is not a string", "Property order block must be a string or an array", "Unknown object
@@ -62,8 +66,7 @@ class Configuration {
   private:
     [[nodiscard]] static Configuration carried(std::string_view fileName);
     void overlay(const jv::JV& section);
-    void readIndent(const jv::JV& openapi);
-    void readOrders(const jv::JV& orders);
+    void readOrders(const configuration::Section& orders);
 
     std::optional<jv::DocumentFormat> format_;
     std::int32_t indent_ = 2;

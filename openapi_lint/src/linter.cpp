@@ -5,6 +5,7 @@
 #include <stdexcept> // std::runtime_error
 #include <vector>    // std::vector
 
+#include "configuration/section.h"
 #include "foundation/file_system.h"
 #include "foundation/message.h"
 #include "openapi/writer.h"
@@ -40,15 +41,6 @@ RuleSetting readSetting(std::string_view id, const jv::JV& value) {
     return {textOf(*value.elements()[0], id), value.elements()[1]};
 }
 
-/// The elements of an array of strings; none for null.
-std::vector<std::string_view> namesIn(const jv::JV* array) {
-    std::vector<std::string_view> names;
-    if (array != nullptr)
-        for (const jv::JV* element : array->elements())
-            names.push_back(textOf(*element, "extends"));
-    return names;
-}
-
 /// In the order in which they run: fixable ones first, each part in the order of the ids.
 std::vector<Rule*> inRunningOrder(const Linter::Rules& rules) {
     std::vector<Rule*> order;
@@ -65,11 +57,14 @@ Linter::Linter(std::ostream& stream) : stream_(stream), formatter_(findFormatter
 void Linter::configure(const jv::JV* config) {
     if (config == nullptr)
         return;
-    for (const std::string_view name : namesIn(config->getArray("extends")))
+    const configuration::Section given(*config);
+    std::vector<std::string_view> rulesets; // all are names before the first is looked for
+    for (const jv::JV* name : given.elements("extends"))
+        rulesets.push_back(textOf(*name, "extends"));
+    for (const std::string_view name : rulesets)
         addRuleset(name);
-    if (const jv::JV* rules = config->getObject("rules"); rules != nullptr)
-        for (const auto& [id, value] : rules->members())
-            configureRule(id, *value);
+    for (const auto& [id, value] : given.section("rules").members())
+        configureRule(id, *value);
 }
 
 void Linter::configureDefaults() {

@@ -2,6 +2,7 @@
 
 #include <string> // std::string
 
+#include "configuration/section.h"
 #include "foundation/message.h"
 
 namespace specloom::openapi_lint {
@@ -13,9 +14,7 @@ const jv::JV& requireOptions(const jv::JV* options, std::string_view ruleId) {
 }
 
 std::string_view textOf(const jv::JV& value, std::string_view name) {
-    if (!value.isString())
-        throw jv::JVError(formatMessage("A string value is expected for '{}'.", name), &value);
-    return value.text();
+    return configuration::textOf(value, formatMessage("A string value is expected for '{}'.", name));
 }
 
 NamingConvention optionsNamingConvention(const jv::JV* options, std::string_view ruleId) {

@@ -14,8 +14,8 @@ namespace specloom::openapi_lint {
 /// value of the kind null passes.
 [[nodiscard]] const jv::JV& requireOptions(const jv::JV* options, std::string_view ruleId);
 
-/// The text of a string. Throws jv::JVError "A string value is expected for '{}'." with `name` for a value of
-/// another kind.
+/// The text of a string. Throws configuration::ConfigError "A string value is expected for '{}'." with `name`
+/// for a value of another kind.
 [[nodiscard]] std::string_view textOf(const jv::JV& value, std::string_view name);
 
 /// A naming convention by its name. Throws RuleConfigurationError with

@@ -75,7 +75,6 @@ const std::set<std::string> noLimits = {
     "jv_schema/src/messages.cpp longestQuotation",         // the same
     "number/src/big_float_round.cpp largestExponent",      // beyond it is infinity
     "number/src/exact_numbers.cpp mostBits",               // no number has more
-    "number/src/radix.h largestRadix",                     // of our own calls
     "regex/src/matcher.cpp maxCachedClasses",              // what is remembered
     "regex/src/matcher.cpp maxKept",                       // the same
     "regex/src/matcher.cpp maxTransitions",                // the same

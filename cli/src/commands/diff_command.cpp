@@ -21,10 +21,8 @@ void configureDiffer(openapi_diff::Differ& differ, openapi::SchemaFormatRegistry
                      const std::optional<std::string>& path) {
     if (!path)
         return; // a differ begins with the recommended configuration
-    ConfigFile file;
-    readConfigFile(file, *path, [&] {
-        if (const jv::JV* customFormats = file.customFormats(); customFormats != nullptr)
-            formats.addFromJV(*customFormats);
+    readConfigFile(*path, [&](const ConfigFile& file) {
+        file.addCustomFormatsTo(formats);
         differ.configure(openapi_diff::Configuration::load(file.commandSection("diff")));
     });
 }

@@ -22,8 +22,7 @@ openapi_format::Configuration readConfiguration(const std::optional<std::string>
     if (!path)
         return openapi_format::Configuration::recommended();
     openapi_format::Configuration configuration;
-    ConfigFile file;
-    readConfigFile(file, *path, [&] {
+    readConfigFile(*path, [&](const ConfigFile& file) {
         configuration = openapi_format::Configuration::load(file.commandSection("format"));
     });
     return configuration;

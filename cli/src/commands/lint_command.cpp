@@ -23,10 +23,8 @@ void configureLinter(openapi_lint::Linter& linter, openapi::SchemaFormatRegistry
         linter.configureDefaults();
         return;
     }
-    ConfigFile file;
-    readConfigFile(file, *path, [&] {
-        if (const jv::JV* customFormats = file.customFormats(); customFormats != nullptr)
-            formats.addFromJV(*customFormats);
+    readConfigFile(*path, [&](const ConfigFile& file) {
+        file.addCustomFormatsTo(formats);
         linter.configure(file.commandSection("lint"));
     });
 }

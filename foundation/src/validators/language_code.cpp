@@ -1,9 +1,7 @@
-#include "foundation/validators/registries.h"
 #include "foundation/validators/validators.h"
 
-#include <algorithm>   // std::binary_search
+#include <algorithm>   // std::binary_search, std::is_sorted
 #include <iterator>    // std::begin, std::end, std::size
-#include <span>        // std::span
 #include <string_view> // std::string_view
 
 namespace specloom {
@@ -22,13 +20,9 @@ constexpr std::string_view codes[] = {
     "sw", "ta", "te", "tg", "th", "ti", "tk", "tl", "tn", "to", "tr", "ts", "tt", "tw", "ty", "ug", "uk",
     "ur", "uz", "ve", "vi", "vo", "wa", "wo", "xh", "yi", "yo", "za", "zh", "zu"};
 
-static_assert(std::size(codes) == 183);
+static_assert(std::size(codes) == 183 && std::is_sorted(std::begin(codes), std::end(codes)));
 
 } // namespace
-
-std::span<const std::string_view> languageCodes() noexcept {
-    return codes;
-}
 
 bool isLanguageCode(std::string_view text) noexcept {
     return std::binary_search(std::begin(codes), std::end(codes), text);

@@ -1,4 +1,3 @@
-#include "foundation/validators/registries.h"
 #include "foundation/validators/validators.h"
 
 #include <algorithm>   // std::find
@@ -95,14 +94,6 @@ bool holds(std::span<const std::string_view> table, std::string_view name) {
 static_assert(std::size(types) == 11 && std::size(subtypes) == 70);
 
 } // namespace
-
-std::span<const std::string_view> mediaTypes() noexcept {
-    return types;
-}
-
-std::span<const std::string_view> mediaSubtypes() noexcept {
-    return subtypes;
-}
 
 bool isMediaType(std::string_view text) noexcept {
     const std::size_t start = text.find_first_not_of(whiteSpace);

@@ -1,9 +1,7 @@
-#include "foundation/validators/registries.h"
 #include "foundation/validators/validators.h"
 
 #include <algorithm>   // std::find
 #include <iterator>    // std::begin, std::end
-#include <span>        // std::span
 #include <string_view> // std::string_view
 
 namespace specloom {
@@ -13,10 +11,6 @@ constexpr std::string_view encodings[] = {"7bit",   "8bit",   "binary", "quoted-
                                           "base16", "base32", "base64"};
 
 } // namespace
-
-std::span<const std::string_view> transferEncodings() noexcept {
-    return encodings;
-}
 
 bool isTransferEncoding(std::string_view text) noexcept {
     return std::find(std::begin(encodings), std::end(encodings), text) != std::end(encodings);

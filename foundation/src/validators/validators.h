@@ -29,7 +29,7 @@ namespace specloom {
 /// byte. The domain may hold any visible ASCII characters but [ \ ].
 [[nodiscard]] bool isEmail(std::string_view text) noexcept;
 
-/// A content transfer encoding by its name in lower case: one of transferEncodings().
+/// A content transfer encoding of RFC 2045, section 6.1, or RFC 4648, by its name in lower case.
 [[nodiscard]] bool isTransferEncoding(std::string_view text) noexcept;
 
 /// Labels of 1 to 63 letters, digits and "-" between dots, each beginning with a letter; the last byte of the
@@ -51,11 +51,12 @@ namespace specloom {
 /// or a JSON pointer.
 [[nodiscard]] bool isRelativeJSONPointer(std::string_view text) noexcept;
 
-/// One of languageCodes(); with a region ("en-US") or in upper case it is none.
+/// A two-letter code of a language (ISO 639-1) in lower case; with a region ("en-US") or in upper case it is
+/// none.
 [[nodiscard]] bool isLanguageCode(std::string_view text) noexcept;
 
-/// A type of mediaTypes(), "/" and a subtype of mediaSubtypes(), in any combination and behind any white
-/// space. The subtype ends at ";" or white space; what follows is not looked at.
+/// A top-level media type, "/" and a media subtype that are known, in any combination and behind any white
+/// space; "*" is known as both. The subtype ends at ";" or white space; what follows is not looked at.
 [[nodiscard]] bool isMediaType(std::string_view text) noexcept;
 
 /// A regular expression of ECMA-262 with the flag "u" as regex::Pattern reads it, so that a text has this

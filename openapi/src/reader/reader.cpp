@@ -1,5 +1,6 @@
 #include "openapi/reader.h"
 
+#include "foundation/file_system.h"
 #include "jv/deser.h"
 #include "openapi/reader/readers.h"
 
@@ -21,9 +22,14 @@ std::unique_ptr<ReadResult> read(std::unique_ptr<jv::JVDocument> document,
     return result;
 }
 
+std::unique_ptr<ReadResult> readFile(const FileSystem& files, std::string_view path,
+                                     std::shared_ptr<const SchemaFormatRegistry> formats) {
+    return read(jv::loadDocument(files, path).document, std::move(formats));
+}
+
 std::unique_ptr<ReadResult> readFile(std::string_view path,
                                      std::shared_ptr<const SchemaFormatRegistry> formats) {
-    return read(jv::loadDocument(path).document, std::move(formats));
+    return readFile(LocalFileSystem(), path, std::move(formats));
 }
 
 } // namespace specloom::openapi

@@ -3,6 +3,7 @@
 #include <string>      // std::string
 #include <string_view> // std::string_view
 
+#include "configuration/section.h"
 #include "openapi_lint/rule_handler.h"
 #include "openapi_lint/rule_options.h"
 
@@ -43,13 +44,13 @@ void ParameterNaming::configure(const jv::JV* options) {
     }
     if (!value.isObject())
         throw RuleConfigurationError(ruleId, "Options must be a string or an object");
-    if (const jv::JV* convention = value.getString("default"); convention != nullptr)
-        default_ = parseNamingConvention(convention->text(), ruleId);
+    const configuration::Section conventions(value);
+    if (const auto convention = conventions.text("default"); convention)
+        default_ = parseNamingConvention(*convention, ruleId);
     for (const auto location : {ParameterLocation::Path, ParameterLocation::Query, ParameterLocation::Header,
                                 ParameterLocation::Cookie})
-        if (const jv::JV* convention = value.getString(parameterLocationName(location));
-            convention != nullptr)
-            byLocation_[location] = parseNamingConvention(convention->text(), ruleId);
+        if (const auto convention = conventions.text(parameterLocationName(location)); convention)
+            byLocation_[location] = parseNamingConvention(*convention, ruleId);
 }
 
 NamingConvention ParameterNaming::conventionOf(ParameterLocation location) const {

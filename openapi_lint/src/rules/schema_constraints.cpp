@@ -2,6 +2,7 @@
 
 #include <string_view> // std::string_view
 
+#include "configuration/section.h"
 #include "openapi/schema.h"
 #include "openapi_lint/rule_handler.h"
 #include "openapi_lint/rule_options.h"
@@ -86,8 +87,7 @@ void SchemaConstraints::configure(const jv::JV* options) {
         throw RuleConfigurationError(ruleId, "Options must be an object");
     openapi::SchemaTypes types;
     for (const Constraint& constraint : constraints)
-        if (const jv::JV* enforced = options->getBoolean(constraint.option);
-            enforced != nullptr && enforced->boolean())
+        if (configuration::Section(*options).boolean(constraint.option).value_or(false))
             types.add(constraint.type);
     if (types.empty())
         throw RuleConfigurationError(ruleId,

@@ -1,4 +1,4 @@
-#include "cli/config_file.h"
+#include "configuration/config_file.h"
 
 #include <utility> // std::move
 
@@ -7,10 +7,10 @@
 #include "foundation/message.h"
 #include "jv/deser.h"
 
-namespace specloom::cli {
+namespace specloom::configuration {
 
-void ConfigFile::load(std::string_view path) {
-    document_ = std::move(jv::loadDocument(path).document);
+void ConfigFile::load(std::string_view path, const FileSystem& files) {
+    document_ = std::move(jv::loadDocument(files, path).document);
     const jv::JV* version = document_->lookup("/version");
     if (version == nullptr || !version->isString())
         throw ConfigFileError("Missing configuration version.", locationOf(document_->root()).pos);
@@ -33,13 +33,20 @@ const jv::JV* ConfigFile::customFormats() const {
     return formats;
 }
 
-void readConfigFile(ConfigFile& file, std::string_view path, const std::function<void()>& apply) {
+void ConfigFile::addCustomFormatsTo(openapi::SchemaFormatRegistry& formats) const {
+    if (const jv::JV* custom = customFormats(); custom != nullptr)
+        formats.addFromJV(*custom);
+}
+
+void readConfigFile(std::string_view path, const std::function<void(const ConfigFile&)>& apply,
+                    const FileSystem& files) {
+    ConfigFile file;
     try {
-        file.load(path);
-        apply();
+        file.load(path, files);
+        apply(file);
     } catch (const jv::JVError& error) {
         throw ConfigFileError(Message(error), file.locationOf(error.value()).pos);
     }
 }
 
-} // namespace specloom::cli
+} // namespace specloom::configuration

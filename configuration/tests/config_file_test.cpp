@@ -1,6 +1,6 @@
-#include "cli/config_file.h"
+#include "configuration/config_file.h"
 
-#include "test_support/temporary_folder.h"
+#include "foundation/memory_file_system.h"
 
 #include <string> // std::string
 #include <vector> // std::vector
@@ -8,24 +8,18 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-namespace specloom::cli {
+namespace specloom::configuration {
 namespace {
 
 class ConfigFileTest : public testing::Test {
   protected:
-    [[nodiscard]] std::string path(const std::string& extension) const {
-        return folder_.at("config." + extension);
-    }
-
-    /// Writes a file of this content and loads it.
-    void load(const std::string& content, const std::string& extension = "json") {
-        file.load(folder_.write("config." + extension, content));
+    /// Loads a file of this content.
+    void load(std::string_view content, const std::string& extension = "json") {
+        const std::string path = "config." + extension;
+        file.load(path, MemoryFileSystem{{path, content}});
     }
 
     ConfigFile file;
-
-  private:
-    test_support::TemporaryFolder folder_;
 };
 
 /// The ConfigFileError that `call` throws, as its text and position.
@@ -91,6 +85,10 @@ TEST_F(ConfigFileTest, CustomFormatsAreAnArrayOrAbsent) {
     load(R"({"version": "1.0", "openapi": {"custom_formats": []}})");
     ASSERT_NE(file.customFormats(), nullptr);
     EXPECT_EQ(file.customFormats()->size(), 0U);
+    load(R"({"version": "1.0", "openapi": {"custom_formats": [{"name": "isbn", "type": "string"}]}})");
+    openapi::SchemaFormatRegistry formats;
+    file.addCustomFormatsTo(formats);
+    EXPECT_NE(formats.find("isbn"), nullptr);
     load(R"({"version": "1.0", "openapi": {"custom_formats": {}}})");
     const Fault fault = faultOf([&] { static_cast<void>(file.customFormats()); });
     EXPECT_EQ(fault.text, "An object is expected for '/openapi/custom_formats'");
@@ -98,20 +96,20 @@ TEST_F(ConfigFileTest, CustomFormatsAreAnArrayOrAbsent) {
 }
 
 TEST_F(ConfigFileTest, AFaultInsideOfASectionIsOneOfTheFile) {
-    load("{\"version\": \"1.0\", \"commands\":\n  {\"format\": {\"indent\": \"x\"}}}");
-    const Fault fault = faultOf([&] {
-        readConfigFile(file, path("json"),
-                       [&] { static_cast<void>(file.commandSection("format")->getInteger("indent")); });
-    });
+    const MemoryFileSystem files{
+        {"c.json", "{\"version\": \"1.0\", \"commands\":\n  {\"format\": {\"indent\": \"x\"}}}"}};
+    const auto readIndent = [](const ConfigFile& given) {
+        static_cast<void>(given.commandSection("format")->getInteger("indent"));
+    };
+    const Fault fault = faultOf([&] { readConfigFile("c.json", readIndent, files); });
     EXPECT_EQ(fault.text, "An integer value is expected for 'indent'.");
     EXPECT_EQ(fault.pos, (jv::Pos{2, 14})); // the object that was asked, which is what the error names
 
     // Faults of other kinds are not touched.
-    EXPECT_THROW(readConfigFile(file, path("json"), [] { throw std::out_of_range("other"); }),
-                 std::out_of_range);
-    EXPECT_THROW(readConfigFile(file, "missing.json", [] { FAIL() << "must not be read on"; }),
-                 std::runtime_error);
+    const auto failOtherwise = [](const ConfigFile&) { throw std::out_of_range("other"); };
+    EXPECT_THROW(readConfigFile("c.json", failOtherwise, files), std::out_of_range);
+    EXPECT_THROW(readConfigFile("missing.json", readIndent, files), std::runtime_error);
 }
 
 } // namespace
-} // namespace specloom::cli
+} // namespace specloom::configuration
