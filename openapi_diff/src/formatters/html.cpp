@@ -9,8 +9,8 @@
 #include "foundation/escapes.h"
 #include "foundation/printable.h"
 #include "openapi_diff/formatters/template_report.h"
-#include "openapi_diff/html_template.h"
-#include "templating/templating.h"
+#include "openapi_diff/html_templates.h"
+#include "templating/template_set.h"
 
 namespace specloom::openapi_diff {
 namespace {
@@ -21,10 +21,11 @@ std::string htmlText(std::string_view text) {
 
 void render(std::string_view name, std::string_view title, const Report& report, nlohmann::json data,
             std::ostream& stream) {
+    static const templating::TemplateSet templates({htmlTemplates()});
     data["title"] = title;
     data["counts"] = describeCounts(report);
     data["level"] = describeLevel(report);
-    stream << templating::renderNamed(name, htmlTemplate, data);
+    stream << templates.render(name, data);
 }
 
 } // namespace

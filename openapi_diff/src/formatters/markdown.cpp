@@ -8,8 +8,8 @@
 #include "foundation/escapes.h"
 #include "foundation/printable.h"
 #include "openapi_diff/formatters/template_report.h"
-#include "openapi_diff/markdown_template.h"
-#include "templating/templating.h"
+#include "openapi_diff/markdown_templates.h"
+#include "templating/template_set.h"
 
 namespace specloom::openapi_diff {
 namespace {
@@ -20,7 +20,8 @@ std::string markdownText(std::string_view text) {
 }
 
 std::string render(std::string_view name, const nlohmann::json& data) {
-    return templating::renderNamed(name, markdownTemplate, data);
+    static const templating::TemplateSet templates({markdownTemplates()});
+    return templates.render(name, data);
 }
 
 /// The changes of one level.
