@@ -14,6 +14,8 @@
 #include "foundation/message.h"
 #include "jv/yaml_reader.h"
 #include "jv_schema/schema.h"
+#include "markdown/containers.h"
+#include "markdown/parser.h"
 #include "number/number.h"
 #include "openapi/reader.h"
 #include "openapi_diff/component_comparisons.h"
@@ -39,6 +41,8 @@ const Limits declared = {
     {"jv_schema/src/schema.h longestEvaluation", jv::schema::longestEvaluation},
     {"jv_schema/src/schema.h mostErrorBytes", jv::schema::mostErrorBytes},
     {"jv_schema/src/schema.h mostErrors", jv::schema::mostErrors},
+    {"markdown/src/containers.h deepestContainer", markdown::deepestContainer},
+    {"markdown/src/parser.h mostReferenceBytes", markdown::mostReferenceBytes},
     {"number/src/number.h bigPrecision", number::bigPrecision},
     {"openapi/src/reader.h maxNodeDepth", openapi::maxNodeDepth},
     {"openapi_diff/src/component_comparisons.h comparisonsOfAll",
