@@ -1,63 +1,21 @@
 #include "markdown/parser.h"
 
-#include <algorithm> // std::find_if
-#include <array>     // std::array
-#include <cstdint>   // std::uint32_t
+#include <algorithm> // std::min
 #include <exception> // std::exception_ptr
-#include <iterator>  // std::back_inserter
 #include <new>       // std::bad_alloc
 #include <optional>  // std::optional
 
 #include <md4c.h>
 
-#include "foundation/ascii.h"
-#include "foundation/utf8.h"
+#include "foundation/strings.h"
+#include "markdown/character_reference.h"
+#include "markdown/containers.h"
 
 namespace specloom::markdown {
 namespace {
 
-constexpr std::string_view replacementCharacter = "\uFFFD";
-
-struct NamedCharacter {
-    std::string_view name;
-    std::string_view text;
-};
-
-/// The named character references that matter to those who ask: what can make up the scheme of a link, and
-/// what stands between words.
-constexpr std::array<NamedCharacter, 24> namedCharacters = {{
-    {"Tab", "\t"},        {"NewLine", "\n"},   {"colon", ":"},       {"plus", "+"},       {"period", "."},
-    {"sol", "/"},         {"amp", "&"},        {"lt", "<"},          {"gt", ">"},         {"quot", "\""},
-    {"apos", "'"},        {"lowbar", "_"},     {"nbsp", "\u00A0"},   {"ensp", "\u2002"},  {"emsp", "\u2003"},
-    {"thinsp", "\u2009"}, {"ndash", "\u2013"}, {"mdash", "\u2014"},  {"lsquo", "\u2018"}, {"rsquo", "\u2019"},
-    {"ldquo", "\u201C"},  {"rdquo", "\u201D"}, {"hellip", "\u2026"}, {"bull", "\u2022"},
-}};
-
-/// "&#1234;" and "&#x12AB;" without the leading "&#" and the semicolon. CommonMark has at most seven digits.
-std::string numericCharacter(std::string_view number) {
-    const bool hexadecimal = number.starts_with('x') || number.starts_with('X');
-    number.remove_prefix(hexadecimal ? 1 : 0);
-    std::uint32_t code = 0;
-    for (const char c : number) {
-        code = code * (hexadecimal ? 16 : 10) + static_cast<std::uint32_t>(ascii::hexValue(c));
-    }
-    std::string text;
-    if (code == 0 || code > 0x10FFFF || (code >= 0xD800 && code <= 0xDFFF))
-        text = replacementCharacter;
-    else
-        appendUtf8(static_cast<char32_t>(code), text);
-    return text;
-}
-
-/// The text of a character reference such as "&amp;"; empty when its name is not known.
-std::string resolveCharacter(std::string_view reference) {
-    const std::string_view name = reference.substr(1, reference.size() - 2);
-    if (name.starts_with('#'))
-        return numericCharacter(name.substr(1));
-    const auto* found = std::find_if(namedCharacters.begin(), namedCharacters.end(),
-                                     [&](const NamedCharacter& known) { return known.name == name; });
-    return found == namedCharacters.end() ? std::string() : std::string(found->text);
-}
+constexpr int endOfParse = -1; // what a callback returns to end it; positive numbers do not from everywhere
+constexpr std::string_view nullCharacter = "\uFFFD"; // what stands for it
 
 /// What stands beside the text: a destination or a title.
 std::string attributeText(const MD_ATTRIBUTE& attribute) {
@@ -66,9 +24,9 @@ std::string attributeText(const MD_ATTRIBUTE& attribute) {
         const std::string_view piece(attribute.text + attribute.substr_offsets[i],
                                      attribute.substr_offsets[i + 1] - attribute.substr_offsets[i]);
         const std::string resolved =
-            attribute.substr_types[i] == MD_TEXT_ENTITY ? resolveCharacter(piece) : std::string();
+            attribute.substr_types[i] == MD_TEXT_ENTITY ? resolveCharacterReference(piece) : std::string();
         if (attribute.substr_types[i] == MD_TEXT_NULLCHAR)
-            text += replacementCharacter;
+            text += nullCharacter;
         else
             text += resolved.empty() ? piece : std::string_view(resolved);
     }
@@ -81,6 +39,56 @@ Link toLink(const MD_ATTRIBUTE& destination, const MD_ATTRIBUTE& title) {
             .title = attributeText(title)};
 }
 
+BlockKind toBlockKind(MD_BLOCKTYPE type) {
+    switch (type) {
+    case MD_BLOCK_QUOTE:
+        return BlockKind::Quote;
+    case MD_BLOCK_UL:
+        return BlockKind::UnorderedList;
+    case MD_BLOCK_OL:
+        return BlockKind::OrderedList;
+    case MD_BLOCK_LI:
+        return BlockKind::Item;
+    case MD_BLOCK_HR:
+        return BlockKind::ThematicBreak;
+    case MD_BLOCK_H:
+        return BlockKind::Heading;
+    case MD_BLOCK_CODE:
+        return BlockKind::Code;
+    case MD_BLOCK_HTML:
+        return BlockKind::Html;
+    default: // those of extensions do not come
+        return BlockKind::Paragraph;
+    }
+}
+
+Block toBlock(MD_BLOCKTYPE type, const void* detail) {
+    Block block;
+    block.kind = toBlockKind(type);
+    if (type == MD_BLOCK_OL)
+        block.start = static_cast<const MD_BLOCK_OL_DETAIL*>(detail)->start;
+    else if (type == MD_BLOCK_H)
+        block.level = static_cast<const MD_BLOCK_H_DETAIL*>(detail)->level;
+    else if (type == MD_BLOCK_CODE)
+        block.language = attributeText(static_cast<const MD_BLOCK_CODE_DETAIL*>(detail)->lang);
+    return block;
+}
+
+SpanKind toSpanKind(MD_SPANTYPE type) {
+    switch (type) {
+    case MD_SPAN_STRONG:
+        return SpanKind::Strong;
+    case MD_SPAN_CODE:
+        return SpanKind::Code;
+    case MD_SPAN_A:
+        return SpanKind::Link;
+    case MD_SPAN_IMG:
+        return SpanKind::Image;
+    default: // those of extensions do not come
+        return SpanKind::Emphasis;
+    }
+}
+
 /// The parser is written in C: exceptions must not pass through it.
 class Callbacks {
   public:
@@ -89,14 +97,24 @@ class Callbacks {
     void parse(std::string_view text) {
         MD_PARSER parser{};
         parser.flags = MD_DIALECT_COMMONMARK;
-        parser.enter_block = [](MD_BLOCKTYPE, void*, void*) { return 0; };
-        parser.leave_block = [](MD_BLOCKTYPE, void*, void* self) {
-            return guarded(self, [](Handler& handler) { handler.lineEnd(); });
+        parser.enter_block = [](MD_BLOCKTYPE type, void* detail, void* self) {
+            return guarded(self, [&](Handler& handler) {
+                if (type != MD_BLOCK_DOC)
+                    handler.openBlock(toBlock(type, detail));
+            });
+        };
+        parser.leave_block = [](MD_BLOCKTYPE type, void* detail, void* self) {
+            return guarded(self, [&](Handler& handler) {
+                if (type != MD_BLOCK_DOC)
+                    handler.closeBlock(toBlock(type, detail));
+            });
         };
         parser.enter_span = [](MD_SPANTYPE type, void* detail, void* self) {
             return guarded(self, [&](Handler& handler) { enterSpan(type, detail, handler); });
         };
-        parser.leave_span = [](MD_SPANTYPE, void*, void*) { return 0; };
+        parser.leave_span = [](MD_SPANTYPE type, void*, void* self) {
+            return guarded(self, [&](Handler& handler) { handler.closeSpan(toSpanKind(type)); });
+        };
         parser.text = [](MD_TEXTTYPE type, const MD_CHAR* piece, MD_SIZE size, void* self) {
             return guarded(self, [&](Handler& handler) { showText(type, {piece, size}, handler); });
         };
@@ -116,19 +134,18 @@ class Callbacks {
             return 0;
         } catch (...) {
             callbacks.failure_ = std::current_exception();
-            return 1;
+            return endOfParse;
         }
     }
 
     static void enterSpan(MD_SPANTYPE type, const void* detail, Handler& handler) {
+        handler.openSpan(toSpanKind(type));
         if (type == MD_SPAN_A) {
             const auto& link = *static_cast<const MD_SPAN_A_DETAIL*>(detail);
             handler.link(toLink(link.href, link.title));
         } else if (type == MD_SPAN_IMG) {
             const auto& image = *static_cast<const MD_SPAN_IMG_DETAIL*>(detail);
             handler.link(toLink(image.src, image.title));
-        } else if (type == MD_SPAN_CODE) {
-            handler.code();
         }
     }
 
@@ -138,34 +155,89 @@ class Callbacks {
             handler.text(text);
             break;
         case MD_TEXT_NULLCHAR:
-            handler.text(replacementCharacter);
+            handler.text(nullCharacter);
             break;
-        case MD_TEXT_ENTITY: {
-            const std::string resolved = resolveCharacter(text);
-            handler.text(resolved.empty() ? replacementCharacter : std::string_view(resolved));
+        case MD_TEXT_ENTITY:
+            handler.characterReference(text, resolveCharacterReference(text));
             break;
-        }
         case MD_TEXT_BR:
         case MD_TEXT_SOFTBR:
-            handler.lineEnd();
+            handler.lineBreak(type == MD_TEXT_BR);
             break;
         case MD_TEXT_HTML:
-            handler.html();
+            handler.html(withoutNull(text));
             break;
         case MD_TEXT_CODE:
         case MD_TEXT_LATEXMATH:
+            handler.code(withoutNull(text));
             break;
         }
+    }
+
+    /// The parser says null characters of code and HTML twice: as such, and at the front of the next piece.
+    static std::string_view withoutNull(std::string_view piece) {
+        return piece.substr(piece.starts_with('\0') ? 1 : 0);
     }
 
     Handler& handler_;
     std::exception_ptr failure_;
 };
 
+/// Adds up what the parser reads anew for each use of a link reference definition: a short text can ask for a
+/// square of its length. Ends the parse when that is too much.
+class ReferenceCount {
+  public:
+    explicit ReferenceCount(std::string_view text) : left_(text.size() + mostReferenceBytes) {}
+
+    [[nodiscard]] bool isWithinBounds(std::string_view text) {
+        MD_PARSER parser{};
+        parser.flags = MD_DIALECT_COMMONMARK;
+        parser.enter_block = parser.leave_block = [](MD_BLOCKTYPE, void*, void*) { return 0; };
+        parser.leave_span = [](MD_SPANTYPE, void*, void*) { return 0; };
+        parser.text = [](MD_TEXTTYPE, const MD_CHAR*, MD_SIZE, void*) { return 0; };
+        parser.enter_span = [](MD_SPANTYPE type, void* detail, void* self) {
+            auto& count = *static_cast<ReferenceCount*>(self);
+            if (type == MD_SPAN_A) {
+                const auto& link = *static_cast<const MD_SPAN_A_DETAIL*>(detail);
+                return count.take(link.href, link.title);
+            }
+            if (type == MD_SPAN_IMG) {
+                const auto& image = *static_cast<const MD_SPAN_IMG_DETAIL*>(detail);
+                return count.take(image.src, image.title);
+            }
+            return 0;
+        };
+        md_parse(text.data(), static_cast<MD_SIZE>(text.size()), &parser, this);
+        return left_ > 0;
+    }
+
+  private:
+    int take(const MD_ATTRIBUTE& destination, const MD_ATTRIBUTE& title) {
+        const std::size_t size = std::size_t{destination.size} + title.size;
+        left_ -= std::min(left_, size);
+        return left_ == 0 ? endOfParse : 0;
+    }
+
+    std::size_t left_;
+};
+
+/// Nothing when the text is as good as it is.
+std::optional<std::string> withoutCostlyReferences(std::string_view text) {
+    constexpr std::string_view definition = "]:";
+    if (text.find(definition) == std::string_view::npos || ReferenceCount(text).isWithinBounds(text))
+        return std::nullopt;
+    std::string result(text);
+    replaceAll(result, definition, "]\\:");
+    return result;
+}
+
 } // namespace
 
 void parse(std::string_view text, Handler& handler) {
-    Callbacks(handler).parse(text);
+    const std::optional<std::string> shallow = withoutDeepContainers(text);
+    const std::string_view bounded = shallow ? std::string_view(*shallow) : text;
+    const std::optional<std::string> cheap = withoutCostlyReferences(bounded);
+    Callbacks(handler).parse(cheap ? std::string_view(*cheap) : bounded);
 }
 
 } // namespace specloom::markdown

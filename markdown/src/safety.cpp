@@ -39,7 +39,7 @@ bool canBeUnsafe(std::string_view text) {
 
 class UnsafeContentHandler final : public Handler {
   public:
-    void html() override { content.html = true; }
+    void html(std::string_view /*piece*/) override { content.html = true; }
     void link(const Link& link) override {
         if (!content.destination && !isSafeDestination(link.destination))
             content.destination = link.writtenDestination;

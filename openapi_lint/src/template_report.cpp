@@ -4,8 +4,8 @@
 
 #include <nlohmann/json.hpp>
 
-#include "openapi_lint/report_template.h"
-#include "templating/templating.h"
+#include "openapi_lint/report_templates.h"
+#include "templating/template_set.h"
 
 namespace specloom::openapi_lint {
 
@@ -29,7 +29,8 @@ nlohmann::json describeFiles(const LintContext& context, reporting::EscapeText e
 }
 
 std::string renderReport(std::string_view templateName, const nlohmann::json& data) {
-    return templating::render(reportTemplate(templateName), data);
+    static const templating::TemplateSet templates({reportTemplates()});
+    return templates.render(templateName, data);
 }
 
 } // namespace specloom::openapi_lint

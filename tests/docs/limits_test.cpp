@@ -14,6 +14,8 @@
 #include "foundation/message.h"
 #include "jv/yaml_reader.h"
 #include "jv_schema/schema.h"
+#include "markdown/containers.h"
+#include "markdown/parser.h"
 #include "number/number.h"
 #include "openapi/reader.h"
 #include "openapi_diff/component_comparisons.h"
@@ -39,6 +41,8 @@ const Limits declared = {
     {"jv_schema/src/schema.h longestEvaluation", jv::schema::longestEvaluation},
     {"jv_schema/src/schema.h mostErrorBytes", jv::schema::mostErrorBytes},
     {"jv_schema/src/schema.h mostErrors", jv::schema::mostErrors},
+    {"markdown/src/containers.h deepestContainer", markdown::deepestContainer},
+    {"markdown/src/parser.h mostReferenceBytes", markdown::mostReferenceBytes},
     {"number/src/number.h bigPrecision", number::bigPrecision},
     {"openapi/src/reader.h maxNodeDepth", openapi::maxNodeDepth},
     {"openapi_diff/src/component_comparisons.h comparisonsOfAll",
@@ -70,6 +74,7 @@ const std::set<std::string> inSources = {
 /// Constants with a name like that of a limit which no input meets as one, each with its reason.
 const std::set<std::string> noLimits = {
     "foundation/src/validators/hostname.cpp longestLabel", // what a host name is
+    "markdown/src/raw_html.cpp longestReference",          // no name of HTML is longer
     "jv_schema/src/evaluation.cpp mostAnswers",            // what is remembered; forgetting changes no result
     "jv_schema/src/keywords/constants.cpp mostShown",      // the wording of a message
     "jv_schema/src/messages.cpp longestQuotation",         // the same

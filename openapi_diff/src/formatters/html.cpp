@@ -6,19 +6,20 @@
 #include <nlohmann/json.hpp>
 
 #include "openapi_diff/formatters/template_report.h"
-#include "openapi_diff/html_template.h"
+#include "openapi_diff/html_templates.h"
 #include "reporting/escapes.h"
-#include "templating/templating.h"
+#include "templating/template_set.h"
 
 namespace specloom::openapi_diff {
 namespace {
 
 void render(std::string_view name, std::string_view title, const Report& report, nlohmann::json data,
             std::ostream& stream) {
+    static const templating::TemplateSet templates({htmlTemplates()});
     data["title"] = title;
     data["counts"] = describeCounts(report);
     data["level"] = describeLevel(report);
-    stream << templating::renderNamed(name, htmlTemplate, data);
+    stream << templates.render(name, data);
 }
 
 } // namespace

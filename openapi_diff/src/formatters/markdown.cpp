@@ -6,15 +6,16 @@
 #include <nlohmann/json.hpp>
 
 #include "openapi_diff/formatters/template_report.h"
-#include "openapi_diff/markdown_template.h"
+#include "openapi_diff/markdown_templates.h"
 #include "reporting/escapes.h"
-#include "templating/templating.h"
+#include "templating/template_set.h"
 
 namespace specloom::openapi_diff {
 namespace {
 
 std::string render(std::string_view name, const nlohmann::json& data) {
-    return templating::renderNamed(name, markdownTemplate, data);
+    static const templating::TemplateSet templates({markdownTemplates()});
+    return templates.render(name, data);
 }
 
 /// The changes of one level.

@@ -29,7 +29,7 @@ nlohmann::json describeHtmlIssue(const LintResult& result) {
 } // namespace
 
 void HTMLFormatter::format(const LintContext& context) {
-    stream() << renderReport("html.jinja",
+    stream() << renderReport("html_findings.jinja",
                              {{"title", "Linter report"},
                               {"counts",
                                {{"total", context.results.size()},

@@ -1,6 +1,6 @@
 #include "openapi_lint/rules/spell_check.h"
 
-#include <algorithm> // std::find
+#include <algorithm> // std::find, std::ranges::find
 #include <array>     // std::array
 #include <optional>  // std::optional
 #include <stdexcept> // std::runtime_error
@@ -113,14 +113,33 @@ std::unique_ptr<Dictionary> readDictionary(const SpellCheckOptions& options, con
     }
 }
 
+/// The named character references that do not belong to words. What is spelt with any other is taken for a
+/// name.
+constexpr std::array<std::string_view, 24> referencesBetweenWords = {
+    "&Tab;",   "&NewLine;", "&colon;", "&plus;",   "&period;", "&sol;",   "&amp;",    "&lt;",
+    "&gt;",    "&quot;",    "&apos;",  "&lowbar;", "&nbsp;",   "&ensp;",  "&emsp;",   "&thinsp;",
+    "&ndash;", "&mdash;",   "&lsquo;", "&rsquo;",  "&ldquo;",  "&rdquo;", "&hellip;", "&bull;",
+};
+
+bool standsBetweenWords(std::string_view reference) {
+    return reference.starts_with("&#") ||
+           std::ranges::find(referencesBetweenWords, reference) != referencesBetweenWords.end();
+}
+
 /// The words of a text without its code, HTML and destinations. U+FFFD stands for what is left out, so that
 /// the end of "`id`s" is no word of its own.
 class Prose final : public markdown::Handler {
   public:
     void text(std::string_view piece) override { prose_ += piece; }
+    void characterReference(std::string_view written, std::string_view character) override {
+        prose_ += standsBetweenWords(written) ? character : "\uFFFD";
+    }
     void lineEnd() override { prose_ += '\n'; }
-    void code() override { prose_ += "\uFFFD"; }
-    void html() override { prose_ += ' '; }
+    void openSpan(markdown::SpanKind kind) override {
+        if (kind == markdown::SpanKind::Code)
+            prose_ += "\uFFFD";
+    }
+    void html(std::string_view /*piece*/) override { prose_ += ' '; }
     void link(const markdown::Link& link) override { titles_.append(link.title).append("\n"); }
     /// The titles of links stand behind the rest: they must not come between parts of a word.
     [[nodiscard]] std::string take() { return std::move(prose_.append("\n").append(titles_)); }

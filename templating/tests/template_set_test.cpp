@@ -1,0 +1,137 @@
+#include "templating/template_set.h"
+
+#include <array>     // std::array
+#include <stdexcept> // std::runtime_error
+#include <string>    // std::string
+#include <vector>    // std::vector
+
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+namespace specloom::templating {
+namespace {
+
+/// Of one template without a name.
+std::string render(std::string_view text, const nlohmann::json& data) {
+    const std::array<EmbeddedFile, 1> table = {{{"", text}}};
+    return TemplateSet({table}).render("", data);
+}
+
+std::string errorOf(const TemplateSet& set, std::string_view name, const nlohmann::json& data) {
+    try {
+        return "rendered: " + set.render(name, data);
+    } catch (const TemplateError& error) {
+        return error.what();
+    }
+}
+
+TEST(TemplateSet, RendersWhatStandsThere) {
+    struct Row {
+        std::string text;
+        std::string expected;
+    };
+    const std::vector<Row> rows = {
+        {"", ""},
+        {"<{{ nasty }}>", "<{{ list }} {% endif %} {# \" & < \xff>"},
+        {"a\r\n{% for x in list %}\r\n  - {{ x }}\r\n{% endfor %}\r\nb\r\n", "a\r\n  - 1\r\n  - 2\r\nb\r\n"},
+        {"{% if 1 == 2 %}\n{% else %}\n  {# why #}\nyes\n{% endif %}", "yes\n"},
+        {"## heading\n{ {{ list }} }\n# {{ list.0 }}", "## heading\n{ [1,2] }\n# 1"},
+    };
+    const nlohmann::json data = {{"list", {1, 2}}, {"nasty", "{{ list }} {% endif %} {# \" & < \xff"}};
+    for (const Row& row : rows)
+        EXPECT_EQ(render(row.text, data), row.expected) << row.text;
+}
+
+TEST(TemplateSet, OffersFunctions) {
+    const nlohmann::json data = {{"text", "  pet_{\"'&"}, {"name", "XMLParser/pet_store"}};
+    const std::vector<std::array<std::string, 2>> rows = {
+        {"{{ escapeHtml(text) }}", "  pet_&lcub;&quot;'&amp;"},
+        {"{{ toJsonLiteral(text) }}", "\"  pet_{\\\"'&\""},
+        {"{{ toJavaScriptLiteral(text) }}", "'  pet_{\"\\'&'"},
+        {"{{ toJavaScriptLiteral(trimLines(text), 1) }}", "'pet_{\"\\'&'"},
+        {"{{ name | toCamelCase }} {{ toPascalCase(name) }}", "xMLParserPetStore XMLParserPetStore"},
+        {"{{ toSnakeCase(name) }} {{ toConstCase(name) }}", "x_m_l_parser_pet_store XMLPARSER_PET_STORE"},
+        {"{% if isString(trim(\" a\\n\")) %}{{ trim(\" a\\n\") }}.{% endif %}", "a."},
+    };
+    for (const auto& [text, expected] : rows)
+        EXPECT_EQ(render(text, data), expected) << text;
+}
+
+/// Templates that use and fail one another.
+const std::array<EmbeddedFile, 13> family = {{
+    {"html_styles.jinja", "* { color: {{ title }}; }"},
+    {"report", "{% extends \"html.jinja\" %}\r\n{% block content %}\r\n{% for x in list %}\r\n"
+               "{% include \"parts/item\" %}\r\n{% endfor %}\r\n{{ last }}\r\n{% endblock %}\r\n"},
+    {"parts/item", "- {{ x.name }}\r\n"},
+    {"lost", "\n {% include \"nothing\" %}"},
+    {"unknown", "{% if true %}\n{{ nobody(1) }}"},
+    {"open", "a\n{% if true %}"},
+    {"literal", "{{ 1.2.3 }}"},
+    {"around", "{% include \"open\" %}"},
+    {"circle", "{% include \"arc\" %}"},
+    {"arc", "{% if false %}\n{% include \"circle\" %}{% endif %}"},
+    {"typed", "{% for x in list %}\n  {% if true %}{{ trim(x.name) }}{% endif %}\n{% endfor %}"},
+    {"own", "{{ greet(\"a\", \"b\") }}{% if isShort(\"c\") %}!{% endif %}"},
+    {"failing", "{% include \"parts/item\" %}\n{{ greet(\"\", \"\") }}"},
+}};
+
+TEST(TemplateSet, IncludesAndExtendsByName) {
+    const TemplateSet set({family});
+    const nlohmann::json data = {
+        {"title", "T"}, {"list", {{{"name", "a"}}, {{"name", "{{ title }}"}}}}, {"last", 1}};
+    const std::string page = set.render("report", data);
+    EXPECT_NE(page.find("<title>T</title>\r\n    <style>\r\n* { color: T; }    </style>"), std::string::npos)
+        << page;
+    EXPECT_NE(page.find("<body>\r\n- a\r\n- {{ title }}\r\n1\r\n"), std::string::npos) << page;
+    EXPECT_EQ(set.render("report", data), page);
+}
+
+TEST(TemplateSet, SaysWhichTemplateFailedAndWhere) {
+    const TemplateSet set({family});
+    const nlohmann::json data = {{"title", "T"}, {"list", {{{"name", "a"}}, {{"name", 1}}}}};
+    const std::vector<std::array<std::string, 2>> rows = {
+        {"nothing", "Template not found: nothing"},
+        {"lost", "Template lost, line 2, column 13: Template not found: nothing"},
+        {"unknown", "Template unknown, line 2, column 12: unknown function nobody"},
+        {"open", "Template open, line 2, column 14: unmatched if"},
+        {"around", "Template open, line 2, column 14: unmatched if"},
+        {"circle", "Template arc, line 2, column 12: Template includes itself: circle"},
+        {"parts/item", "Template parts/item, line 1, column 6: variable 'x.name' not found"},
+        {"typed", "Template typed, line 2, column 19: type must be string, but is number"},
+        {"report", "Template report, line 6, column 4: variable 'last' not found"},
+    };
+    for (const auto& [name, text] : rows)
+        for (const char* time : {"first", "second"})
+            EXPECT_EQ(errorOf(set, name, data), text) << time;
+    EXPECT_EQ(errorOf(set, "report", {{"title", "T"}, {"list", {{{"nam", 1}}}}}),
+              "Template parts/item, line 1, column 6: variable 'x.name' not found");
+    EXPECT_EQ(errorOf(set, "literal", data).find("Template literal: [json.exception.parse_error"), 0u);
+}
+
+TEST(TemplateSet, TakesFunctionsOfItsModule) {
+    const TemplateSet* itself = nullptr;
+    const auto greet = [&](std::span<const std::string_view> names) -> nlohmann::json {
+        if (names[0].empty())
+            return itself->render("parts/item", {{"x", {{"name", "y"}}}}) + itself->render("lost", {});
+        return std::string(names[0]).append("+").append(names[1]);
+    };
+    const auto isShort = [](std::span<const std::string_view> texts) -> nlohmann::json {
+        return texts[0].size() < 3;
+    };
+    const TemplateSet set({family}, {{"greet", 2, greet}, {"isShort", 1, isShort}});
+    itself = &set;
+    EXPECT_EQ(set.render("own", {}), "a+b!");
+    EXPECT_EQ(errorOf(set, "failing", {{"x", {{"name", 1}}}}),
+              "Template lost, line 2, column 13: Template not found: nothing");
+    EXPECT_EQ(errorOf(set, "failing", {}),
+              "Template parts/item, line 1, column 6: variable 'x.name' not found");
+}
+
+TEST(TemplateSet, TakesTheFirstOfTwoTemplatesWithOneName) {
+    const std::array<EmbeddedFile, 1> first = {{{"html.jinja", "mine"}}};
+    const std::array<EmbeddedFile, 1> second = {{{"html.jinja", "theirs"}}};
+    EXPECT_EQ(TemplateSet({first, second}).render("html.jinja", {}), "mine");
+}
+
+} // namespace
+} // namespace specloom::templating
