@@ -4,6 +4,7 @@
 #include <cerrno>    // errno
 #include <cstdlib>   // std::strtod, std::strtoll, std::strtoull
 #include <stdexcept> // std::invalid_argument, std::out_of_range
+#include <vector>    // std::vector
 
 #include "foundation/ascii.h"
 #include "foundation/message.h"
@@ -15,6 +16,22 @@ std::string transformed(std::string_view text, char (*change)(char) noexcept) {
     std::string result(text);
     std::transform(result.begin(), result.end(), result.begin(), change);
     return result;
+}
+
+std::string_view withoutLeadingSpace(std::string_view text) {
+    while (!text.empty() && ascii::isSpace(text.front()))
+        text.remove_prefix(1);
+    return text;
+}
+
+std::string_view withoutTrailingSpace(std::string_view text) {
+    while (!text.empty() && ascii::isSpace(text.back()))
+        text.remove_suffix(1);
+    return text;
+}
+
+std::size_t leadingBlanks(std::string_view text) {
+    return std::min(text.find_first_not_of(' '), text.size());
 }
 
 } // namespace
@@ -68,11 +85,7 @@ void replaceAny(std::string& text, std::string_view characters, std::string_view
 }
 
 std::string trim(std::string_view text) {
-    while (!text.empty() && ascii::isSpace(text.front()))
-        text.remove_prefix(1);
-    while (!text.empty() && ascii::isSpace(text.back()))
-        text.remove_suffix(1);
-    return std::string(text);
+    return std::string(withoutTrailingSpace(withoutLeadingSpace(text)));
 }
 
 bool isIdentifier(std::string_view text) noexcept {
@@ -89,6 +102,30 @@ std::string indentLines(std::string_view text, std::size_t count) {
         result.append(count, ' ').append(text.substr(begin, end - begin));
         begin = end + 1;
     }
+    return result;
+}
+
+std::string trimLines(std::string_view text) {
+    std::vector<std::string_view> lines;
+    for (std::size_t begin = 0, end = 0; end < text.size(); begin = end + 1) {
+        end = std::min(text.find('\n', begin), text.size());
+        lines.push_back(text.substr(begin, end - begin));
+    }
+    if (!lines.empty())
+        if (lines.front() = withoutLeadingSpace(lines.front()); lines.front().empty())
+            lines.erase(lines.begin());
+    if (!lines.empty())
+        if (lines.back() = withoutTrailingSpace(lines.back()); lines.back().empty())
+            lines.pop_back();
+    if (lines.empty())
+        return {};
+    const std::size_t indentation = leadingBlanks(lines.front());
+    std::string result;
+    for (std::string_view line : lines) {
+        line.remove_prefix(std::min(indentation, leadingBlanks(line)));
+        result.append(line) += '\n';
+    }
+    result.pop_back();
     return result;
 }
 

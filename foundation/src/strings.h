@@ -40,6 +40,12 @@ void replaceAny(std::string& text, std::string_view characters, std::string_view
 /// its last line and is not repeated; an empty text has no lines.
 [[nodiscard]] std::string indentLines(std::string_view text, std::size_t count);
 
+/// A block of text without the lines and the indentation that come from where it stands: split into lines at
+/// line feeds; the first line loses its leading and the last its trailing white space, and each is dropped if
+/// that leaves it empty; then each line loses as many leading blanks as the first has, or as many as it has
+/// if they are fewer. The lines are joined by line feeds.
+[[nodiscard]] std::string trimLines(std::string_view text);
+
 // Text to number by strtod, strtoll and strtoull (base 10), with all that they accept: leading white space,
 // signs, and for doubles hexadecimal, "inf" and "nan". toUInt64("-1") is the largest value, as strtoull has
 // it.

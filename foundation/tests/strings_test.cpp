@@ -145,6 +145,15 @@ TEST(Strings, IndentLines) {
     EXPECT_EQ(indentLines("a\r\nb", 0), "a\r\nb");
 }
 
+TEST(Strings, TrimLines) {
+    EXPECT_EQ(trimLines("\n    a\n      b\n  c\n\n    d\n  "), "a\n  b\nc\n\nd");
+    EXPECT_EQ(trimLines("  a\n    b\n"), "a\n    b"); // the first line has lost its indentation before
+    EXPECT_EQ(trimLines("\n\ta \n b \r\n\r"), "\ta \n b \r");
+    EXPECT_EQ(trimLines("  \n   "), "");
+    EXPECT_EQ(trimLines(" a "), "a");
+    EXPECT_EQ(trimLines(""), "");
+}
+
 TEST(Strings, Escapes) {
     EXPECT_EQ(escapeHtml("<a href=\"x\">{b & c}</a>'"),
               "&lt;a href=&quot;x&quot;&gt;&lcub;b &amp; c&rcub;&lt;/a&gt;'");
@@ -152,6 +161,12 @@ TEST(Strings, Escapes) {
     const std::string nasty = "\\\b\f\n\r\t'\"\x01\x7f\xc3\xa4\0"s;
     EXPECT_EQ(escapeSingleQuoted(nasty), "\\\\\\b\\f\\n\\r\\t\\'\"\x01\x7f\xc3\xa4\0"s);
     EXPECT_EQ(escapeDoubleQuoted(nasty), "\\\\\\b\\f\\n\\r\\t'\\\"\x01\x7f\xc3\xa4\0"s);
+}
+
+TEST(Strings, Literals) {
+    const std::string nasty = "\\\b\f\n\r\t'\"`${}\x01\x7f\xe2\x80\xa8\0"s;
+    EXPECT_EQ(toJsonLiteral(nasty), "\"\\\\\\b\\f\\n\\r\\t'\\\"`${}\\u0001\x7f\xe2\x80\xa8\\u0000\"");
+    EXPECT_EQ(toJavaScriptLiteral(nasty), "'\\\\\\b\\f\\n\\r\\t\\'\"`${}\x01\x7f\xe2\x80\xa8\0'"s);
 }
 
 /// The text of the exception of type `Error` that `call` throws.
