@@ -68,6 +68,21 @@ std::string escapeDoubleQuoted(std::string_view text) {
     return escapeQuoted(text, '"');
 }
 
+std::string toJsonLiteral(std::string_view text) {
+    std::string result = "\"";
+    for (const char c : escapeDoubleQuoted(text)) {
+        if (const auto byte = static_cast<unsigned char>(c); byte < 0x20)
+            appendUnicodeEscape(byte, result);
+        else
+            result += c;
+    }
+    return result += '"';
+}
+
+std::string toJavaScriptLiteral(std::string_view text) {
+    return "'" + escapeSingleQuoted(text) + "'";
+}
+
 namespace {
 
 /// Judges the bytes of a text by those around them, as the viewers of Markdown do.

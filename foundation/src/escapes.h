@@ -22,6 +22,15 @@ namespace specloom {
 /// The same with the double quote for the single one.
 [[nodiscard]] std::string escapeDoubleQuoted(std::string_view text);
 
+/// A JSON text (RFC 8259) that stands for the string: `text` in double quotes, escaped by
+/// escapeDoubleQuoted(); the other control characters below U+0020, which JSON forbids there, as \u and four
+/// hexadecimal digits. It is a literal of JavaScript and of Java too.
+[[nodiscard]] std::string toJsonLiteral(std::string_view text);
+
+/// A string literal of JavaScript (ECMA-262 since its 10th edition): `text` in single quotes, escaped by
+/// escapeSingleQuoted(). All other bytes may stand in one.
+[[nodiscard]] std::string toJavaScriptLiteral(std::string_view text);
+
 /// Markdown (CommonMark 0.30, section 2.4, with the tables and strikethrough of GitHub) that shows `text`,
 /// one line, as it is. Underscores within a word stay. What viewers make links of beyond Markdown is spelt
 /// with escapes as printable() does: "@" before a word (mentions, mail addresses), the colon of "://", the

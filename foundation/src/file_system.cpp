@@ -98,7 +98,7 @@ void LocalFileSystem::createDirectories(std::string_view path) {
 }
 
 void LocalFileSystem::writeFile(std::string_view path, std::string_view content) {
-    OutputFile(path).replace(content);
+    OutputFile(path).replace(content, Durability::Run);
 }
 
 std::unique_ptr<Input> LocalFileSystem::open(std::string_view path) const {

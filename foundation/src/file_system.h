@@ -59,6 +59,8 @@ class LocalFileSystem final : public FileSystem {
     void createDirectories(std::string_view path) override;
 
     /// Creates or replaces the file, as OutputFile does, and throws what that throws; its folder must exist.
+    /// It outlives the run, and need not outlive a power cut: what is written here by the thousand is
+    /// generated, and can be generated anew.
     void writeFile(std::string_view path, std::string_view content) override;
 
     /// An InputFile; null when it cannot be opened, as a missing file or a folder. Throws what InputFile

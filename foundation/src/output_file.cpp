@@ -87,18 +87,29 @@ bool reserve(int file, off_t present, off_t size) {
 }
 
 bool writeInPlace(int file, const struct stat& status, std::string_view content,
-                  const std::optional<std::string>& former) {
+                  const std::optional<std::string>& former, Durability durability) {
     if (!reserve(file, status.st_size, static_cast<off_t>(content.size()))) {
         setSize(file, status.st_size); // what was reserved before there was no more
         return false;
     }
-    if (overwrite(file, content) && setSize(file, static_cast<off_t>(content.size())) && bringToDisk(file))
+    if (overwrite(file, content) && setSize(file, static_cast<off_t>(content.size())) &&
+        settle(file, durability))
         return true;
     if (former) {
         // Fits, because it was there before. A limit below its size stopped the new content no later.
         static_cast<void>(overwrite(file, *former));
         setSize(file, status.st_size);
     }
+    return false;
+}
+
+/// Writes a file that has nothing to lose, such as a new one, without another file beside it: that is half of
+/// the work where there are thousands. It stays empty when there is no room.
+bool fillEmpty(int file, std::string_view content) {
+    const HeldSignals held;
+    if (writeWhole(file, content) && settle(file, Durability::Run))
+        return true;
+    setSize(file, 0);
     return false;
 }
 
@@ -110,27 +121,30 @@ OutputFile::OutputFile(std::string_view path)
         throw OpenForWritingError(formatMessage("Failed to open file for writing: {}", path));
 }
 
-void OutputFile::replace(std::string_view content) {
+void OutputFile::replace(std::string_view content, Durability durability) {
     struct stat status {};
-    const bool isReplaced =
-        fstat(file_.get(), &status) == 0 &&
-        (S_ISREG(status.st_mode) ? replaceRegular(status, content) : writeWhole(file_.get(), content));
+    const bool isReplaced = fstat(file_.get(), &status) == 0 &&
+                            (S_ISREG(status.st_mode) ? replaceRegular(status, content, durability)
+                                                     : writeWhole(file_.get(), content));
     if (!isReplaced)
         throw std::runtime_error(formatMessage("Failed to write file: {}", path_));
 }
 
-bool OutputFile::replaceRegular(const struct stat& status, std::string_view content) const {
+bool OutputFile::replaceRegular(const struct stat& status, std::string_view content,
+                                Durability durability) const {
     const fs::path path = pathFromUtf8(path_);
     if (holds(path, status, content))
         return true;
+    if (status.st_size == 0 && durability == Durability::Run)
+        return fillEmpty(file_.get(), content);
     if (status.st_nlink == 1 && !isStandardStream(status)) {
-        const Replacement replacement = replaceBySibling(path, file_.get(), status, content);
+        const Replacement replacement = replaceBySibling(path, file_.get(), status, content, durability);
         if (replacement != Replacement::Impossible)
             return replacement == Replacement::Done;
     }
     const std::optional<std::string> former = contentOf(path, status);
     const HeldSignals held;
-    return writeInPlace(file_.get(), status, content, former);
+    return writeInPlace(file_.get(), status, content, former, durability);
 }
 
 } // namespace specloom

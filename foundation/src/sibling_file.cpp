@@ -123,8 +123,8 @@ class Sibling {
         return fchmod(file_.get(), status.st_mode & 07777) == 0; // last: a new owner takes some bits away
     }
 
-    [[nodiscard]] bool write(std::string_view content) const {
-        return writeWhole(file_.get(), content) && bringToDisk(file_.get());
+    [[nodiscard]] bool write(std::string_view content, Durability durability) const {
+        return writeWhole(file_.get(), content) && settle(file_.get(), durability);
     }
 
     [[nodiscard]] bool renameTo(const fs::path& name) {
@@ -157,7 +157,7 @@ class Sibling {
 } // namespace
 
 Replacement replaceBySibling(const fs::path& path, int original, const struct stat& status,
-                             std::string_view content) {
+                             std::string_view content, Durability durability) {
     const std::optional<fs::path> place = behindLinks(path);
     if (!place)
         return Replacement::Impossible;
@@ -175,15 +175,19 @@ Replacement replaceBySibling(const fs::path& path, int original, const struct st
     Sibling sibling(folder.get());
     if (!sibling.isOpen() || !sibling.adopt(status, *attributes))
         return Replacement::Impossible;
-    if (!sibling.write(content))
+    if (!sibling.write(content, durability))
         return Replacement::Failed;
     if (!sibling.renameTo(name))
         return Replacement::Impossible;
-    static_cast<void>(bringToDisk(folder.get())); // either name leads to a whole file
+    static_cast<void>(settle(folder.get(), durability)); // either name leads to a whole file
     return Replacement::Done;
 }
 
-bool bringToDisk(int descriptor) {
+bool settle(int descriptor, Durability durability) {
+    if (durability == Durability::Run) {
+        const int copy = dup(descriptor);
+        return copy >= 0 && close(copy) == 0; // only here do network file systems tell that they have no room
+    }
     while (fsync(descriptor) != 0) {
         if (errno != EINTR)
             return errno == EINVAL || errno == ENOTSUP || errno == ENOSYS;

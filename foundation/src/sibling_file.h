@@ -6,6 +6,8 @@
 
 #include <sys/stat.h> // struct stat
 
+#include "foundation/durability.h"
+
 namespace specloom {
 
 enum class Replacement : std::uint8_t {
@@ -15,13 +17,15 @@ enum class Replacement : std::uint8_t {
 };
 
 /// Puts a new file in the place of the regular file `path`, whose links are followed: a sibling in its folder
-/// that has the content, the mode, the owner and the extended attributes is renamed to it. `original` is a
-/// descriptor of the file and `status` its status. Unless the result is Done, all is as it was.
+/// that has the content, the mode, the owner and the extended attributes is renamed to it; it outlives what
+/// `durability` says. `original` is a descriptor of the file and `status` its status. Unless the result is
+/// Done, all is as it was.
 [[nodiscard]] Replacement replaceBySibling(const std::filesystem::path& path, int original,
-                                           const struct stat& status, std::string_view content);
+                                           const struct stat& status, std::string_view content,
+                                           Durability durability);
 
-/// Waits until a file or folder is on the disk. False when the disk fails; file systems that know no waiting
-/// do not fail.
-[[nodiscard]] bool bringToDisk(int descriptor);
+/// Sees to it that what was written to a file or folder outlives that. False when the disk fails or has no
+/// room; file systems that know no waiting do not fail.
+[[nodiscard]] bool settle(int descriptor, Durability durability);
 
 } // namespace specloom

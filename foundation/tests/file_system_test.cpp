@@ -1,5 +1,6 @@
 #include "foundation/file_system.h"
 
+#include <csignal>    // std::signal
 #include <cstdlib>    // mkdtemp
 #include <filesystem> // std::filesystem
 #include <fstream>    // std::ofstream
@@ -8,7 +9,8 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <unistd.h> // close, geteuid, pipe, write
+#include <sys/resource.h> // getrlimit, setrlimit
+#include <unistd.h>       // close, geteuid, pipe, write
 
 #include "foundation/input_file.h"
 
@@ -132,6 +134,22 @@ TEST_F(LocalFileSystemTest, WhatCannotBeWrittenIsTold) {
               "Failed to open file for writing: " + folder.string());
     EXPECT_EQ(textOf([&] { files.writeFile(at("none/below"), "a"); }),
               "Failed to open file for writing: " + at("none/below"));
+}
+
+TEST_F(LocalFileSystemTest, AFileThatDoesNotFitIsLeftAsItWas) {
+    struct rlimit former {};
+    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &former), 0);
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+    files.writeFile(at("old"), "old");
+    const rlimit low{.rlim_cur = 1000, .rlim_max = former.rlim_max};
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &low), 0);
+    for (const char* name : {"new", "old"})
+        EXPECT_EQ(textOf([&] { files.writeFile(at(name), std::string(2000, 'a')); }),
+                  "Failed to write file: " + at(name));
+    setrlimit(RLIMIT_FSIZE, &former);
+    static_cast<void>(std::signal(SIGXFSZ, handler));
+    EXPECT_EQ(files.readFile(at("new")), "");
+    EXPECT_EQ(files.readFile(at("old")), "old");
 }
 
 TEST_F(LocalFileSystemTest, AFullDiskIsTold) {

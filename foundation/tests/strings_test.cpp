@@ -163,6 +163,12 @@ TEST(Strings, Escapes) {
     EXPECT_EQ(escapeDoubleQuoted(nasty), "\\\\\\b\\f\\n\\r\\t'\\\"\x01\x7f\xc3\xa4\0"s);
 }
 
+TEST(Strings, Literals) {
+    const std::string nasty = "\\\b\f\n\r\t'\"`${}\x01\x7f\xe2\x80\xa8\0"s;
+    EXPECT_EQ(toJsonLiteral(nasty), "\"\\\\\\b\\f\\n\\r\\t'\\\"`${}\\u0001\x7f\xe2\x80\xa8\\u0000\"");
+    EXPECT_EQ(toJavaScriptLiteral(nasty), "'\\\\\\b\\f\\n\\r\\t\\'\"`${}\x01\x7f\xe2\x80\xa8\0'"s);
+}
+
 /// The text of the exception of type `Error` that `call` throws.
 template <typename Error, typename Call>
 std::string textOf(Call call) {

@@ -10,6 +10,7 @@
 #include <set>      // std::set
 #include <string>   // std::string, std::stoull
 
+#include "code_morph/generated_path.h"
 #include "foundation/input_file.h"
 #include "foundation/message.h"
 #include "jv/yaml_reader.h"
@@ -32,6 +33,8 @@ using Limits = std::map<std::string, std::uint64_t>;
 
 /// Those that a header of a module declares.
 const Limits declared = {
+    {"code_morph/src/generated_path.h longestFileName", code_morph::base::longestFileName},
+    {"code_morph/src/generated_path.h longestFilePath", code_morph::base::longestFilePath},
     {"foundation/src/input_file.h largestInput", largestInput},
     {"foundation/src/message.h longestMessageArgument", longestMessageArgument},
     {"jv/src/yaml_reader.h deepestYaml", jv::deepestYaml},

@@ -39,7 +39,7 @@ void formatInPlace(const openapi_format::Formatter& formatter, const std::string
     const jv::LoadedDocument loaded = jv::loadDocument(file);
     const jv::DocumentFormat target = formatter.configuration().format().value_or(loaded.format);
     const std::string text = formatter.text(*loaded.document, target);
-    LocalFileSystem().writeFile(targetPath(file, loaded.format, target), text);
+    OutputFile(targetPath(file, loaded.format, target)).replace(text);
 }
 
 void formatTo(const openapi_format::Formatter& formatter, const std::string& file,
