@@ -8,14 +8,6 @@
 namespace specloom::templating {
 namespace {
 
-std::string toJsonLiteral(std::string_view text) {
-    return '"' + escapeDoubleQuoted(text) + '"';
-}
-
-std::string toJavaScriptLiteral(std::string_view text) {
-    return '\'' + escapeSingleQuoted(text) + '\'';
-}
-
 constexpr TextFunction textFunctionTable[] = {
     {"escapeDoubleQuoted", escapeDoubleQuoted},
     {"escapeHtml", escapeHtml},
