@@ -1,8 +1,7 @@
 #include "foundation/validators/validators.h"
 
-#include "predicates.h"
-
 #include "foundation/validators/registries.h"
+#include "test_support/format_validators.h"
 
 #include <algorithm>   // std::is_sorted
 #include <cstddef>     // std::size_t
@@ -15,10 +14,12 @@
 namespace specloom {
 namespace {
 
+using test_support::formatValidators;
+
 /// The names of all predicates that accept `text`, with blanks between.
 std::string acceptedAs(std::string_view text) {
     std::string names;
-    for (const auto& [name, predicate] : predicates()) {
+    for (const auto& [name, predicate] : formatValidators()) {
         if (predicate(text))
             names += (names.empty() ? "" : " ") + name;
     }
@@ -83,7 +84,7 @@ TEST(Validators, KnowTheFormsOfTheirFormats) {
     };
     for (const Case& one : cases) {
         SCOPED_TRACE(one.format);
-        const Predicate predicate = predicates().at(one.format);
+        const auto predicate = formatValidators().at(one.format);
         for (const std::string_view text : one.good)
             EXPECT_TRUE(predicate(text)) << text;
         for (const std::string_view text : one.bad)

@@ -6,13 +6,13 @@
 #include <string>      // std::string
 #include <string_view> // std::string_view
 
-namespace specloom {
+namespace specloom::test_support {
 
-using Predicate = bool (*)(std::string_view) noexcept;
+using FormatValidator = bool (*)(std::string_view) noexcept;
 
 /// All validators, by the name of the format where there is one.
-inline const std::map<std::string, Predicate>& predicates() {
-    static const std::map<std::string, Predicate> all = {
+inline const std::map<std::string, FormatValidator>& formatValidators() {
+    static const std::map<std::string, FormatValidator> all = {
         {"date", isDate},
         {"date-time", isDateTime},
         {"duration", isDuration},
@@ -35,4 +35,4 @@ inline const std::map<std::string, Predicate>& predicates() {
     return all;
 }
 
-} // namespace specloom
+} // namespace specloom::test_support
