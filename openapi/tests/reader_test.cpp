@@ -197,6 +197,7 @@ TEST(Reader, remembersWhereNodesCameFrom) {
     EXPECT_EQ(result->pointerOf(*get, "x/y"), "/paths/~1a~0b/get/x~1y");
     EXPECT_EQ(result->positionOf(root.info()), (jv::Pos{2, 9}));
     EXPECT_EQ(result->keyOrderOf(root), (std::vector<std::string_view>{"paths", "openapi", "info"}));
+    EXPECT_EQ(result->keyOrderOf(root, "paths"), std::vector<std::string_view>{"/a~b"});
     EXPECT_EQ(result->keyOrderOf(root.info()), (std::vector<std::string_view>{"version", "title"}));
     EXPECT_EQ(result->nodeAtPointer("/paths/~1a~0b/get"), get);
     EXPECT_EQ(result->nodeAtPointer("/paths/~1a~0b/put"), nullptr);
@@ -204,6 +205,7 @@ TEST(Reader, remembersWhereNodesCameFrom) {
     Schema made(&result->root());
     EXPECT_FALSE(result->positionOf(made).isKnown());
     EXPECT_TRUE(result->keyOrderOf(made).empty());
+    EXPECT_TRUE(result->keyOrderOf(made, "paths").empty());
     EXPECT_EQ(result->pointerOf(made, "a"), std::nullopt);
     EXPECT_THROW((void)result->pointerOf(made), std::out_of_range);
 }

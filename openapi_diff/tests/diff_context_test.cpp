@@ -168,6 +168,41 @@ TEST_F(DiffContextTest, markedScopes) {
     }
 }
 
+TEST_F(DiffContextTest, comparisonsAreMadeOnceAndIncluded) {
+    const auto compared = [&](DiffContext& context, ConfigKey key, const Comparison* included) {
+        return context.collect(*before, *after, [&] {
+            context.mark(before, after);
+            context.compare(key, *before, *after, "a"sv, "b"sv);
+            if (key == InfoTitle)
+                context.extensionModified(*after, "x-a");
+            if (included != nullptr)
+                context.include(*included, true);
+        });
+    };
+    EXPECT_THAT(
+        linesOf([&](DiffContext& context) {
+            const Comparison inner = compared(context, InfoTitle, nullptr);
+            const Comparison outer = compared(context, InfoSummary, &inner);
+            const Comparison none = compared(context, InfoVersion, nullptr);
+            EXPECT_EQ(outer.level, ChangeLevel::Breaking);
+            EXPECT_EQ(none.level, ChangeLevel::None);
+            const auto use = [&](std::string_view name, const Comparison& found, bool listed) {
+                const auto scope = context.enterKey(before, after, SchemaProperties, name);
+                context.mark(before, after);
+                context.include(found, listed);
+            };
+            const auto scope = context.enter(before, after, OpenAPIComponents);
+            context.mark(before, after);
+            use("place", outer, false);
+            use("list", outer, true);
+            use("none", none, true);
+        }),
+        ElementsAre("property_modified components breaking 12", "key_modified properties(place) breaking 12",
+                    "key_modified properties(list) breaking 12",
+                    "property_modified summary non-functional 12", "property_modified title breaking 12",
+                    "extension_modified properties(x-a) non-functional 12"));
+}
+
 TEST_F(DiffContextTest, scopesCloseWhenAnExceptionPasses) {
     ContextLines report;
     DiffContext context(configuration, *source, *destination, report);
