@@ -9,41 +9,6 @@
 namespace specloom::tests {
 namespace {
 
-TEST(CommandLine, EndsInAStatusAndALine) {
-    struct Row {
-        std::vector<std::string> arguments;
-        int status;
-        std::string out;
-    };
-    const std::vector<Row> rows = {
-        {{}, 255, ""},
-        {{"--version"}, 0, "0.8.0\n"},
-        {{"-v"}, 0, "0.8.0\n"},
-        {{"format", "--version"}, 0, "1.0\n"},
-        {{"server"}, 0, ""},
-        {{"formt"}, 1, "Failed to parse 'formt', did you mean 'format'\n"},
-        {{"--verbose"}, 1, "Unknown argument: --verbose\n"},
-        {{"--config", "c.yaml", "format"}, 1, "Unknown argument: --config\n"},
-        {{"format"}, 1, "files: 1 or more argument(s) expected. 0 provided.\n"},
-        {{"format", "a.yaml", "--config"}, 1, "Too few arguments for '--config'.\n"},
-        {{"format", "a.yaml", "--output", "b.yaml", "--output", "c.yaml"},
-         1,
-         "Duplicate argument --output\n"},
-        {{"lint"}, 1, "files: 1 or more argument(s) expected. 0 provided.\n"},
-        {{"lint", "--version"}, 0, "1.0\n"},
-        {{"server", "a.yaml"}, 1, "Zero positional arguments expected\n"},
-        {{"license", "--library"}, 1, "Too few arguments for '--library'.\n"},
-    };
-    const Workspace workspace;
-    for (const Row& row : rows) {
-        SCOPED_TRACE(testing::PrintToString(row.arguments));
-        const Outcome outcome = workspace.run(row.arguments);
-        EXPECT_EQ(outcome.status, row.status);
-        EXPECT_EQ(outcome.out, row.out);
-        EXPECT_EQ(outcome.err, "");
-    }
-}
-
 TEST(CommandLine, HelpShowsWhatThereIs) {
     struct Row {
         std::vector<std::string> arguments;

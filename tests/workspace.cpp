@@ -1,10 +1,10 @@
 #include "workspace.h"
 
+#include "test_support/corpora.h"
 #include "test_support/sanitizers.h"
 
 #include <cstdlib>      // mkdtemp
-#include <fstream>      // std::ifstream, std::ofstream
-#include <iterator>     // std::istreambuf_iterator
+#include <fstream>      // std::ofstream
 #include <string>       // std::to_string
 #include <system_error> // std::system_error
 #include <utility>      // std::move
@@ -19,12 +19,6 @@ namespace fs = std::filesystem;
 
 namespace specloom::tests {
 namespace {
-
-std::string content(const fs::path& path) {
-    std::ifstream stream(path, std::ios::binary);
-    EXPECT_TRUE(stream.is_open()) << path;
-    return std::string(std::istreambuf_iterator<char>(stream), {});
-}
 
 void require(int error, const char* what) {
     if (error != 0)
@@ -56,6 +50,16 @@ Outcome Workspace::runScript(const std::string& script, const std::vector<std::s
     std::vector<std::string> words = {"/bin/sh", "-c", script, "sh", SPECLOOM_PROGRAM};
     words.insert(words.end(), arguments.begin(), arguments.end());
     return spawn(std::move(words), {});
+}
+
+std::string Workspace::transcript(const std::vector<std::string>& commands, Statuses statuses) const {
+    std::string script = "exec 2>&1\nprogram=$1 status=0\nspecloom() { \"$program\" \"$@\"; }\n";
+    for (const std::string& command : commands) {
+        script += "cat <<'END'\n$ " + command + "\nEND\n(exit $status)\n" + command + "\nstatus=$?\n";
+        if (statuses == Statuses::Shown)
+            script += "[ $status = 0 ] || echo \"=> $status\"\n";
+    }
+    return runScript(script, {}).out;
 }
 
 Outcome Workspace::runWithin(const Limits& limits, const std::vector<std::string>& arguments) const {
@@ -91,8 +95,8 @@ Outcome Workspace::spawn(std::vector<std::string> words, const fs::path& standar
     Outcome outcome;
     outcome.status = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
     if (standardOutput.empty())
-        outcome.out = content(out);
-    outcome.err = content(err);
+        outcome.out = test_support::fileBytes(out);
+    outcome.err = test_support::fileBytes(err);
     return outcome;
 }
 
@@ -110,7 +114,7 @@ void Workspace::write(const std::string& name, const std::string& text) const {
 }
 
 std::string Workspace::read(const std::string& name) const {
-    return content(path(name));
+    return test_support::fileBytes(path(name));
 }
 
 } // namespace specloom::tests

@@ -39,6 +39,12 @@ class Workspace {
     };
     [[nodiscard]] Outcome runWithin(const Limits& limits, const std::vector<std::string>& arguments) const;
 
+    /// What a user of this folder sees who types these commands of the shell, where `specloom` is the
+    /// program: each behind "$ ", with its output below it, and with "=> STATUS" where that is asked and not
+    /// 0.
+    enum class Statuses : bool { Hidden, Shown };
+    [[nodiscard]] std::string transcript(const std::vector<std::string>& commands, Statuses statuses) const;
+
     /// Writes a file, given by its path in this folder; missing folders are made.
     void write(const std::string& name, const std::string& content) const;
 

@@ -96,7 +96,7 @@ TEST(Section, SaysWhichValueIsAtFault) {
             EXPECT_EQ(row.text, "");
         } catch (const jv::JVError& error) {
             EXPECT_EQ(error.what(), row.text);
-            EXPECT_EQ(positionOf(error), row.pos);
+            EXPECT_EQ(document->locationOf(error.value()).pos, row.pos);
             EXPECT_EQ(dynamic_cast<const ConfigError*>(&error) != nullptr, row.isConfigError);
         }
     }

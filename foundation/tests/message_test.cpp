@@ -11,9 +11,12 @@
 #include "foundation/escapes.h"
 #include "foundation/printable.h"
 #include "foundation/utf8.h"
+#include "test_support/texts.h"
 
 namespace specloom {
 namespace {
+
+using test_support::repeated;
 
 using namespace std::string_literals;
 
@@ -69,12 +72,6 @@ TEST(Message, cleansEachTextThatEntersIt) {
 }
 
 TEST(Message, cutsTextsThatNobodyReads) {
-    const auto repeated = [](const char* text, std::size_t count) {
-        std::string result;
-        while (count-- > 0)
-            result += text;
-        return result;
-    };
     for (const char* one : {"a", "\u00e4", "\U0001F6A2"}) {
         EXPECT_EQ(messageArgument(repeated(one, 1000)), repeated(one, 1000));
         EXPECT_EQ(messageArgument(repeated(one, 1001)), repeated(one, 1000) + "\u2026");

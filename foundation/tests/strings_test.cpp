@@ -3,19 +3,21 @@
 #include "foundation/strings.h"
 #include "foundation/unreachable.h"
 #include "foundation/utf8.h"
+#include "test_support/failure.h"
 
 #include <limits>    // std::numeric_limits
 #include <stdexcept> // std::invalid_argument, std::out_of_range
 #include <string>    // std::string
 #include <vector>    // std::vector
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 using namespace std::string_literals;
 
 namespace specloom {
 namespace {
+
+using test_support::failureOf;
 
 TEST(Strings, CaseConversions) {
     struct Row {
@@ -169,17 +171,6 @@ TEST(Strings, Literals) {
     EXPECT_EQ(toJavaScriptLiteral(nasty), "'\\\\\\b\\f\\n\\r\\t\\'\"`${}\x01\x7f\xe2\x80\xa8\0'"s);
 }
 
-/// The text of the exception of type `Error` that `call` throws.
-template <typename Error, typename Call>
-std::string textOf(Call call) {
-    try {
-        static_cast<void>(call());
-    } catch (const Error& error) {
-        return error.what();
-    }
-    return "nothing thrown";
-}
-
 TEST(Strings, Numbers) {
     EXPECT_EQ(toDouble(" -1.5e3"), -1500.0);
     EXPECT_EQ(toDouble("0x10"), 16.0);
@@ -188,22 +179,23 @@ TEST(Strings, Numbers) {
     EXPECT_EQ(toUInt64("-1"), std::numeric_limits<std::uint64_t>::max());
 
     for (const std::string& text : {""s, "x"s, " "s, "\0"s}) {
-        EXPECT_EQ(textOf<std::invalid_argument>([&] { return toDouble(text); }), "invalid stod argument");
-        EXPECT_EQ(textOf<std::invalid_argument>([&] { return toInt64(text); }), "invalid stoll argument");
-        EXPECT_EQ(textOf<std::invalid_argument>([&] { return toUInt64(text); }), "invalid stoull argument");
+        EXPECT_EQ(failureOf<std::invalid_argument>([&] { return toDouble(text); }), "invalid stod argument");
+        EXPECT_EQ(failureOf<std::invalid_argument>([&] { return toInt64(text); }), "invalid stoll argument");
+        EXPECT_EQ(failureOf<std::invalid_argument>([&] { return toUInt64(text); }),
+                  "invalid stoull argument");
     }
     for (const std::string& text : {"1x"s, "1 "s, "1\0"s}) {
-        EXPECT_EQ(textOf<std::invalid_argument>([&] { return toDouble(text); }),
+        EXPECT_EQ(failureOf<std::invalid_argument>([&] { return toDouble(text); }),
                   "strtod: whole string is not converted");
-        EXPECT_EQ(textOf<std::invalid_argument>([&] { return toInt64(text); }),
+        EXPECT_EQ(failureOf<std::invalid_argument>([&] { return toInt64(text); }),
                   "strtol: whole string is not converted");
-        EXPECT_EQ(textOf<std::invalid_argument>([&] { return toUInt64(text); }),
+        EXPECT_EQ(failureOf<std::invalid_argument>([&] { return toUInt64(text); }),
                   "strtoul: whole string is not converted");
     }
-    EXPECT_EQ(textOf<std::out_of_range>([] { return toDouble("1e999"); }), "stod argument out of range");
-    EXPECT_EQ(textOf<std::out_of_range>([] { return toInt64("9223372036854775808"); }),
+    EXPECT_EQ(failureOf<std::out_of_range>([] { return toDouble("1e999"); }), "stod argument out of range");
+    EXPECT_EQ(failureOf<std::out_of_range>([] { return toInt64("9223372036854775808"); }),
               "stoll argument out of range");
-    EXPECT_EQ(textOf<std::out_of_range>([] { return toUInt64("18446744073709551616"); }),
+    EXPECT_EQ(failureOf<std::out_of_range>([] { return toUInt64("18446744073709551616"); }),
               "stoull argument out of range");
 }
 
@@ -211,7 +203,7 @@ TEST(Strings, Utf8Length) {
     EXPECT_EQ(utf8Length(""), 0U);
     EXPECT_EQ(utf8Length("a\xc3\xa4\xe2\x82\xac\xf0\x9f\x98\x80"), 4U);
     const auto fault = [](const char* text) {
-        return textOf<std::runtime_error>([text] { return utf8Length(text); });
+        return failureOf<std::runtime_error>([text] { return utf8Length(text); });
     };
     EXPECT_EQ(fault("a\xff"), "Invalid UTF-8");
     EXPECT_EQ(fault("\xc3(a"), "Invalid UTF-8");

@@ -1,6 +1,6 @@
 #include "foundation/validators/validators.h"
 
-#include "predicates.h"
+#include "test_support/format_validators.h"
 
 #include <cstddef>     // std::size_t
 #include <string>      // std::string
@@ -12,10 +12,12 @@
 namespace specloom {
 namespace {
 
+using test_support::formatValidators;
+
 /// The names of all predicates that accept `text`, with blanks between.
 std::string acceptedAs(std::string_view text) {
     std::string names;
-    for (const auto& [name, predicate] : predicates()) {
+    for (const auto& [name, predicate] : formatValidators()) {
         if (predicate(text))
             names += (names.empty() ? "" : " ") + name;
     }
@@ -80,7 +82,7 @@ TEST(Validators, KnowTheFormsOfTheirFormats) {
     };
     for (const Case& one : cases) {
         SCOPED_TRACE(one.format);
-        const Predicate predicate = predicates().at(one.format);
+        const auto predicate = formatValidators().at(one.format);
         for (const std::string_view text : one.good)
             EXPECT_TRUE(predicate(text)) << text;
         for (const std::string_view text : one.bad)

@@ -1,8 +1,8 @@
 #include "jv/json_reader.h"
 
 #include "jv/default_handler.h"
+#include "test_support/failure.h"
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sstream> // std::istringstream
 #include <string>  // std::string
@@ -10,6 +10,8 @@
 
 namespace specloom::jv {
 namespace {
+
+using test_support::failureOf;
 
 /// Writes events down, each with its position.
 class Recorder : public Handler {
@@ -44,54 +46,13 @@ class Recorder : public Handler {
     }
 };
 
-std::string refusal(std::string_view text) {
-    try {
-        static_cast<void>(parseJSON(text));
-        return "accepted";
-    } catch (const JSONReaderError& error) {
-        return error.what();
-    }
-}
-
+/// What the public suite does not ask.
 TEST(JsonReader, RefusesWithOneText) {
-    for (const char* text : {"",
-                             " ",
-                             "[1,]",
-                             "{\"a\":1,}",
-                             "{\"a\":1} x",
-                             "[1] // no",
-                             "[1] /* no */",
-                             "01",
-                             "1.",
-                             "1e",
-                             "-",
-                             "+1",
-                             ".5",
-                             "[1 2]",
-                             "{\"a\" 1}",
-                             "{1:2}",
-                             "{\"a\":}",
-                             "]",
-                             "[}",
-                             "nul",
-                             "True",
-                             "\"\\x\"",
-                             "\"\\u12g4\"",
-                             "\"\t\"",
-                             "\"\xff\"",
-                             "\"\xc3\"",
-                             "\"a",
-                             "{\"a\":1",
-                             "[",
-                             "1 2",
-                             "\x01",
-                             "\xef\xbb\xbf{}",
-                             "NaN"}) {
-        SCOPED_TRACE(text);
-        EXPECT_EQ(refusal(text), "JSON parse error");
-    }
-    for (const char* text : {"0", "12", "-0", "\"x\"", "null", " [ ] ", "\f{}\v", "[1]\n"})
-        EXPECT_EQ(refusal(text), "accepted") << text;
+    const auto refusal = [](std::string_view text) { return failureOf([&] { return parseJSON(text); }); };
+    for (const char* text : {"", " ", "[1] // no", "[1] /* no */", "1 2", "\xef\xbb\xbf{}", "{\"a\":1} x"})
+        EXPECT_EQ(refusal(text), "JSON parse error") << text;
+    for (const char* text : {"0", "12", "-0", "null", "\f{}\v", "[1]\n"})
+        EXPECT_EQ(refusal(text), "") << text;
 }
 
 TEST(JsonReader, DecodesEscapes) {
@@ -222,14 +183,9 @@ TEST(JsonReader, HandlerCanStop) {
 }
 
 TEST(DefaultHandler, RefusesEventsThatMakeNoDocument) {
-    const auto messageOf = [](auto drive) -> std::string {
+    const auto messageOf = [](auto drive) {
         DefaultHandler handler(std::make_unique<JVDocument>());
-        try {
-            drive(handler);
-            return "accepted";
-        } catch (const JSONReaderError& error) {
-            return error.what();
-        }
+        return failureOf<JSONReaderError>([&] { drive(handler); });
     };
     EXPECT_EQ(messageOf([](Handler& handler) { handler.onEndArray({}); }),
               "context_pop: Bottom of stack reached prematurely");

@@ -1,6 +1,7 @@
 #include "jv/json_writer.h"
 
 #include "jv/json_reader.h"
+#include "test_support/failure.h"
 
 #include <gtest/gtest.h>
 #include <string> // std::string
@@ -8,6 +9,8 @@
 
 namespace specloom::jv {
 namespace {
+
+using test_support::failureOf;
 
 std::string written(const JVDocument& document, std::int64_t indent, std::uint32_t flags = 0) {
     JSONWriter writer(flags);
@@ -52,18 +55,14 @@ TEST(JsonWriter, EscapesWhatMustBe) {
 TEST(JsonWriter, RefusesDepthAndInfinity) {
     const std::string brackets(10000, '[');
     const auto deep = parseJSON(brackets + std::string(10000, ']'));
-    const auto failure = [](const JVDocument& document) -> std::string {
+    const auto failure = [](const JVDocument& document) {
         JSONWriter writer;
-        try {
-            writer.write(document);
-            return "";
-        } catch (const JSONWriterError& error) {
-            EXPECT_THROW(writer.write(document), JSONWriterError); // InErrorState
-            return error.what();
-        }
+        const std::string text = failureOf<JSONWriterError>([&] { writer.write(document); });
+        EXPECT_NE(failureOf<JSONWriterError>([&] { writer.write(document); }), ""); // InErrorState
+        return text;
     };
     EXPECT_EQ(failure(*deep), "MaxDepthExceeded");
-    EXPECT_EQ(failure(*parseJSON(std::string(128, '[') + std::string(128, ']'))), "");
+    EXPECT_NO_THROW(static_cast<void>(written(*parseJSON(std::string(128, '[') + std::string(128, ']')), 2)));
     EXPECT_EQ(failure(*parseJSON(std::string(129, '[') + std::string(129, ']'))), "MaxDepthExceeded");
 
     JVDocument infinite;
@@ -72,12 +71,7 @@ TEST(JsonWriter, RefusesDepthAndInfinity) {
 
     JSONWriter writer;
     writer.write(*parseJSON("1"));
-    try {
-        writer.write(*parseJSON("1"));
-        FAIL();
-    } catch (const JSONWriterError& error) {
-        EXPECT_STREQ(error.what(), "GenerationComplete");
-    }
+    EXPECT_EQ(failureOf<JSONWriterError>([&] { writer.write(*parseJSON("1")); }), "GenerationComplete");
 }
 
 TEST(JsonWriterDeathTest, BigNumberEndsTheProcess) {

@@ -1,11 +1,15 @@
 #include "jv/jv_pointer.h"
 
+#include "test_support/failure.h"
+
 #include <gtest/gtest.h>
 #include <string> // std::string
 #include <vector> // std::vector
 
 namespace specloom::jv {
 namespace {
+
+using test_support::failureOf;
 
 TEST(Pointer, ParsesAndWritesTokens) {
     struct Case {
@@ -37,15 +41,9 @@ TEST(Pointer, RefusesWhatIsNone) {
         {"/a~2", "Invalid JSON pointer"},
         {"/~/0", "Invalid JSON pointer"},
     };
-    for (const Case& test : cases) {
-        SCOPED_TRACE(test.text);
-        try {
-            JVPointer().parse(test.text);
-            FAIL();
-        } catch (const JVPointerError& error) {
-            EXPECT_STREQ(error.what(), test.message);
-        }
-    }
+    for (const Case& test : cases)
+        EXPECT_EQ(failureOf<JVPointerError>([&] { JVPointer().parse(test.text); }), test.message)
+            << test.text;
 }
 
 TEST(Pointer, ParentAndChild) {

@@ -32,7 +32,7 @@ class Model {
     void edit() {
         const std::string key = randomKey();
         JV& root = *document_->root();
-        switch (random_() % 8) {
+        switch (random_() % 9) {
         case 0:
         case 1:
         case 2:
@@ -55,6 +55,9 @@ class Model {
         case 7:
             document_->appendKey(&root, key);
             order_.push_back(key);
+            break;
+        case 8:
+            forgetNowAndThen(root);
             break;
         }
     }
@@ -91,6 +94,16 @@ class Model {
     [[nodiscard]] static std::string keyOf(int i) { return "a key, number " + std::to_string(i); }
     [[nodiscard]] std::string randomKey() {
         return keyOf(static_cast<int>(random_() % static_cast<unsigned>(keys_)));
+    }
+
+    void forgetNowAndThen(JV& root) {
+        if (random_() % 4 == 0) {
+            root.clear();
+            values_.clear();
+        } else if (random_() % 4 == 0) {
+            document_->forget(&root);
+            order_.clear();
+        }
     }
 
     /// Often just the keys that are there, which moves the entries themselves.

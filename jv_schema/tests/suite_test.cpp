@@ -1,13 +1,12 @@
 // The public JSON Schema suite, all drafts, and by what reason this evaluator decides some of its optional
 // tests otherwise.
 
-#include "foundation/validators/validators.h"
 #include "jv/json_reader.h"
 #include "jv_schema/schema.h"
 #include "test_support/corpora.h"
+#include "test_support/format_validators.h"
 
 #include <cstdio>   // std::printf
-#include <map>      // std::map
 #include <optional> // std::optional
 #include <set>      // std::set
 #include <string>   // std::string
@@ -51,26 +50,8 @@ const std::set<std::string_view>& undecidedFormats() {
 
 /// What the keyword asks. Where a validator has rules of its own, the suite's rows are listed with its tests.
 [[nodiscard]] bool validatorAccepts(std::string_view format, std::string_view text) {
-    using Validator = bool (*)(std::string_view) noexcept;
-    static const std::map<std::string_view, Validator> validators = {
-        {"date", isDate},
-        {"date-time", isDateTime},
-        {"duration", isDuration},
-        {"email", isEmail},
-        {"hostname", isHostname},
-        {"ipv4", isIPv4},
-        {"ipv6", isIPv6},
-        {"json-pointer", isJSONPointer},
-        {"regex", isRegex},
-        {"relative-json-pointer", isRelativeJSONPointer},
-        {"time", isTime},
-        {"uri", isURI},
-        {"uri-reference", isURIReference},
-        {"uri-template", isURITemplate},
-        {"uuid", isUUID},
-    };
-    const auto validator = validators.find(format);
-    return validator == validators.end() || validator->second(text);
+    const auto validator = test_support::formatValidators().find(std::string(format));
+    return validator == test_support::formatValidators().end() || validator->second(text);
 }
 
 struct Counts {

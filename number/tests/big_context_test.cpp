@@ -2,6 +2,7 @@
 
 #include "number/big_float.h"
 #include "number/number.h"
+#include "test_support/failure.h"
 
 #include <gtest/gtest.h>
 
@@ -13,6 +14,8 @@
 
 namespace specloom::number {
 namespace {
+
+using test_support::failureOf;
 
 /// Blocks of the standard library, of which only so many are given out.
 class FailingAllocator {
@@ -129,17 +132,9 @@ TEST(BigContext, literalsWithoutMemoryAreRefused) {
     const FailingAllocator allocator(0);
     EXPECT_EQ(Number::fromText("12345678901234567890").kind(), NumberKind::Unsigned)
         << "machine kinds need none";
-    for (const bool strict : {true, false}) {
-        try {
-            if (strict)
-                static_cast<void>(Number::fromText("123456789012345678901"));
-            else
-                static_cast<void>(Number::tryParse("123456789012345678901"));
-            ADD_FAILURE() << "no exception";
-        } catch (const std::runtime_error& error) {
-            EXPECT_STREQ(error.what(), "Invalid number format");
-        }
-    }
+    const std::string text = "123456789012345678901";
+    EXPECT_EQ(failureOf<std::runtime_error>([&] { return Number::fromText(text); }), "Invalid number format");
+    EXPECT_EQ(failureOf<std::runtime_error>([&] { return Number::tryParse(text); }), "Invalid number format");
 }
 
 TEST(BigContext, countsBigNumbersAndForgetsPowersWithTheLast) {

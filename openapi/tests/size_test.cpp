@@ -1,9 +1,10 @@
 // Documents of extreme depth and size end in a result or a clear text.
 
-#include "jv/deser.h"
 #include "openapi/node_visitor.h"
-#include "openapi/reader.h"
 #include "openapi/writer.h"
+#include "test_support/failure.h"
+#include "test_support/read_text.h"
+#include "test_support/texts.h"
 
 #include <fmt/format.h> // fmt::format
 
@@ -15,12 +16,9 @@
 namespace specloom::openapi {
 namespace {
 
-constexpr int many = 50'000;
+using test_support::readText;
 
-std::unique_ptr<ReadResult> readJson(const std::string& text) {
-    static const auto formats = std::make_shared<const SchemaFormatRegistry>();
-    return read(jv::parseDocument(text, {.format = jv::DocumentFormat::Json, .refLoader = {}}), formats);
-}
+constexpr int many = 50'000;
 
 std::string document(const std::string& paths, const std::string& schemas) {
     return R"({"openapi":"3.1.0","info":{"title":"t","version":"1"},"paths":{)" + paths +
@@ -34,14 +32,8 @@ std::string repeated(int count, const std::function<std::string(int)>& part) {
     return text;
 }
 
-std::string nested(int levels, const std::string& open, const std::string& close) {
-    std::string text;
-    for (int i = 0; i < levels; ++i)
-        text += open;
-    text += "{}";
-    for (int i = 0; i < levels; ++i)
-        text += close;
-    return text;
+std::string nested(std::size_t levels, const std::string& open, const std::string& close) {
+    return test_support::repeated(open, levels) + "{}" + test_support::repeated(close, levels);
 }
 
 std::size_t objectsIn(const ReadResult& result) {
@@ -55,13 +47,8 @@ std::size_t objectsIn(const ReadResult& result) {
 }
 
 TEST(Size, nestingIsRefusedBeyondItsLimitAndServedUpToIt) {
-    const auto refusal = [](const std::string& text) -> std::string {
-        try {
-            (void)readJson(text);
-        } catch (const std::exception& error) {
-            return error.what();
-        }
-        return "";
+    const auto refusal = [](const std::string& text) {
+        return test_support::failureOf([&] { return readText(text); });
     };
     const std::string tooDeep = "Objects are nested more than 1000 levels deep at (1, ";
     EXPECT_TRUE(refusal(document("", R"("S":)" + nested(100'000, R"({"items":)", "}"))).starts_with(tooDeep));
@@ -74,23 +61,23 @@ TEST(Size, nestingIsRefusedBeyondItsLimitAndServedUpToIt) {
                                  ""))
                     .starts_with(tooDeep));
 
-    const auto deep = readJson(document("", R"("S":)" + nested(990, R"({"items":)", "}")));
+    const auto deep = readText(document("", R"("S":)" + nested(990, R"({"items":)", "}")));
     EXPECT_EQ(objectsIn(*deep), 4 + 991u);
     EXPECT_TRUE(Writer(*deep).write(deep->root())->root()->equals(*deep->source().root()));
 }
 
 TEST(Size, breadthIsServed) {
     const std::string reference = R"({"$ref":"#/components/schemas/S"})";
-    const auto paths = readJson(
+    const auto paths = readText(
         document(repeated(2 * many, [](int i) { return fmt::format(R"("/{}":{{"get":{{}}}})", i); }), ""));
     EXPECT_EQ(paths->root().paths().size(), 2u * many);
 
-    const auto references = readJson(document("", R"("A":{"properties":{)" + repeated(many, [&](int i) {
+    const auto references = readText(document("", R"("A":{"properties":{)" + repeated(many, [&](int i) {
                                                       return fmt::format(R"("p{}":{})", i, reference);
                                                   }) + R"(}},"S":{})"));
     EXPECT_EQ(objectsIn(*references), 6u);
 
-    const auto operations = readJson(document(
+    const auto operations = readText(document(
         repeated(
             10'000,
             [&](int i) {
@@ -102,14 +89,14 @@ TEST(Size, breadthIsServed) {
     EXPECT_EQ(objectsIn(*operations), 5 + 5 * 10'000u);
 
     // Each component is only a reference to the next, so that all wait for the last.
-    const auto chain = readJson(
+    const auto chain = readText(
         document("", repeated(many, [](int i) {
                          return fmt::format(R"("a{:06}":{{"$ref":"#/components/schemas/a{:06}"}})", i, i + 1);
                      }) + fmt::format(R"(,"a{:06}":{{}})", many)));
     EXPECT_EQ(chain->root().components().schema("a000000"),
               chain->root().components().schema(fmt::format("a{:06}", many)));
     // A walk through a chain of uses is as deep as the chain is long.
-    const auto uses = readJson(
+    const auto uses = readText(
         document("", repeated(many, [](int i) {
                      return fmt::format(R"("a{:06}":{{"items":{{"$ref":"#/components/schemas/a{:06}"}}}})", i,
                                         (i + 1) % many);

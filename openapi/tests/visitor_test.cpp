@@ -1,12 +1,9 @@
 #include "openapi/node_visitor.h"
 
-#include "jv/deser.h"
-#include "openapi/reader.h"
 #include "test_support/corpora.h"
+#include "test_support/read_text.h"
 
-#include <memory>      // std::unique_ptr
-#include <string>      // std::string
-#include <string_view> // std::string_view
+#include <string> // std::string
 
 #include <gtest/gtest.h>
 
@@ -65,15 +62,11 @@ class Recorder final : public NodeVisitHandler {
     std::string log_;
 };
 
-std::unique_ptr<ReadResult> readYaml(std::string_view text) {
-    static const auto formats = std::make_shared<const SchemaFormatRegistry>();
-    return read(jv::parseDocument(text, {.format = jv::DocumentFormat::Yaml, .refLoader = {}}), formats);
-}
-
 /// A document that uses every class and every keyword that leads on, with references forth and back.
 TEST(NodeVisitor, meetsEveryObjectOnceInItsOrder) {
     const std::string folder = SPECLOOM_TEST_DIR "/tests/golden/";
-    const auto result = readYaml(test_support::fileBytes(folder + "every-object.yaml"));
+    const auto result = test_support::readText(test_support::fileBytes(folder + "every-object.yaml"),
+                                               jv::DocumentFormat::Yaml);
     Recorder recorder(*result);
     NodeVisitor visitor(recorder);
     visitor.visit(result->root());
@@ -84,10 +77,11 @@ TEST(NodeVisitor, meetsEveryObjectOnceInItsOrder) {
 }
 
 TEST(NodeVisitor, startsAnywhereAndIgnoresOtherVisitors) {
-    const auto result = readYaml(R"(openapi: 3.1.0
+    const auto result = test_support::readText(R"(openapi: 3.1.0
 info: {title: t, version: "1"}
 components: {schemas: {A: {items: {$ref: "#/components/schemas/A"}, not: {$ref: "#/components/schemas/B"}}, B: {}}}
-)");
+)",
+                                               jv::DocumentFormat::Yaml);
     const Components& components = result->root().components();
     Recorder recorder(*result);
     NodeVisitor(recorder).visit(*components.schema("A"));

@@ -73,7 +73,7 @@ TEST_P(WriteBackCorpora, comesBackButForWhatIsMeantToBeLost) {
     const ReadResult& result = *document_.result;
     auto written = Writer(result).write(result.root());
 
-    std::map<WriteBackClass, int> counts;
+    std::map<std::string_view, int> counts;
     for (const auto& difference : test_support::compareWriteBack(result.source(), *written)) {
         ++counts[difference.kind];
         if (difference.kind == WriteBackClass::Defect)
@@ -81,7 +81,7 @@ TEST_P(WriteBackCorpora, comesBackButForWhatIsMeantToBeLost) {
     }
     std::cout << name_ << ":";
     for (const auto& [kind, count] : counts)
-        std::cout << " " << count << " " << test_support::nameOf(kind) << ";";
+        std::cout << " " << count << " " << kind << ";";
     std::cout << "\n";
 
     // What was written once has nothing more to lose.

@@ -56,8 +56,6 @@ TEST(WriteBack, tellsDefectsInDocuments) {
             {R"({"tags":[],"paths":{}})", R"({})",
              "/paths: defect: {} -> nothing\n"
              "/tags: empty list or map left out: [] -> nothing\n"},
-            {R"({"components":{"schemas":{}}})", R"({})",
-             "/components/schemas: empty list or map left out: {} -> nothing\n"},
             {R"({"components":{"schemas":{"A":{}}}})", R"({"components":{}})",
              "/components/schemas/A: defect: {} -> nothing\n"},
             {R"({"paths":{"/a":{"get":{"tags":["t"],"security":[],"deprecated":false}}}})",
@@ -92,26 +90,16 @@ TEST(WriteBack, tellsDefectsInDocuments) {
 TEST(WriteBack, tellsWhatBecomesOfSchemas31) {
     expectDifferences(
         {
-            {R"({"const":1})", R"({"enum":[1]})", "/components/schemas/S/const: const as enum: 1 -> [1]\n"},
             {R"({"const":1})", R"({"enum":[2]})", "/components/schemas/S/const: defect: 1 -> [2]\n"},
-            {R"({"enum":1})", R"({})", "/components/schemas/S/enum: enum of another kind: 1 -> nothing\n"},
             {R"({"items":false,"not":true})", R"({"items":{"not":{}},"not":{"not":{}}})",
              "/components/schemas/S/items: boolean schema as object: false -> {\"not\":{}}\n"
              "/components/schemas/S/not: defect: true -> {\"not\":{}}\n"},
-            {R"({"type":["string","null"]})", R"({"type":["null","string"]})",
-             "/components/schemas/S/type: types as a set: [\"string\",\"null\"] -> [\"null\",\"string\"]\n"},
             {R"({"type":["string","null"]})", R"({"type":"string"})",
              "/components/schemas/S/type: defect: [\"string\",\"null\"] -> \"string\"\n"},
-            {R"({"type":"string","nullable":true})", R"({"type":["null","string"]})",
-             "/components/schemas/S/nullable: nullable as a type: true -> [\"null\",\"string\"]\n"},
             {R"({"type":"string","nullable":true})", R"({"type":"string"})",
              "/components/schemas/S/type: defect: \"string\" -> \"string\"\n"},
-            {R"({"required":["b","a","b"]})", R"({"required":["b","a"]})",
-             "/components/schemas/S/required: required as a set: [\"b\",\"a\",\"b\"] -> [\"b\",\"a\"]\n"},
             {R"({"required":["b","a"]})", R"({"required":["a","b"]})",
              "/components/schemas/S/required: defect: [\"b\",\"a\"] -> [\"a\",\"b\"]\n"},
-            {R"({"required":true})", R"({})",
-             "/components/schemas/S/required: required of another kind: true -> nothing\n"},
             {R"({"definitions":{"a":{"$ref":"r"}}})", R"({"$defs":{"a":{}}})",
              "/components/schemas/S/definitions: definitions renamed: {\"a\":{\"$ref\":\"r\"}} -> "
              "{\"a\":{}}\n/components/schemas/S/definitions/a/$ref: reference in definitions: \"r\" -> "
@@ -132,8 +120,6 @@ TEST(WriteBack, tellsWhatBecomesOfSchemas31) {
 TEST(WriteBack, tellsWhatBecomesOfSchemas30) {
     expectDifferences(
         {
-            {R"({"default":1})", R"({})",
-             "/components/schemas/S/default: 3.0 form drops keyword: 1 -> nothing\n"},
             {R"({"default":1})", R"({"default":1})", "/components/schemas/S/default: defect: 1 -> 1\n"},
             {R"({"title":"t"})", R"({})", "/components/schemas/S/title: defect: \"t\" -> nothing\n"},
         },

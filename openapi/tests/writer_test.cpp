@@ -3,12 +3,12 @@
 #include "openapi/reader.h"
 #include "openapi/reference.h"
 #include "test_support/corpora.h"
+#include "test_support/golden.h"
+#include "test_support/read_text.h"
 #include "test_support/temporary_folder.h"
 #include "test_support/write_back.h"
 
-#include <cstdlib>    // std::getenv
 #include <filesystem> // std::filesystem::path
-#include <fstream>    // std::ofstream
 #include <functional> // std::function
 #include <sstream>    // std::ostringstream
 #include <string>     // std::string
@@ -16,12 +16,12 @@
 
 #include <gtest/gtest.h>
 
-#include "read_text.h"
-
 namespace specloom::openapi {
 namespace {
 
 using jv::DocumentFormat;
+using test_support::expectGolden;
+using test_support::readText;
 
 const std::filesystem::path golden = std::filesystem::path(SPECLOOM_TEST_DIR) / "tests/golden";
 
@@ -50,15 +50,6 @@ std::string schemaAgain(std::string_view schema, std::string_view version = "3.1
 
 // ---- whole documents -------------------------------------------------------------------------------------
 
-/// Compares with a golden file; with SPECLOOM_UPDATE_GOLDEN set it is written anew, for review.
-void expectGolden(const std::string& text, const std::string& name) {
-    if (std::getenv("SPECLOOM_UPDATE_GOLDEN") != nullptr) {
-        std::ofstream(golden / name, std::ios::binary) << text;
-        FAIL() << "written anew: " << name;
-    }
-    EXPECT_EQ(text, test_support::fileBytes(golden / name));
-}
-
 class WriterGolden : public testing::TestWithParam<const char*> {
   protected:
     const std::string name_ = GetParam();
@@ -68,7 +59,7 @@ class WriterGolden : public testing::TestWithParam<const char*> {
 
 TEST_P(WriterGolden, bareWriterHasACanonicalOrder) {
     expectGolden(jv::documentToText(*Writer().write(result_->root()), DocumentFormat::Yaml),
-                 name_ + ".canonical.yaml");
+                 golden / (name_ + ".canonical.yaml"));
 }
 
 TEST_P(WriterGolden, boundWriterGivesBackTheSource) {
@@ -76,7 +67,7 @@ TEST_P(WriterGolden, boundWriterGivesBackTheSource) {
     for (const auto& difference :
          test_support::compareWriteBack(result_->source(), *Writer(*result_).write(result_->root())))
         differences << difference << '\n';
-    expectGolden(differences.str(), name_ + ".differences");
+    expectGolden(differences.str(), golden / (name_ + ".differences"));
 }
 
 INSTANTIATE_TEST_SUITE_P(Documents, WriterGolden, testing::Values("every-member-3.0", "every-member-3.1"));

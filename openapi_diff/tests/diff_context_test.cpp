@@ -1,11 +1,9 @@
 #include "openapi_diff/diff_context.h"
 
-#include "jv/deser.h"
-#include "openapi/reader.h"
+#include "test_support/read_text.h"
 
 #include <functional>  // std::function
 #include <memory>      // std::unique_ptr
-#include <optional>    // std::optional
 #include <sstream>     // std::ostringstream
 #include <stdexcept>   // std::runtime_error
 #include <string>      // std::string
@@ -45,12 +43,6 @@ class ContextLines : public Report {
     std::vector<std::string> lines;
 };
 
-std::unique_ptr<openapi::ReadResult> read(std::string_view text) {
-    static const auto formats = std::make_shared<const openapi::SchemaFormatRegistry>();
-    return openapi::read(jv::parseDocument(text, {.format = jv::DocumentFormat::Json, .refLoader = {}}),
-                         formats);
-}
-
 /// Two documents whose info stands in line 2 of the source and line 12 of the destination.
 class DiffContextTest : public testing::Test {
   protected:
@@ -67,36 +59,13 @@ class DiffContextTest : public testing::Test {
         return report.lines;
     }
 
-    const std::unique_ptr<openapi::ReadResult> source = read(text);
-    const std::unique_ptr<openapi::ReadResult> destination = read(std::string(10, '\n').append(text));
+    const std::unique_ptr<openapi::ReadResult> source = test_support::readText(text);
+    const std::unique_ptr<openapi::ReadResult> destination =
+        test_support::readText(std::string(10, '\n').append(text));
     const Node* const before = &source->root().info();
     const Node* const after = &destination->root().info();
     Configuration configuration = Configuration::recommended();
 };
-
-TEST_F(DiffContextTest, changesOutsideOfScopes) {
-    EXPECT_THAT(
-        linesOf([&](DiffContext& context) {
-            context.compare(InfoTitle, *before, *after, "a"sv, "b"sv);
-            context.compare(InfoTitle, *before, *after, "a"sv, "a"sv);
-            context.compare(InfoVersion, *before, *after, "1"sv, "2"sv);
-            context.removed(InfoSummary, *before, std::optional("a"sv));
-            context.removed(InfoSummary, *before, std::optional<std::string_view>());
-            context.compare(InfoSummary, *before, *after, std::optional<std::string_view>(),
-                            std::optional("b"sv));
-            context.compare(OperationDeprecated, *before, *after, true, false);
-            context.added(RequestBodyRequired, *after, true);
-            context.added(RequestBodyRequired, *after, false);
-            context.extensionAdded(*after, "x-a");
-            context.extensionRemoved(*before, "x-a");
-        }),
-        ElementsAre("property_modified title breaking 12", "property_removed summary non-functional source 2",
-                    "property_added summary non-functional 12",
-                    "property_modified deprecated non-breaking 12", "property_added required breaking 12",
-                    "extension_added openapi(x-a) non-functional 12",
-                    "extension_removed openapi(x-a) non-functional source 2"))
-        << "those without a level are dropped";
-}
 
 /// Where a node was marked, its change comes first and is named by the scope.
 TEST_F(DiffContextTest, markedScopes) {
@@ -197,101 +166,6 @@ TEST_F(DiffContextTest, markedScopes) {
         SCOPED_TRACE(expected.name);
         EXPECT_EQ(linesOf(expected.script), expected.lines);
     }
-}
-
-TEST_F(DiffContextTest, scopesWithoutMark) {
-    struct Case {
-        const char* name;
-        Script script;
-        std::vector<std::string> lines;
-    };
-    const auto entry = [&](auto... changes) {
-        return [this, changes...](DiffContext& context) {
-            const auto scope = context.enterKey(before, after, SchemaRequired, "a");
-            (changes(context), ...);
-        };
-    };
-    const auto add = [&](DiffContext& context) { context.added(SchemaRequired, *after, "a"sv); };
-    const auto remove = [&](DiffContext& context) { context.removed(SchemaRequired, *before, "a"sv); };
-    const auto modifySummary = [&](DiffContext& context) {
-        context.compare(InfoSummary, *before, *after, "a"sv, "b"sv);
-    };
-    const auto modifyTitle = [&](DiffContext& context) {
-        context.compare(InfoTitle, *before, *after, "a"sv, "b"sv);
-    };
-    const std::vector<Case> cases = {
-        {"one addition", entry(add), {"key_added required(a) breaking 12"}},
-        {"one removal", entry(remove), {"key_removed required(a) breaking 12"}},
-        {"additions of all kinds",
-         entry(add, [&](DiffContext& context) { context.extensionAdded(*after, "x-b"); }),
-         {"key_added required(a) breaking 12"}},
-        {"mixed kinds are one change, as bad as the worst",
-         entry(modifySummary, add, modifyTitle),
-         {"key_modified required(a) breaking 12"}},
-        {"an addition behind a removal", entry(remove, add), {"key_modified required(a) breaking 12"}},
-        {"the first one is classified as an item, which titles are not",
-         entry(modifyTitle),
-         {"key_modified required(a) none 12"}},
-        {"the ones behind it by their field",
-         entry(modifyTitle, modifySummary),
-         {"key_modified required(a) non-functional 12"}},
-        {"an element on one side",
-         [&](DiffContext& context) {
-             const auto scope = context.enterIndex(before, nullptr, OperationTags, 3);
-             context.removed(OperationTags, *before, "a"sv);
-         },
-         {"element_removed tags[3] non-breaking source 2"}},
-        {"fields forward what they hold",
-         [&](DiffContext& context) {
-             const auto scope = context.enter(before, after, OpenAPIInfo);
-             modifyTitle(context);
-             modifyTitle(context);
-             modifySummary(context);
-         },
-         {"property_modified title none 12", "property_modified title breaking 12",
-          "property_modified summary non-functional 12"}},
-        {"what is forwarded to an entry is told by it",
-         [&](DiffContext& context) {
-             const auto outer = context.enterKey(before, after, ComponentsSchemas, "A");
-             const auto inner = context.enterIndex(before, after, OpenAPIServers, 0);
-             context.mark(before, after);
-             modifySummary(context);
-         },
-         {"key_modified schemas(A) non-functional 12"}},
-        {"nothing", entry(), {}},
-    };
-    for (const Case& expected : cases) {
-        SCOPED_TRACE(expected.name);
-        EXPECT_EQ(linesOf(expected.script), expected.lines);
-    }
-}
-
-/// A path that was added counts as such, whatever its parts would mean by themselves.
-TEST_F(DiffContextTest, additionsWeighAsAWhole) {
-    EXPECT_THAT(linesOf([&](DiffContext& context) {
-                    const auto paths = context.enter(before, after, OpenAPIPaths);
-                    context.mark(before, after);
-                    const auto path = context.enterKey(nullptr, after, Paths, "/a");
-                    context.mark(nullptr, after);
-                    const auto operation = context.enterKey(nullptr, after, PathItemOperations, "get");
-                    context.mark(nullptr, after);
-                    context.added(OperationOperationId, *after, "id"sv);
-                    const auto required = context.enterIndex(nullptr, after, OperationSecurity, 0);
-                    context.added(SecurityRequirement, *after, "s"sv);
-                }),
-                ElementsAre("property_modified paths breaking, weighs non-breaking 12",
-                            "key_added paths(/a) non-breaking 12",
-                            "key_added operations(get) non-breaking, part 12",
-                            "property_added operationId breaking, part 12",
-                            "element_added security[0] breaking, part 12"));
-
-    EXPECT_THAT(linesOf([&](DiffContext& context) {
-                    const auto contact = context.enter(nullptr, after, InfoContact);
-                    context.mark(nullptr, after);
-                    context.added(ContactName, *after, "n"sv);
-                }),
-                ElementsAre("property_added contact non-breaking 12", "property_added name non-breaking 12"))
-        << "nested: its fields are not parts, but what it weighs";
 }
 
 TEST_F(DiffContextTest, comparisonsAreMadeOnceAndIncluded) {

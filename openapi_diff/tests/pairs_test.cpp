@@ -12,15 +12,12 @@
 #include <sstream>     // std::istringstream, std::ostringstream
 #include <string>      // std::string, std::getline
 #include <string_view> // std::string_view
-#include <utility>     // std::as_const
 
 #include <fmt/format.h>
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
-#include "openapi_diff/configuration.h"
-#include "openapi_diff/diff_context.h"
-#include "openapi_diff/diffs/openapi_diff.h"
+#include "document_pairs.h"
 #include "openapi_diff/formatter.h"
 #include "openapi_diff/reports/reports.h"
 #include "test_support/corpora.h"
@@ -165,7 +162,6 @@ void expectStatus(const Report& report) {
 
 TEST(Pairs, areReportedInFull) {
     SPECLOOM_NEEDS_CORPORA();
-    const Configuration configuration = Configuration::recommended();
     for (const Pair& pair : pairs) {
         const ReadTree before = readSide(pair.name, "-old", pair.extension);
         const ReadTree after = readSide(pair.name, "-new", pair.extension);
@@ -173,9 +169,7 @@ TEST(Pairs, areReportedInFull) {
         for (const std::string_view name : reportNames()) {
             SCOPED_TRACE(fmt::format("{} {}", pair.name, name));
             const std::unique_ptr<Report> report = createReport(name);
-            DiffContext context(configuration, *before.result, *after.result, *report);
-            OpenAPIDiff().diff(&std::as_const(*before.result).root(), &std::as_const(*after.result).root(),
-                               context);
+            compareDocuments(*before.result, *after.result, *report);
             const bool isChangelog = name == ChangelogReport::name;
             const Counts& counts = isChangelog ? pair.changelog : pair.detailed;
             EXPECT_EQ(countsOf(*report), counts);

@@ -143,20 +143,6 @@ TEST(Formatter, valuesKeepTheirPointers) {
     EXPECT_EQ(title->text(), "A");
 }
 
-TEST(Formatter, textHasTheConfiguredIndent) {
-    const auto document = json(R"({"info":{"version":1,"title":"A"}})");
-    const Formatter formatter = formatterWith(R"({"indent": 4})", "recommended");
-    EXPECT_EQ(formatter.text(*document, jv::DocumentFormat::Json), "{\n"
-                                                                   "    \"info\": {\n"
-                                                                   "        \"title\": \"A\",\n"
-                                                                   "        \"version\": 1\n"
-                                                                   "    }\n"
-                                                                   "}\n");
-    EXPECT_EQ(formatter.text(*document, jv::DocumentFormat::Yaml), "info:\n"
-                                                                   "    title: A\n"
-                                                                   "    version: 1\n");
-}
-
 TEST(Formatter, depthIsNoLimit) {
     constexpr int levels = 100000;
     std::string arrays, schemas, ends;

@@ -3,10 +3,9 @@
 
 #include "openapi_format/formatter.h"
 
-#include <cstdlib>    // std::getenv
+#include "test_support/golden.h"
+
 #include <filesystem> // std::filesystem::path
-#include <fstream>    // std::ifstream, std::ofstream
-#include <iterator>   // std::istreambuf_iterator
 #include <string>     // std::string
 
 #include <gtest/gtest.h>
@@ -15,12 +14,6 @@ namespace specloom::openapi_format {
 namespace {
 
 const std::filesystem::path folder = std::filesystem::path(SPECLOOM_TEST_DIR) / "tests/golden";
-
-std::string contentOf(const std::filesystem::path& path) {
-    std::ifstream stream(path, std::ios::binary);
-    EXPECT_TRUE(stream) << path;
-    return {std::istreambuf_iterator<char>(stream), {}};
-}
 
 class Golden : public testing::TestWithParam<const char*> {};
 
@@ -32,11 +25,7 @@ TEST_P(Golden, becomesTheExpectedText) {
     const Formatter formatter;
     const jv::LoadedDocument loaded = jv::loadDocument(source.string());
     const std::string text = formatter.text(*loaded.document, loaded.format);
-    if (std::getenv("SPECLOOM_UPDATE_GOLDEN") != nullptr) {
-        std::ofstream(expected, std::ios::binary) << text;
-        FAIL() << "written anew: " << expected;
-    }
-    EXPECT_EQ(text, contentOf(expected));
+    test_support::expectGolden(text, expected);
 
     const jv::LoadedDocument again = jv::loadDocument(expected.string());
     EXPECT_EQ(formatter.text(*again.document, again.format), text) << "a second run changes the text";

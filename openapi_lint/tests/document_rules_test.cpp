@@ -11,29 +11,26 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "jv/deser.h"
-#include "openapi/reader.h"
+#include "jv/json_reader.h"
 #include "openapi_lint/lint_context.h"
 #include "openapi_lint/rule_registry.h"
 #include "openapi_lint/spdx.h"
 #include "test_support/corpora.h"
+#include "test_support/failure.h"
+#include "test_support/read_text.h"
 #include "test_support/temporary_folder.h"
+#include "test_support/texts.h"
 
 namespace specloom::openapi_lint {
 namespace {
 
+using test_support::failureOf;
 using testing::ElementsAre;
-
-std::unique_ptr<jv::JVDocument> parseJson(const std::string& json) {
-    return jv::parseDocument(json, {.format = jv::DocumentFormat::Json, .refLoader = {}});
-}
 
 /// A document whose info object has these further members.
 std::unique_ptr<openapi::ReadResult> readInfo(const std::string& members) {
-    static const auto formats = std::make_shared<const openapi::SchemaFormatRegistry>();
-    return openapi::read(parseJson(R"({"openapi":"3.1.0","info":{"title":"Tides","version":"1")" + members +
-                                   R"(},"paths":{}})"),
-                         formats);
+    return test_support::readText(R"({"openapi":"3.1.0","info":{"title":"Tides","version":"1")" + members +
+                                  R"(},"paths":{}})");
 }
 
 /// The messages of a rule with these options, if there are any.
@@ -41,7 +38,7 @@ std::vector<std::string> findings(openapi::ReadResult& document, const std::stri
                                   const std::string& options = "") {
     const std::unique_ptr<Rule> rule = findRule(id, Severity::Error);
     if (!options.empty())
-        rule->configure(parseJson(options)->root());
+        rule->configure(jv::parseJSON(options)->root());
     LintContext context;
     context.document = &document;
     rule->check(context);
@@ -75,7 +72,7 @@ TEST(IdDefined, replacesWrongIdentifiersByRandomOnes) {
         SCOPED_TRACE(row.members + row.options);
         const auto document = readInfo(row.members);
         const auto rule = findRule("id-defined", Severity::Error);
-        rule->configure(parseJson(row.options)->root());
+        rule->configure(jv::parseJSON(row.options)->root());
         LintContext context;
         context.document = document.get();
         rule->fix(context);
@@ -96,12 +93,8 @@ TEST(IdDefined, replacesWrongIdentifiersByRandomOnes) {
 
 TEST(AudienceDefined, endsWithAnAudienceOfAnotherKind) {
     const auto document = readInfo(R"(,"x-audience":["public"])");
-    try {
-        (void)findings(*document, "audience-defined");
-        FAIL();
-    } catch (const jv::JVError& error) {
-        EXPECT_STREQ(error.what(), "A string value is expected for 'x-audience'.");
-    }
+    EXPECT_EQ(failureOf<jv::JVError>([&] { return findings(*document, "audience-defined"); }),
+              "A string value is expected for 'x-audience'.");
 }
 
 TEST(Spdx, knowsEveryIdentifierOfTheListAndNothingElse) {
@@ -118,7 +111,7 @@ TEST(Spdx, knowsEveryIdentifierOfTheListAndNothingElse) {
          {std::tuple("licenses.json", "licenses", "licenseId"),
           std::tuple("exceptions.json", "exceptions", "licenseExceptionId")}) {
         const auto document =
-            parseJson(test_support::fileBytes(test_support::corporaFolder() / "spdx" / file));
+            jv::parseJSON(test_support::fileBytes(test_support::corporaFolder() / "spdx" / file));
         for (const jv::JV* entry : document->root()->getArray(list)->elements()) {
             EXPECT_TRUE(isSpdxIdentifier(entry->getString(member)->text()))
                 << entry->getString(member)->text();
@@ -128,61 +121,51 @@ TEST(Spdx, knowsEveryIdentifierOfTheListAndNothingElse) {
     EXPECT_EQ(count, 811u);
 }
 
+/// A folder with a dictionary.
 class SpellCheck : public testing::Test {
   protected:
-    [[nodiscard]] std::string write(std::string_view name, std::string_view content) const {
-        return folder_.write(name, content);
+    /// The options that name a dictionary with these two files, without the braces around them.
+    [[nodiscard]] std::string dictionary(std::string_view affix, std::string_view words) const {
+        return fmt::format(R"("affix":"{}","dictionary":"{}")", folder_.write("small.aff", affix),
+                           folder_.write("small.dic", words));
     }
-
-  private:
-    test_support::TemporaryFolder folder_;
+    const test_support::TemporaryFolder folder_;
 };
 
 TEST_F(SpellCheck, asksInTheEncodingOfTheDictionary) {
-    const std::string options =
-        fmt::format(R"({{"affix":"{}","dictionary":"{}"}})", write("small.aff", "SET ISO8859-1\n"),
-                    write("small.dic", "3\ntides\ncaf\xE9\nna\xEFve\n"));
+    const std::string options = "{" + dictionary("SET ISO8859-1\n", "3\ntides\ncaf\xE9\nna\xEFve\n") + "}";
     EXPECT_THAT(
         findings(*readInfo(R"(,"description":"Naïve café, cafè naΐve tides")"), "spell-check", options),
         ElementsAre("Possible spelling mistake: 'cafè'", "Possible spelling mistake: 'naΐve'"));
 }
 
 TEST_F(SpellCheck, refusesDictionariesOfUnknownEncodings) {
-    const std::string options =
-        fmt::format(R"({{"affix":"{}","dictionary":"{}"}})", write("odd.aff", "SET ISCII-NOWHERE\n"),
-                    write("odd.dic", "1\ntides\n"));
-    try {
-        (void)findings(*readInfo(""), "spell-check", options);
-        FAIL();
-    } catch (const std::runtime_error& error) {
-        EXPECT_STREQ(error.what(), "Affix file has an unknown encoding: ISCII-NOWHERE");
-    }
+    const std::string options = "{" + dictionary("SET ISCII-NOWHERE\n", "1\ntides\n") + "}";
+    EXPECT_EQ(failureOf<std::runtime_error>([&] { return findings(*readInfo(""), "spell-check", options); }),
+              "Affix file has an unknown encoding: ISCII-NOWHERE");
 }
 
 TEST_F(SpellCheck, acceptsTheWordsOfFiles) {
-    const std::string dictionary =
-        fmt::format(R"("affix":"{}","dictionary":"{}")", write("small.aff", "SET UTF-8\n"),
-                    write("small.dic", "1\ntides\n"));
+    const std::string small = dictionary("SET UTF-8\n", "1\ntides\n");
     const auto document = readInfo(R"(,"description":"Ebb ebb's Ebbe neap-tides Émile")");
-    const std::string first = write("first.txt", "\xEF\xBB\xBF"
-                                                 "ebb\r\n\r\nneap-flood");
-    const std::string second = write("second.txt", "  émile  \n");
+    const std::string first = folder_.write("first.txt", "\xEF\xBB\xBF"
+                                                         "ebb\r\n\r\nneap-flood");
+    const std::string second = folder_.write("second.txt", "  émile  \n");
     EXPECT_THAT(findings(*document, "spell-check",
-                         fmt::format(R"({{{},"word_files":["{}","{}"]}})", dictionary, first, second)),
+                         fmt::format(R"({{{},"word_files":["{}","{}"]}})", small, first, second)),
                 ElementsAre("Possible spelling mistake: 'Ebbe'"));
     EXPECT_THAT(
         findings(*document, "spell-check", fmt::format(R"({{"words":["x"],"word_files":["{}"]}})", first)),
         ElementsAre())
         << "there is nothing to check against";
-    EXPECT_THROW((void)findings(*document, "spell-check",
-                                fmt::format(R"({{"word_files":["{}"]}})", write("latin.txt", "caf\xE9\n"))),
-                 std::runtime_error);
+    EXPECT_THROW(
+        (void)findings(*document, "spell-check",
+                       fmt::format(R"({{"word_files":["{}"]}})", folder_.write("latin.txt", "caf\xE9\n"))),
+        std::runtime_error);
 }
 
 TEST_F(SpellCheck, andSafeMarkdownTakeLongTextsAsTheyCome) {
-    const std::string options =
-        fmt::format(R"({{"affix":"{}","dictionary":"{}"}})", write("small.aff", "SET UTF-8\n"),
-                    write("small.dic", "1\ntides\n"));
+    const std::string options = "{" + dictionary("SET UTF-8\n", "1\ntides\n") + "}";
     struct Row {
         std::string unit;
         std::size_t htmlAndLinks;
@@ -197,9 +180,7 @@ TEST_F(SpellCheck, andSafeMarkdownTakeLongTextsAsTheyCome) {
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.unit);
-        std::string text;
-        while (text.size() < 1'000'000)
-            text += row.unit;
+        const std::string text = test_support::repeated(row.unit, 1'000'000 / row.unit.size() + 1);
         const auto document = readInfo(fmt::format(R"(,"description":"{}")", text));
         EXPECT_EQ(findings(*document, "safe-markdown").size(), row.htmlAndLinks);
         EXPECT_EQ(findings(*document, "spell-check", options).size(), row.mistakes);

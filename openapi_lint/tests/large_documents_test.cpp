@@ -8,10 +8,9 @@
 #include <fmt/format.h>
 #include <gtest/gtest.h>
 
-#include "jv/deser.h"
-#include "openapi/reader.h"
 #include "openapi_lint/lint_context.h"
 #include "openapi_lint/rule_registry.h"
+#include "test_support/read_text.h"
 
 namespace specloom::openapi_lint {
 namespace {
@@ -19,12 +18,8 @@ namespace {
 constexpr std::size_t many = 100'000;
 
 std::unique_ptr<openapi::ReadResult> readPaths(const std::string& members) {
-    static const auto formats = std::make_shared<const openapi::SchemaFormatRegistry>();
-    return openapi::read(
-        jv::parseDocument("{\"openapi\":\"3.1.0\",\"info\":{\"title\":\"T\",\"version\":\"1\"},\"paths\":{" +
-                              members + "}}",
-                          {.format = jv::DocumentFormat::Json, .refLoader = {}}),
-        formats);
+    return test_support::readText(R"({"openapi":"3.1.0","info":{"title":"T","version":"1"},"paths":{)" +
+                                  members + "}}");
 }
 
 std::size_t findingsOf(const std::string& id, openapi::ReadResult& document) {

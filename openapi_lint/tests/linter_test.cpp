@@ -1,6 +1,5 @@
 #include "openapi_lint/linter.h"
 
-#include <cstdlib>     // std::getenv
 #include <filesystem>  // std::filesystem
 #include <fstream>     // std::ofstream
 #include <map>         // std::map
@@ -16,31 +15,25 @@
 #include <fmt/format.h>
 #include <gtest/gtest.h>
 
-#include "jv/deser.h"
-#include "openapi/reader.h"
+#include "jv/yaml_reader.h"
 #include "openapi_lint/disabling.h"
 #include "openapi_lint/formatter_registry.h"
 #include "openapi_lint/rule_configuration_error.h"
 #include "openapi_lint/rule_registry.h"
 #include "openapi_lint/rulesets.h"
 #include "test_support/corpora.h"
-#include "test_support/temporary_folder.h"
+#include "test_support/failure.h"
+#include "test_support/golden.h"
+#include "test_support/read_text.h"
 
 namespace specloom::openapi_lint {
 namespace {
 
 namespace fs = std::filesystem;
+using test_support::failureOf;
+using test_support::readText;
 
 constexpr const char* wordless = "{openapi: 3.1.0, info: {title: Tides, version: 1.0.0}, paths: {}}";
-
-std::unique_ptr<jv::JVDocument> parseYaml(std::string_view yaml) {
-    return jv::parseDocument(yaml, {.format = jv::DocumentFormat::Yaml, .refLoader = {}});
-}
-
-std::unique_ptr<openapi::ReadResult> readTree(std::string_view yaml) {
-    static const auto formats = std::make_shared<const openapi::SchemaFormatRegistry>();
-    return openapi::read(parseYaml(yaml), formats);
-}
 
 /// A linter with everything that it printed.
 struct Session {
@@ -49,7 +42,7 @@ struct Session {
 
     /// The text of the exception with which it ended, with the rule that it names.
     std::string configure(std::string_view yaml) {
-        const std::unique_ptr<jv::JVDocument> config = parseYaml(yaml);
+        const std::unique_ptr<jv::JVDocument> config = jv::parseYAML(yaml);
         try {
             linter.configure(config->root());
         } catch (const RuleConfigurationError& error) {
@@ -124,8 +117,6 @@ TEST(Configuration, tellsWhatItCannotUse) {
          "no-such-rule: Invalid rule configuration"},
         {"{rules: {info-defined: Error}}", "Cannot load rule: Invalid severity\n",
          "info-defined: Invalid rule configuration"},
-        {"{rules: {info-defined: 'OFF'}}", "Cannot load rule: Invalid severity\n",
-         "info-defined: Invalid rule configuration"},
         {"{rules: {info-defined: 1}}", "Cannot load rule: Invalid rule configuration\n",
          "info-defined: Invalid rule configuration"},
         {"{rules: {info-defined: {severity: error}}}", "Cannot load rule: Invalid rule configuration\n",
@@ -135,11 +126,6 @@ TEST(Configuration, tellsWhatItCannotUse) {
          "info-defined: Invalid rule configuration"},
         {"{rules: {paths-max-count: [error, many]}}", "Cannot load rule: Options must be a number\n",
          "paths-max-count: Options must be a number"},
-        {"{rules: {paths-max-count: [error, null]}}", "Cannot load rule: Options must be a number\n",
-         "paths-max-count: Options must be a number"},
-        {"{rules: {operation-description-defined: [error, many]}}",
-         "Cannot load rule: A numeric value is expected for 'operation-description-defined'.\n",
-         "operation-description-defined: Invalid rule configuration"},
         {"{rules: {info-defined: [1, {}]}}",
          "Cannot load rule: A string value is expected for 'info-defined'.\n",
          "info-defined: Invalid rule configuration"},
@@ -164,18 +150,13 @@ TEST(Configuration, isEmptyFromNullAndRecommendedByDefault) {
 }
 
 TEST(Registries, refuseUnknownNames) {
-    const auto failure = [](auto find) -> std::string {
-        try {
-            find();
-        } catch (const std::runtime_error& error) {
-            return error.what();
-        }
-        return "";
-    };
     std::ostringstream out;
-    EXPECT_EQ(failure([&] { (void)findFormatter("xml", out); }), "Formatter not found: xml");
-    EXPECT_EQ(failure([] { (void)findRule("InfoDefined", Severity::Error); }), "Rule not found: InfoDefined");
-    EXPECT_EQ(failure([] { (void)findRuleset("Strict"); }), "Ruleset not found: Strict");
+    EXPECT_EQ(failureOf<std::runtime_error>([&] { (void)findFormatter("xml", out); }),
+              "Formatter not found: xml");
+    EXPECT_EQ(failureOf<std::runtime_error>([] { (void)findRule("InfoDefined", Severity::Error); }),
+              "Rule not found: InfoDefined");
+    EXPECT_EQ(failureOf<std::runtime_error>([] { (void)findRuleset("Strict"); }),
+              "Ruleset not found: Strict");
 }
 
 /// The table of the manual, with a link for each rule that there is.
@@ -204,7 +185,7 @@ TEST(Rulesets, areWhatTheManualSays) {
     const std::size_t begin = manual.find("| Rule | `all` |");
     ASSERT_NE(begin, std::string::npos);
     const std::size_t end = manual.find("\n\n", begin) + 1;
-    if (std::getenv("SPECLOOM_UPDATE_GOLDEN") != nullptr)
+    if (test_support::isUpdatingGolden())
         std::ofstream(page, std::ios::binary)
             << manual.substr(0, begin) << rulesetTable() << manual.substr(end);
     EXPECT_EQ(manual.substr(begin, end - begin), rulesetTable()) << page;
@@ -231,7 +212,7 @@ TEST(Rulesets, giveOptionsToSchemaConstraintsAlone) {
                 << name << ": " << id;
     }
     const auto expected =
-        parseYaml("{integer: false, number: true, string: true, array: false, object: false}");
+        jv::parseYAML("{integer: false, number: true, string: true, array: false, object: false}");
     const std::unique_ptr<Ruleset> recommended = findRuleset("recommended");
     EXPECT_TRUE(recommended->entries().at("schema-constraints").options->equals(*expected->root()));
 }
@@ -244,7 +225,7 @@ TEST(Severities, haveTwoSpellingsToReadAndTwoToWrite) {
 }
 
 TEST(Context, countsAndPlacesFindings) {
-    const auto document = readTree(wordless);
+    const auto document = readText(wordless, jv::DocumentFormat::Yaml);
     LintContext context;
     context.document = document.get();
     context.setFilename("a.yaml");
@@ -318,9 +299,10 @@ TEST(Disabling, looksUpwards) {
     const StubRule rule("stub", Severity::Error);
     for (const Row& row : rows) {
         SCOPED_TRACE(row.info + " / " + row.root);
-        const auto document = readTree(fmt::format("{{openapi: 3.1.0, info: {{title: T, version: '1', "
+        const auto document = readText(fmt::format("{{openapi: 3.1.0, info: {{title: T, version: '1', "
                                                    "contact: {{}}, {}}}, paths: {{}}, {}}}",
-                                                   row.info, row.root));
+                                                   row.info, row.root),
+                                       jv::DocumentFormat::Yaml);
         const openapi::OpenAPI& root = document->root();
         EXPECT_EQ(isDisabled(rule, &root.info()), row.disabled);
         EXPECT_EQ(isDisabled(rule, root.info().contact()), row.disabled);
@@ -330,55 +312,13 @@ TEST(Disabling, looksUpwards) {
     EXPECT_FALSE(isDisabled(rule, nullptr, nullptr));
 }
 
-TEST(Linter, gathersFindingsFromFileToFile) {
-    const test_support::TemporaryFolder temporary;
-    const fs::path& folder = temporary.path();
-    for (const char* name : {"a.yaml", "b.yaml"})
-        (void)temporary.write(name, wordless);
-    Session run;
-    ASSERT_EQ(run.configure("{rules: {info-defined: warn}}"), "");
-    const auto formats = std::make_shared<const openapi::SchemaFormatRegistry>();
-    for (const char* name : {"a.yaml", "b.yaml"}) {
-        const auto document = openapi::readFile((folder / name).string(), formats);
-        run.linter.run(*document, (folder / "." / name).string());
-    }
-    const LintContext& context = run.linter.context();
-    EXPECT_EQ(context.warningCount, 4u);
-    EXPECT_EQ(context.results[1].filename, fs::canonical(folder / "a.yaml").string());
-    EXPECT_EQ(context.filename(), fs::canonical(folder / "b.yaml").string());
-    // The second report tells about both files.
-    const std::string first = fs::canonical(folder / "a.yaml").string();
-    EXPECT_NE(run.out.str().find(first), run.out.str().rfind(first));
-    EXPECT_TRUE(run.out.str().ends_with("\n\n"));
-}
-
-TEST(Linter, writesFixedDocumentsBack) {
-    const test_support::TemporaryFolder folder;
-    const std::string file = folder.write(
-        "a.yaml", "paths: {}\ninfo: {version: 1.0.0, title: Tides}\nunknown: 1\nopenapi: 3.1.0\n");
-    Session session;
-    ASSERT_EQ(session.configure("{rules: {info-defined: err}}"), "");
-    session.linter.setAutoFix(true);
-    const auto formats = std::make_shared<const openapi::SchemaFormatRegistry>();
-    const std::string expected = "paths: {}\ninfo:\n  version: 1.0.0\n  title: Tides\nopenapi: 3.1.0\n";
-    for (int times = 0; times < 2; ++times) { // errors do not keep it from writing
-        session.linter.run(*openapi::readFile(file, formats), file);
-        EXPECT_EQ(test_support::fileBytes(file), expected);
-    }
-    EXPECT_EQ(session.linter.context().errorCount, 4u);
-}
-
 TEST(Linter, needsAFileToFix) {
     Session run;
     run.linter.configureDefaults();
     run.linter.setAutoFix(true);
-    const auto document = readTree(wordless);
-    try {
-        run.linter.check(*document);
-        ADD_FAILURE() << "wrote to nowhere";
-    } catch (const std::runtime_error& error) {
-        EXPECT_STREQ(error.what(), "Cannot auto-fix: filename is not set");
-    }
+    const auto document = readText(wordless, jv::DocumentFormat::Yaml);
+    EXPECT_EQ(failureOf<std::runtime_error>([&] { run.linter.check(*document); }),
+              "Cannot auto-fix: filename is not set");
     EXPECT_FALSE(run.linter.context().results.empty());
     EXPECT_EQ(run.out.str(), "");
 }

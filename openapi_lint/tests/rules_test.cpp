@@ -10,9 +10,7 @@
 // With SPECLOOM_UPDATE_GOLDEN set the expected files are written anew, for review.
 
 #include <algorithm>   // std::replace
-#include <cstdlib>     // std::getenv
 #include <filesystem>  // std::filesystem
-#include <fstream>     // std::ofstream
 #include <memory>      // std::unique_ptr
 #include <set>         // std::set
 #include <string>      // std::string
@@ -30,11 +28,13 @@
 #include "openapi_lint/rule_registry.h"
 #include "reporting/place.h"
 #include "test_support/corpora.h"
+#include "test_support/golden.h"
 
 namespace specloom::openapi_lint {
 namespace {
 
 namespace fs = std::filesystem;
+using test_support::expectGolden;
 using test_support::fileBytes;
 
 const fs::path ruleFolders = fs::path(SPECLOOM_TEST_DIR) / "tests/rules";
@@ -116,15 +116,6 @@ class Bench {
     LintContext context_;
 };
 
-void expectFile(const std::string& text, const fs::path& file) {
-    if (std::getenv("SPECLOOM_UPDATE_GOLDEN") != nullptr) {
-        std::ofstream(file, std::ios::binary) << text;
-        ADD_FAILURE() << "written anew: " << file;
-        return;
-    }
-    EXPECT_EQ(text, fileBytes(file)) << file;
-}
-
 class EveryRule : public testing::TestWithParam<std::string_view> {};
 
 TEST_P(EveryRule, findsWhatItShouldInFailingDocuments) {
@@ -135,7 +126,7 @@ TEST_P(EveryRule, findsWhatItShouldInFailingDocuments) {
         Bench bench(GetParam(), document);
         const std::string findings = bench.findings();
         EXPECT_NE(findings, "");
-        expectFile(findings, beside(document, ".expected"));
+        expectGolden(findings, beside(document, ".expected"));
         EXPECT_EQ(bench.findings(), findings) << "another document would be judged by the first one's state";
         if (!alwaysOn.contains(GetParam())) {
             bench.disable();
@@ -160,7 +151,7 @@ TEST_P(EveryRule, fixesWhatItSays) {
             continue;
         SCOPED_TRACE(document);
         const jv::DocumentFormat format = *jv::formatFromPath(document.string());
-        expectFile(Bench(GetParam(), document).fixed(format), fixed);
+        expectGolden(Bench(GetParam(), document).fixed(format), fixed);
         EXPECT_EQ(Bench(GetParam(), fixed).fixed(format), fileBytes(fixed)) << "fixed a second time";
     }
     const auto rule = findRule(GetParam(), Severity::Error);

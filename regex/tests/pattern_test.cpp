@@ -1,5 +1,7 @@
 #include "regex/pattern.h"
 
+#include "test_support/texts.h"
+
 #include <gtest/gtest.h>
 
 #if defined(__GNUC__) && !defined(__clang__) && __GNUC__ < 13
@@ -19,13 +21,7 @@ namespace specloom::regex {
 namespace {
 
 using Outcome = Pattern::Outcome;
-
-std::string repeated(std::string_view text, std::size_t times) {
-    std::string result;
-    for (std::size_t i = 0; i < times; ++i)
-        result += text;
-    return result;
-}
+using test_support::repeated;
 
 Outcome search(const std::string& pattern, std::string_view text) {
     return Pattern(pattern).search(text);
@@ -46,31 +42,24 @@ TEST(Pattern, MatchesAnywhereInTheText) {
     };
     const std::vector<Case> cases = {
         // Texts at the ends, literals.
-        {"", {"", "x"}, {}},
-        {"b", {"b", "abc"}, {"", "B"}},
         {"^x-", {"x-", "x-y"}, {"", "ax-", "x"}},
         {"-x$", {"-x", "y-x"}, {"-xa", "-x\n"}},
         {"^été$", {"été"}, {"étés", "ete"}},
         {"\xEF\xBF\xBD", {"\xEF\xBF\xBD", "a\xFFz", "\xC3"}, {"é"}},
         {"^(?:queued|build)|deploy$", {"queued!", "build", "a deploy"}, {"a build", "deploys"}},
         {".^", {}, {"", "a", "a\n"}},
-        {"a$b|$", {"", "b"}, {}},
         {"^(x|yé)", {"x", "yéz"}, {"", "ax", "y"}},
         {"^(?:x|y|)$", {"", "x", "y"}, {"xy"}},
-        {"(?:(?:a|b)|c)$", {"c", "xa"}, {"cx"}},
         {"^a-.*", {"a-", "a-\n"}, {"a", "b-"}},
         {".*a?b+$|x", {"b", "cbb", "xa"}, {"", "ba"}},
         {".*\\.json$", {".json", "a.json"}, {"json", "a.jsonx"}},
         {"^\\d{1,3}$", {"1", "123"}, {"", "1234", "a", "\xD9\xA0"}},
-        {"^[a-f]$", {"a"}, {"", "ab", "g", "é"}},
         {"^\\0", {std::string(1, '\0')}, {"", "0"}},
         // Repetition.
-        {"^a*$", {"", "aaa"}, {"ab"}},
         {"^(?:ab){2,3}?$", {"abab", "ababab"}, {"ab", "abababab", ""}},
         {"^a{2,}b{0}c{1}$", {"aac", "aaaac"}, {"ac", "aabc"}},
         {"^a{0,99999999999}$", {"", "aa"}, {"b"}},
         {"^(?:a?){3}(?:){4000000000}$", {"", "aaa"}, {"aaaa"}},
-        {"^(?:\\d{2}|XX)$", {"12", "XX"}, {"1X", "123"}},
         {"^(?:[a-z]+-?)*$", {"", "a-b-", "abc"}, {"-a", "a--b"}},
         // Characters by their numbers and names.
         {"^\\x41\\u0042\\u{43}\\u{1F600}\\uD83D\\uDE00\\cJ\\0$", {std::string("ABC😀😀\n\0", 13)}, {"ABC"}},
@@ -92,7 +81,6 @@ TEST(Pattern, MatchesAnywhereInTheText) {
         {"^\\s+$",
          {" \t\n\v\f\r\xC2\xA0\xEF\xBB\xBF\xE2\x80\xA8\xE3\x80\x80"},
          {"", "\xE1\xA0\x8E", "\xE2\x80\x8B"}},
-        {"^[\\s\\S]$", {"\n", "a"}, {""}},
         // Properties.
         {"^\\p{L}+$", {"aÉЖ中"}, {"1", "a "}},
         {"^\\p{Lu}\\p{Lowercase_Letter}\\p{gc=Nd}\\p{digit}\\P{General_Category=Letter}$",
@@ -109,11 +97,9 @@ TEST(Pattern, MatchesAnywhereInTheText) {
         // Words.
         {"\\bcat\\b", {"cat", "a cat.", "-cat"}, {"cats", "_cat", "concat"}},
         {"\\Bcat\\B", {"concats"}, {"cat", "cats"}},
-        {"^\\B$", {""}, {"a"}},
         {"é\\b", {"éa"}, {"é", "é "}},
         // Groups and lookarounds.
         {"^(?<year>\\d{4})-(?<$mö_1>\\d\\d)$", {"2024-01"}, {"2024-1"}},
-        {"^(?!foo)", {"", "bar"}, {"foo", "foobar"}},
         {"^(?=.*\\d)(?=.*[a-z]).{4,}$", {"abc1", "1éaé"}, {"abcd", "1a", "1234"}},
         {"^(?:(?!--).)+$", {"a-b", "-"}, {"", "a--b"}},
         {"(?<=\\$)\\d+(?!\\.)\\b", {"a $42"}, {"42", "$4.2"}},

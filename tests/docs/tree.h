@@ -1,12 +1,10 @@
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include <filesystem> // std::filesystem
-#include <fstream>    // std::ifstream
-#include <iterator>   // std::istreambuf_iterator
 #include <map>        // std::map
 #include <string>     // std::string
+
+#include "test_support/corpora.h"
 
 // The repository, as the tests of this folder read it.
 namespace specloom::docs_tests {
@@ -14,9 +12,7 @@ namespace specloom::docs_tests {
 inline const std::filesystem::path root = SPECLOOM_SOURCE_DIR;
 
 inline std::string textOf(const std::filesystem::path& path) {
-    std::ifstream stream(path, std::ios::binary);
-    EXPECT_TRUE(stream) << path;
-    return {std::istreambuf_iterator<char>(stream), {}};
+    return test_support::fileBytes(path);
 }
 
 /// The texts of the headers and sources of all modules, by their paths from the root.

@@ -1,9 +1,11 @@
 #include "test_support/openapi_structure.h"
 
 #include <algorithm> // std::find_if
-#include <array>     // std::array
-#include <map>       // std::map
+#include <string>    // std::string
+#include <utility>   // std::pair
 #include <vector>    // std::vector
+
+#include "test_support/texts.h"
 
 namespace specloom::test_support {
 
@@ -11,162 +13,129 @@ namespace {
 
 using K = ObjectKind;
 
-constexpr MemberInfo value(std::string_view key, Family family = Family::Both) {
-    return {key, K::Any, Shape::One, WhenEmpty::Kept, family};
+/// The kinds in the order of their enumeration, each with its members:
+///
+///   name        any value         name'        a text        name=kind      an object of that kind
+///   name[]      a list of values  name[]=kind  of objects    name{}, name{}=kind  the same for maps
+///
+/// Lists and maps are left out when they are empty, everything else is kept: "!" is for a list or map that is
+/// kept all the same, "?" for an object that is left out, and "+" in front for what 3.0 does not know.
+constexpr const char* structure = R"(
+any:
+text:
+openapi: openapi info=info jsonSchemaDialect' servers[]=server components=components? paths=paths
+    webhooks{}=pathItem security[]=securityRequirement tags[]=tag externalDocs=externalDocumentation
+info: title' summary' description' termsOfService' contact=contact license=license version
+contact: name' url' email'
+license: name' identifier' url'
+server: url' description' variables{}=serverVariable
+serverVariable: enum[] default' description'
+components: schemas{}=schema responses{}=response parameters{}=parameter examples{}=example
+    requestBodies{}=requestBody headers{}=header securitySchemes{}=securityScheme links{}=link
+    callbacks{}=callback pathItems{}=pathItem
+paths: *=pathItem
+pathItem: summary' description' parameters[]=parameter servers[]=server get=operation put=operation
+    post=operation delete=operation options=operation head=operation patch=operation trace=operation
+operation: tags[] summary' description' externalDocs=externalDocumentation operationId'
+    parameters[]=parameter requestBody=requestBody responses=responses callbacks{}=callback deprecated
+    security[]=securityRequirement! servers[]=server
+externalDocumentation: url' description'
+parameter:
+pathParameter: name' in description' required deprecated style explode example examples{}=example
+    schema=schema content{}=mediaType
+queryParameter: allowEmptyValue allowReserved name' in description' required deprecated style explode example
+    examples{}=example schema=schema content{}=mediaType
+headerParameter: name' in description' required deprecated style explode example examples{}=example
+    schema=schema content{}=mediaType
+cookieParameter: name' in description' required deprecated style explode example examples{}=example
+    schema=schema content{}=mediaType
+requestBody: description' content{}=mediaType! required
+mediaType: schema=schema example examples{}=example encoding{}=encoding
+encoding: contentType' headers{}=header style explode allowReserved
+responses: *=response
+response: description' headers{}=header content{}=mediaType links{}=link
+callback: *=pathItem
+example: summary' description' value externalValue'
+link: operationRef' operationId' parameters{} requestBody description' server=server
+header: description' required deprecated allowEmptyValue style explode allowReserved example
+    examples{}=example schema=schema content{}=mediaType
+tag: name' description' externalDocs=externalDocumentation
+schema: type enum[] required[] title' description' pattern' $schema format multipleOf maximum exclusiveMaximum
+    minimum exclusiveMinimum maxLength minLength maxItems minItems uniqueItems maxProperties minProperties
+    properties{}=schema patternProperties{}=schema items=schema additionalProperties=schema
+    propertyNames=schema not=schema prefixItems[]=schema allOf[]=schema oneOf[]=schema anyOf[]=schema
+    discriminator=discriminator xml=xml externalDocs=externalDocumentation
+    +$id' +$comment' +$anchor' +$dynamicAnchor' +$dynamicRef' +$vocabulary' +default +deprecated +readOnly
+    +writeOnly +contentEncoding +contentMediaType +maxContains +minContains +$defs{}=schema
+    +definitions{}=schema +dependentSchemas{}=schema +dependentRequired{} +examples{} +contentSchema=schema
+    +additionalItems=schema +contains=schema +unevaluatedItems=schema +unevaluatedProperties=schema +if=schema
+    +then=schema +else=schema
+discriminator: propertyName mapping{}
+xml: name' namespace' prefix' attribute wrapped
+securityScheme:
+apiKeyScheme: type description' name' in
+httpScheme: type description' scheme bearerFormat'
+mutualTLSScheme: type description'
+oauth2Scheme: type description' flows=oauthFlows
+openIdConnectScheme: type description' openIdConnectUrl
+oauthFlows: implicit=oauthFlow password=oauthFlow clientCredentials=oauthFlow authorizationCode=oauthFlow
+oauthFlow: authorizationUrl' tokenUrl' refreshUrl' scopes{}!
+securityRequirement: *
+)";
+
+struct ObjectInfo {
+    std::string_view name;
+    std::vector<std::string_view> words;
+    std::vector<MemberInfo> members;
+};
+
+/// Whether `word` ends so, and without that from now on.
+[[nodiscard]] bool takeEnd(std::string_view& word, std::string_view end) {
+    const bool isThere = word.ends_with(end);
+    word.remove_suffix(isThere ? end.size() : 0);
+    return isThere;
 }
-constexpr MemberInfo text(std::string_view key, Family family = Family::Both) {
-    return {key, K::Text, Shape::One, WhenEmpty::Kept, family};
-}
-/// A list of values.
-constexpr MemberInfo values(std::string_view key, Family family = Family::Both) {
-    return {key, K::Any, Shape::List, WhenEmpty::LeftOut, family};
-}
-/// A map of values.
-constexpr MemberInfo valueMap(std::string_view key, Family family = Family::Both) {
-    return {key, K::Any, Shape::Map, WhenEmpty::LeftOut, family};
-}
-constexpr MemberInfo one(std::string_view key, K kind, Family family = Family::Both) {
-    return {key, kind, Shape::One, WhenEmpty::Kept, family};
-}
-constexpr MemberInfo list(std::string_view key, K kind, Family family = Family::Both) {
-    return {key, kind, Shape::List, WhenEmpty::LeftOut, family};
-}
-constexpr MemberInfo map(std::string_view key, K kind, Family family = Family::Both) {
-    return {key, kind, Shape::Map, WhenEmpty::LeftOut, family};
-}
-constexpr MemberInfo kept(MemberInfo member) {
-    member.whenEmpty = WhenEmpty::Kept;
+
+[[nodiscard]] MemberInfo memberOf(std::string_view word, const std::vector<ObjectInfo>& objects) {
+    MemberInfo member{word, K::Any, Shape::One, WhenEmpty::Kept, Family::Both};
+    if (word.starts_with('+')) {
+        member.family = Family::Only31;
+        word.remove_prefix(1);
+    }
+    const bool isKept = takeEnd(word, "!");
+    const bool isLeftOut = takeEnd(word, "?");
+    if (const std::size_t at = word.find('='); at != std::string_view::npos) {
+        const auto isNamed = [&](const ObjectInfo& object) { return object.name == word.substr(at + 1); };
+        member.kind = static_cast<K>(std::find_if(objects.begin(), objects.end(), isNamed) - objects.begin());
+        word.remove_suffix(word.size() - at);
+    } else if (takeEnd(word, "'")) {
+        member.kind = K::Text;
+    }
+    member.shape = takeEnd(word, "[]") ? Shape::List : takeEnd(word, "{}") ? Shape::Map : Shape::One;
+    if (isLeftOut || (member.shape != Shape::One && !isKept))
+        member.whenEmpty = WhenEmpty::LeftOut;
+    member.key = word;
     return member;
 }
-constexpr MemberInfo leftOut(MemberInfo member) {
-    member.whenEmpty = WhenEmpty::LeftOut;
-    return member;
+
+[[nodiscard]] std::vector<ObjectInfo> makeTable() {
+    static const std::vector<std::string> words = wordsOf(structure);
+    std::vector<ObjectInfo> objects;
+    for (std::string_view word : words) {
+        if (takeEnd(word, ":"))
+            objects.push_back({word, {}, {}});
+        else
+            objects.back().words.push_back(word);
+    }
+    for (ObjectInfo& object : objects)
+        for (const std::string_view word : object.words)
+            object.members.push_back(memberOf(word, objects));
+    return objects;
 }
 
-constexpr Family only31 = Family::Only31;
-
-using Table = std::map<K, std::vector<MemberInfo>>;
-
-[[nodiscard]] std::vector<MemberInfo> parameter(std::vector<MemberInfo> own) {
-    for (const MemberInfo& shared :
-         {text("name"), value("in"), text("description"), value("required"), value("deprecated"),
-          value("style"), value("explode"), value("example"), map("examples", K::Example),
-          one("schema", K::Schema), map("content", K::MediaType)})
-        own.push_back(shared);
-    return own;
-}
-
-[[nodiscard]] std::vector<MemberInfo> schema() {
-    std::vector<MemberInfo> members{
-        value("type"),
-        values("enum"),
-        values("required"),
-        map("properties", K::Schema),
-        map("patternProperties", K::Schema),
-        map("$defs", K::Schema, only31),
-        map("definitions", K::Schema, only31),
-        map("dependentSchemas", K::Schema, only31),
-        valueMap("dependentRequired", only31),
-        valueMap("examples", only31),
-        one("discriminator", K::Discriminator),
-        one("xml", K::XML),
-        one("externalDocs", K::ExternalDocumentation),
-    };
-    for (const std::string_view key : {"title", "description", "pattern"})
-        members.push_back(text(key));
-    for (const std::string_view key :
-         {"$id", "$comment", "$anchor", "$dynamicAnchor", "$dynamicRef", "$vocabulary"})
-        members.push_back(text(key, only31));
-    for (const std::string_view key :
-         {"$schema", "format", "multipleOf", "maximum", "exclusiveMaximum", "minimum", "exclusiveMinimum",
-          "maxLength", "minLength", "maxItems", "minItems", "uniqueItems", "maxProperties", "minProperties"})
-        members.push_back(value(key));
-    for (const std::string_view key : {"default", "deprecated", "readOnly", "writeOnly", "contentEncoding",
-                                       "contentMediaType", "maxContains", "minContains"})
-        members.push_back(value(key, only31));
-    for (const std::string_view key : {"items", "additionalProperties", "propertyNames", "not"})
-        members.push_back(one(key, K::Schema));
-    for (const std::string_view key : {"contentSchema", "additionalItems", "contains", "unevaluatedItems",
-                                       "unevaluatedProperties", "if", "then", "else"})
-        members.push_back(one(key, K::Schema, only31));
-    for (const std::string_view key : {"prefixItems", "allOf", "oneOf", "anyOf"})
-        members.push_back(list(key, K::Schema));
-    return members;
-}
-
-[[nodiscard]] Table makeTable() {
-    Table table{
-        {K::OpenAPI,
-         {value("openapi"), one("info", K::Info), text("jsonSchemaDialect"), list("servers", K::Server),
-          leftOut(one("components", K::Components)), one("paths", K::Paths), map("webhooks", K::PathItem),
-          list("security", K::SecurityRequirement), list("tags", K::Tag),
-          one("externalDocs", K::ExternalDocumentation)}},
-        {K::Info,
-         {text("title"), text("summary"), text("description"), text("termsOfService"),
-          one("contact", K::Contact), one("license", K::License), value("version")}},
-        {K::Contact, {text("name"), text("url"), text("email")}},
-        {K::License, {text("name"), text("identifier"), text("url")}},
-        {K::Server, {text("url"), text("description"), map("variables", K::ServerVariable)}},
-        {K::ServerVariable, {values("enum"), text("default"), text("description")}},
-        {K::Components,
-         {map("schemas", K::Schema), map("responses", K::Response), map("parameters", K::Parameter),
-          map("examples", K::Example), map("requestBodies", K::RequestBody), map("headers", K::Header),
-          map("securitySchemes", K::SecurityScheme), map("links", K::Link), map("callbacks", K::Callback),
-          map("pathItems", K::PathItem)}},
-        {K::Paths, {one("*", K::PathItem)}},
-        {K::PathItem,
-         {text("summary"), text("description"), list("parameters", K::Parameter),
-          list("servers", K::Server)}},
-        {K::Operation,
-         {values("tags"), text("summary"), text("description"), one("externalDocs", K::ExternalDocumentation),
-          text("operationId"), list("parameters", K::Parameter), one("requestBody", K::RequestBody),
-          one("responses", K::Responses), map("callbacks", K::Callback), value("deprecated"),
-          kept(list("security", K::SecurityRequirement)), list("servers", K::Server)}},
-        {K::ExternalDocumentation, {text("url"), text("description")}},
-        {K::PathParameter, parameter({})},
-        {K::QueryParameter, parameter({value("allowEmptyValue"), value("allowReserved")})},
-        {K::HeaderParameter, parameter({})},
-        {K::CookieParameter, parameter({})},
-        {K::RequestBody, {text("description"), kept(map("content", K::MediaType)), value("required")}},
-        {K::MediaType,
-         {one("schema", K::Schema), value("example"), map("examples", K::Example),
-          map("encoding", K::Encoding)}},
-        {K::Encoding,
-         {text("contentType"), map("headers", K::Header), value("style"), value("explode"),
-          value("allowReserved")}},
-        {K::Responses, {one("*", K::Response)}},
-        {K::Response,
-         {text("description"), map("headers", K::Header), map("content", K::MediaType),
-          map("links", K::Link)}},
-        {K::Callback, {one("*", K::PathItem)}},
-        {K::Example, {text("summary"), text("description"), value("value"), text("externalValue")}},
-        {K::Link,
-         {text("operationRef"), text("operationId"), valueMap("parameters"), value("requestBody"),
-          text("description"), one("server", K::Server)}},
-        {K::Header,
-         {text("description"), value("required"), value("deprecated"), value("allowEmptyValue"),
-          value("style"), value("explode"), value("allowReserved"), value("example"),
-          map("examples", K::Example), one("schema", K::Schema), map("content", K::MediaType)}},
-        {K::Tag, {text("name"), text("description"), one("externalDocs", K::ExternalDocumentation)}},
-        {K::Schema, schema()},
-        {K::Discriminator, {value("propertyName"), valueMap("mapping")}},
-        {K::XML, {text("name"), text("namespace"), text("prefix"), value("attribute"), value("wrapped")}},
-        {K::ApiKeyScheme, {value("type"), text("description"), text("name"), value("in")}},
-        {K::HttpScheme, {value("type"), text("description"), value("scheme"), text("bearerFormat")}},
-        {K::MutualTLSScheme, {value("type"), text("description")}},
-        {K::OAuth2Scheme, {value("type"), text("description"), one("flows", K::OAuthFlows)}},
-        {K::OpenIdConnectScheme, {value("type"), text("description"), value("openIdConnectUrl")}},
-        {K::OAuthFlows,
-         {one("implicit", K::OAuthFlow), one("password", K::OAuthFlow),
-          one("clientCredentials", K::OAuthFlow), one("authorizationCode", K::OAuthFlow)}},
-        {K::OAuthFlow,
-         {text("authorizationUrl"), text("tokenUrl"), text("refreshUrl"), kept(valueMap("scopes"))}},
-        {K::SecurityRequirement, {value("*")}},
-    };
-    for (const std::string_view method :
-         {"get", "put", "post", "delete", "options", "head", "patch", "trace"})
-        table[K::PathItem].push_back(one(method, K::Operation));
-    return table;
+[[nodiscard]] const ObjectInfo& infoOf(K kind) {
+    static const std::vector<ObjectInfo> table = makeTable();
+    return table.at(static_cast<std::size_t>(kind));
 }
 
 /// The kind for the text in a member of an object.
@@ -182,9 +151,7 @@ using Table = std::map<K, std::vector<MemberInfo>>;
 } // namespace
 
 std::span<const MemberInfo> membersOf(ObjectKind kind) {
-    static const Table table = makeTable();
-    const auto found = table.find(kind);
-    return found == table.end() ? std::span<const MemberInfo>() : std::span(found->second);
+    return infoOf(kind).members;
 }
 
 const MemberInfo* findMember(ObjectKind kind, std::string_view key) {
@@ -217,49 +184,11 @@ ObjectKind kindOf(ObjectKind kind, const jv::JV& value) {
 }
 
 std::string_view nameOf(ObjectKind kind) {
-    constexpr std::array<std::string_view, 40> names{
-        "",
-        "",
-        "openapi",
-        "info",
-        "contact",
-        "license",
-        "server",
-        "serverVariable",
-        "components",
-        "paths",
-        "pathItem",
-        "operation",
-        "externalDocumentation",
-        "parameter",
-        "parameter",
-        "parameter",
-        "parameter",
-        "parameter",
-        "requestBody",
-        "mediaType",
-        "encoding",
-        "responses",
-        "response",
-        "callback",
-        "example",
-        "link",
-        "header",
-        "tag",
-        "schema",
-        "discriminator",
-        "xml",
-        "securityScheme",
-        "securityScheme",
-        "securityScheme",
-        "securityScheme",
-        "securityScheme",
-        "securityScheme",
-        "oauthFlows",
-        "oauthFlow",
-        "securityRequirement",
-    };
-    return names.at(static_cast<std::size_t>(kind));
+    const std::string_view name = infoOf(kind).name;
+    return kind == K::Any || kind == K::Text ? ""
+           : name.ends_with("Parameter")     ? "parameter"
+           : name.ends_with("Scheme")        ? "securityScheme"
+                                             : name;
 }
 
 std::string_view sectionOf(ObjectKind kind) {

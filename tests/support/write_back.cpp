@@ -17,31 +17,6 @@ using jv::JV;
 using K = ObjectKind;
 using W = WriteBackClass;
 
-constexpr std::array<std::string_view, 22> classNames{
-    "defect",
-    "unknown member",
-    "undeclared tag",
-    "sibling of a reference",
-    "canonical reference text",
-    "reference in definitions",
-    "null left out",
-    "empty list or map left out",
-    "mandatory member added",
-    "false deprecated of an operation",
-    "examples beside example",
-    "content beside schema",
-    "operationId beside operationRef",
-    "3.0 form drops keyword",
-    "nullable as a type",
-    "types as a set",
-    "required as a set",
-    "required of another kind",
-    "const as enum",
-    "enum of another kind",
-    "boolean schema as object",
-    "definitions renamed",
-};
-
 // ---- short texts -----------------------------------------------------------------------------------------
 
 constexpr std::size_t longestText = 80;
@@ -152,10 +127,10 @@ class Comparison {
     /// Pairs of values that stand in for one another in the present object: keys that have been dealt with.
     using Keys = std::set<std::string_view>;
 
-    void report(W kind, std::string pointer, const JV* source, const JV* written) {
+    void report(std::string_view kind, std::string pointer, const JV* source, const JV* written) {
         differences_.push_back({std::move(pointer), kind, shortText(source), shortText(written)});
     }
-    void report(W kind, const JV& source, const JV* written) {
+    void report(std::string_view kind, const JV& source, const JV* written) {
         report(kind, source.pointer(), &source, written);
     }
 
@@ -529,12 +504,8 @@ class Comparison {
 
 } // namespace
 
-std::string_view nameOf(WriteBackClass difference) {
-    return classNames.at(static_cast<std::size_t>(difference));
-}
-
 std::ostream& operator<<(std::ostream& out, const WriteBackDifference& difference) {
-    return out << difference.pointer << ": " << nameOf(difference.kind) << ": " << difference.source << " -> "
+    return out << difference.pointer << ": " << difference.kind << ": " << difference.source << " -> "
                << difference.written;
 }
 

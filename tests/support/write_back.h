@@ -2,7 +2,6 @@
 
 #include "jv/jv_document.h"
 
-#include <cstdint>     // std::uint8_t
 #include <ostream>     // std::ostream
 #include <string>      // std::string
 #include <string_view> // std::string_view
@@ -12,38 +11,55 @@ namespace specloom::test_support {
 
 /// Why an OpenAPI document that was read into a tree and written back is not what it was. All but the first
 /// are meant to be.
-enum class WriteBackClass : std::uint8_t {
-    Defect,
-    UnknownMember,          ///< the tree has no place for it
-    UndeclaredTag,          ///< an operation's tag that the document does not declare
-    ReferenceSibling,       ///< a member beside `$ref` that a reference does not keep
-    CanonicalReference,     ///< the text of a `$ref` is made anew from its target
-    ReferenceInDefinitions, ///< entries of `$defs` are schemas in any case; a `$ref` in them is lost
-    NullLeftOut,            ///< a null in place of a text
-    EmptyLeftOut,           ///< an empty list or map
-    MandatoryMemberAdded,   ///< one that OpenAPI demands and the document lacked
-    FalseDeprecated,        ///< of an operation, which is not deprecated when nothing is said
-    ExamplesBesideExample,  ///< the two exclude each other; `example` is taken
-    ContentBesideSchema,    ///< the same; `schema` is taken
-    OperationIdBesideRef,   ///< the same in a link; `operationRef` is taken
-    Form30DropsKeyword,     ///< a schema keyword that is no part of OpenAPI 3.0
-    NullableAsType,
-    TypesAsSet,          ///< a list of types, which comes back in a fixed order, or as a text if it has one
-    RequiredAsSet,       ///< repeated names, and what is no name
-    RequiredOfOtherKind, ///< no array: the flag of older drafts
-    ConstAsEnum,         ///< an `enum` of one value
-    EnumOfOtherKind,     ///< no array
-    BooleanSchema,       ///< an empty schema, or one whose `not` is empty
-    DefinitionsRenamed,  ///< `$defs` in 3.1, `definitions` elsewhere
+struct WriteBackClass {
+    static constexpr std::string_view Defect = "defect";
+    /// The tree has no place for it.
+    static constexpr std::string_view UnknownMember = "unknown member";
+    /// An operation's tag that the document does not declare.
+    static constexpr std::string_view UndeclaredTag = "undeclared tag";
+    /// A member beside `$ref` that a reference does not keep.
+    static constexpr std::string_view ReferenceSibling = "sibling of a reference";
+    /// The text of a `$ref` is made anew from its target.
+    static constexpr std::string_view CanonicalReference = "canonical reference text";
+    /// Entries of `$defs` are schemas in any case; a `$ref` in them is lost.
+    static constexpr std::string_view ReferenceInDefinitions = "reference in definitions";
+    /// A null in place of a text.
+    static constexpr std::string_view NullLeftOut = "null left out";
+    /// An empty list or map.
+    static constexpr std::string_view EmptyLeftOut = "empty list or map left out";
+    /// One that OpenAPI demands and the document lacked.
+    static constexpr std::string_view MandatoryMemberAdded = "mandatory member added";
+    /// Of an operation, which is not deprecated when nothing is said.
+    static constexpr std::string_view FalseDeprecated = "false deprecated of an operation";
+    /// The two exclude each other; `example` is taken.
+    static constexpr std::string_view ExamplesBesideExample = "examples beside example";
+    /// The same; `schema` is taken.
+    static constexpr std::string_view ContentBesideSchema = "content beside schema";
+    /// The same in a link; `operationRef` is taken.
+    static constexpr std::string_view OperationIdBesideRef = "operationId beside operationRef";
+    /// A schema keyword that is no part of OpenAPI 3.0.
+    static constexpr std::string_view Form30DropsKeyword = "3.0 form drops keyword";
+    static constexpr std::string_view NullableAsType = "nullable as a type";
+    /// A list of types, which comes back in a fixed order, or as a text if it has one.
+    static constexpr std::string_view TypesAsSet = "types as a set";
+    /// Repeated names, and what is no name.
+    static constexpr std::string_view RequiredAsSet = "required as a set";
+    /// No array: the flag of older drafts.
+    static constexpr std::string_view RequiredOfOtherKind = "required of another kind";
+    /// An `enum` of one value.
+    static constexpr std::string_view ConstAsEnum = "const as enum";
+    /// No array.
+    static constexpr std::string_view EnumOfOtherKind = "enum of another kind";
+    /// An empty schema, or one whose `not` is empty.
+    static constexpr std::string_view BooleanSchema = "boolean schema as object";
+    /// `$defs` in 3.1, `definitions` elsewhere.
+    static constexpr std::string_view DefinitionsRenamed = "definitions renamed";
 };
 
-/// "defect", "unknown member" and so on.
-[[nodiscard]] std::string_view nameOf(WriteBackClass difference);
-
 struct WriteBackDifference {
-    std::string pointer; ///< JSON pointer (RFC 6901) in the source, also of what is not there
-    WriteBackClass kind;
-    std::string source; ///< JSON, shortened; "nothing" for a value that is not there
+    std::string pointer;   ///< JSON pointer (RFC 6901) in the source, also of what is not there
+    std::string_view kind; ///< one of WriteBackClass
+    std::string source;    ///< JSON, shortened; "nothing" for a value that is not there
     std::string written;
 };
 

@@ -1,9 +1,9 @@
 // The format tests of the public JSON Schema suite, and the rules by which the validators differ from them.
 
-#include "../predicates.h"
 #include "jv/json_reader.h"
 #include "jv/jv.h"
 #include "test_support/corpora.h"
+#include "test_support/format_validators.h"
 
 #include <cstddef> // std::size_t
 #include <memory>  // std::unique_ptr
@@ -16,6 +16,8 @@
 
 namespace specloom {
 namespace {
+
+using test_support::formatValidators;
 
 /// Rows of the public test suite that are decided otherwise here, by what rule.
 struct Difference {
@@ -104,8 +106,8 @@ TEST(FormatSuite, AgreesButForTheNamedRows) {
         const std::unique_ptr<jv::JVDocument> document = jv::parseJSON(test_support::fileBytes(path));
         for (const jv::JV* group : document->root()->elements()) {
             const std::string format(group->getRequiredObject("schema")->getRequiredString("format")->text());
-            const auto predicate = predicates().find(format);
-            if (predicate == predicates().end())
+            const auto predicate = formatValidators().find(format);
+            if (predicate == formatValidators().end())
                 continue;
             for (const jv::JV* test : group->get("tests")->elements()) {
                 const jv::JV* data = test->get("data");

@@ -7,8 +7,9 @@
 #include "jv/jv_pointer.h"
 #include "jv/yaml_reader.h"
 #include "test_support/documents.h"
-
+#include "test_support/failure.h"
 #include "test_support/sanitizers.h"
+#include "test_support/texts.h"
 
 #include <fmt/format.h>
 #include <gmock/gmock.h>
@@ -19,35 +20,20 @@
 namespace specloom::jv {
 namespace {
 
+using test_support::failureOf;
+using test_support::repeated;
+
 /// Sanitizers multiply memory and time; a tenth is still far more than a stack holds.
 constexpr std::size_t scale = test_support::hasAddressSanitizer ? 10 : 1;
 
 constexpr std::size_t million = 1'000'000 / scale;
 
-std::string repeated(std::string_view text, std::size_t times) {
-    std::string all;
-    all.reserve(text.size() * times);
-    for (std::size_t i = 0; i < times; ++i)
-        all += text;
-    return all;
-}
-
 std::string jsonError(const std::string& text) {
-    try {
-        static_cast<void>(parseJSON(text));
-        return "read";
-    } catch (const JSONReaderError& error) {
-        return error.what();
-    }
+    return failureOf<JSONReaderError>([&] { return parseJSON(text); });
 }
 
 std::string yamlError(const std::string& text) {
-    try {
-        static_cast<void>(parseYAML(text));
-        return "read";
-    } catch (const std::runtime_error& error) {
-        return error.what();
-    }
+    return failureOf<std::runtime_error>([&] { return parseYAML(text); });
 }
 
 /// The innermost value, by always taking the first child.
@@ -139,16 +125,11 @@ TEST_P(NestedDocument, IsDestroyedAsPartOfAnother) {
 TEST_P(NestedDocument, IsRefusedByTheWriters) {
     const auto document = parseJSON(text_);
     EXPECT_THROW(static_cast<void>(documentToText(*document, DocumentFormat::Json)), JSONWriterError);
-    try {
-        static_cast<void>(documentToText(*document, DocumentFormat::Yaml));
-        ADD_FAILURE() << "written";
-    } catch (const std::runtime_error& error) {
-        // Whichever limit is met first: objects are indented further with each level.
-        EXPECT_THAT(error.what(),
-                    testing::AnyOf(testing::StrEq("MaxDepthExceeded"),
-                                   testing::StrEq("YAML output is too large for its content: values "
-                                                  "are nested too deeply")));
-    }
+    // Whichever limit is met first: objects are indented further with each level.
+    EXPECT_THAT(
+        failureOf<std::runtime_error>([&] { return documentToText(*document, DocumentFormat::Yaml); }),
+        testing::AnyOf("MaxDepthExceeded",
+                       "YAML output is too large for its content: values are nested too deeply"));
 }
 
 INSTANTIATE_TEST_SUITE_P(Depth, NestedDocument,
