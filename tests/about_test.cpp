@@ -30,7 +30,7 @@ std::string licenseOf(const std::string& library) {
     return source(file + ".txt");
 }
 
-TEST(License, PrintsTheTextOfOneLibraryOrOfAll) {
+TEST(License, printsTheTextOfOneLibraryOrOfAll) {
     const Workspace workspace;
     std::string all = heading;
     for (const std::string& library : libraries) {

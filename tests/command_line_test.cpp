@@ -9,7 +9,7 @@
 namespace specloom::tests {
 namespace {
 
-TEST(CommandLine, HelpShowsWhatThereIs) {
+TEST(CommandLine, helpShowsWhatThereIs) {
     struct Row {
         std::vector<std::string> arguments;
         std::vector<std::string> parts; // layout is the argument parser's own

@@ -37,7 +37,7 @@ std::vector<std::string> commandsOf(const std::string& block) {
     return commands;
 }
 
-TEST(Diff, DoesWhatTheManualShows) {
+TEST(Diff, doesWhatTheManualShows) {
     const bool isUpdating = test_support::isUpdatingGolden();
     const fs::path root = SPECLOOM_SOURCE_DIR;
     const Workspace workspace;
@@ -118,7 +118,7 @@ void expectNothingButTheVersion(const openapi::ReadResult& read, const openapi::
     EXPECT_EQ(versions, 1u);
 }
 
-TEST(Diff, RaisesTheVersionsOfRealDocuments) {
+TEST(Diff, raisesTheVersionsOfRealDocuments) {
     SPECLOOM_NEEDS_CORPORA();
     for (const VersionPair& pair : versionPairs) {
         SCOPED_TRACE(pair.name);

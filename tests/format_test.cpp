@@ -16,7 +16,7 @@ std::string yamlBlock(const std::string& text, std::size_t& from) {
     return text.substr(begin, from - begin);
 }
 
-TEST(Format, DoesWhatItsDocumentationShows) {
+TEST(Format, doesWhatItsDocumentationShows) {
     const std::string page = test_support::fileBytes(SPECLOOM_SOURCE_DIR "/docs/commands.md");
     std::size_t place = page.find("For instance, this document");
     ASSERT_NE(place, std::string::npos);

@@ -15,7 +15,7 @@ constexpr Workspace::Limits growthLimits{.cpuSeconds = 20, .addressBytes = std::
 
 class Growth : public testing::TestWithParam<test_support::GrowingDocument> {};
 
-TEST_P(Growth, StaysWithinItsLimits) {
+TEST_P(Growth, staysWithinItsLimits) {
     const test_support::GrowingDocument& document = GetParam();
     const std::string source = std::string("source.") + document.extension;
     const Workspace workspace;

@@ -83,7 +83,7 @@ HostileRun withSchema(const std::string& what, const std::string& members, int l
     return withMember(what, R"("components": {"schemas": {"a": {)" + members + "}}}", lines);
 }
 
-TEST(HostileMessages, AreHarmlessWithTextsOfDocuments) {
+TEST(HostileMessages, areHarmlessWithTextsOfDocuments) {
     expectHarmless({
         withMember("a reference", R"("webhooks": {"a": {"$ref": "@"}})", 3),
         withSchema("a format, with the advice behind it", R"("type": "string", "format": "@")", 7),
@@ -114,7 +114,7 @@ HostileRun withSection(const std::string& what, const std::string& command, cons
     return row;
 }
 
-TEST(HostileMessages, AreHarmlessWithTextsOfConfigurations) {
+TEST(HostileMessages, areHarmlessWithTextsOfConfigurations) {
     expectHarmless({
         {"a version", {{"c.json", R"({"version": "@"})"}}, {"lint", "--config", "c.json", "a.json"}},
         {"a type of a format",
@@ -133,7 +133,7 @@ TEST(HostileMessages, AreHarmlessWithTextsOfConfigurations) {
     });
 }
 
-TEST(HostileMessages, AreHarmlessWithTextsOfTheCommandLine) {
+TEST(HostileMessages, areHarmlessWithTextsOfTheCommandLine) {
     const std::map<std::string, std::string> files = {
         {"a.json", R"({"openapi": "3.1.0", "info": {"title": "t", "version": "1"}, "paths": {}})"}};
     expectHarmless({

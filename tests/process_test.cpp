@@ -11,7 +11,7 @@ namespace {
 
 const std::string document = "{openapi: 3.1.0, info: {title: T, version: 1.0.0}, paths: {}}";
 
-TEST(Process, AReportThatIsReadyGetsOutBeforeAnAbort) {
+TEST(Process, aReportThatIsReadyGetsOutBeforeAnAbort) {
     const Workspace workspace;
     workspace.write("first.yaml", document);
     workspace.write("second.json", "{\"openapi\":\"3.1.0\",\"info\":{\"title\":\"T\",\"version\":\"1.0.0\"},"
@@ -24,7 +24,7 @@ TEST(Process, AReportThatIsReadyGetsOutBeforeAnAbort) {
     EXPECT_THAT(outcome.err, testing::StartsWith("Unreachable code"));
 }
 
-TEST(Process, AFolderWithoutPermissionHasNoTelemetry) {
+TEST(Process, aFolderWithoutPermissionHasNoTelemetry) {
     const Workspace workspace;
     std::filesystem::permissions(workspace.path(""),
                                  std::filesystem::perms::owner_read | std::filesystem::perms::owner_exec);

@@ -42,7 +42,7 @@ std::string longDocument(bool isFormatted) {
     return text + (isFormatted ? "\n  ]\n}\n" : "]}");
 }
 
-TEST(Rewriting, PutsANewFileInThePlaceOfTheOld) {
+TEST(Rewriting, putsANewFileInThePlaceOfTheOld) {
     const Workspace workspace;
     workspace.write("real/api.json", smallDocument);
     const fs::path real = workspace.path("real/api.json");
@@ -73,7 +73,7 @@ TEST(Rewriting, PutsANewFileInThePlaceOfTheOld) {
     EXPECT_TRUE(fs::is_symlink(workspace.path("second.json")));
 }
 
-TEST(Rewriting, LeavesAFileAloneThatIsAsItShouldBe) {
+TEST(Rewriting, leavesAFileAloneThatIsAsItShouldBe) {
     const Workspace workspace;
     workspace.write("api.json", smallDocumentFormatted);
     workspace.write("old.json", smallDocumentFormatted);
@@ -91,7 +91,7 @@ TEST(Rewriting, LeavesAFileAloneThatIsAsItShouldBe) {
 
 /// Where no sibling can take the place of a file, the file is written itself, and keeps its content when that
 /// fails.
-TEST(Rewriting, WritesInPlaceWhereItMust) {
+TEST(Rewriting, writesInPlaceWhereItMust) {
     struct Row {
         const char* what;
         std::function<void(const Workspace&)> prepare;
@@ -127,7 +127,7 @@ TEST(Rewriting, WritesInPlaceWhereItMust) {
     }
 }
 
-TEST(Rewriting, AnOwnerThatCannotBeKeptIsKeptByWritingInPlace) {
+TEST(Rewriting, anOwnerThatCannotBeKeptIsKeptByWritingInPlace) {
     if (geteuid() != 0)
         return; // only the superuser can make such a file
     const Workspace workspace;
@@ -142,7 +142,7 @@ TEST(Rewriting, AnOwnerThatCannotBeKeptIsKeptByWritingInPlace) {
 }
 
 /// Each command that writes files, under a limit of their size. Beyond it the system sends SIGXFSZ.
-TEST(Rewriting, AFileThatGrowsBeyondItsLimitStaysAsItWas) {
+TEST(Rewriting, aFileThatGrowsBeyondItsLimitStaysAsItWas) {
     const std::string minified = longDocument(false);
     std::string raised = minified;
     raised.replace(raised.find(R"({"v)"), 15, R"({"title":"T","version":"1.0.0"})");
@@ -172,7 +172,7 @@ TEST(Rewriting, AFileThatGrowsBeyondItsLimitStaysAsItWas) {
     }
 }
 
-TEST(Rewriting, AFileThatMayNotBeReadOrWrittenIsLeftAlone) {
+TEST(Rewriting, aFileThatMayNotBeReadOrWrittenIsLeftAlone) {
     const Workspace workspace;
     workspace.write("api.json", smallDocument);
     fs::permissions(workspace.path("api.json"), fs::perms::owner_read);

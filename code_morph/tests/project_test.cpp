@@ -52,7 +52,7 @@ class ProjectTest : public testing::Test {
     Project project{files};
 };
 
-TEST_F(ProjectTest, FilesStandUnderTheirFullPath) {
+TEST_F(ProjectTest, filesStandUnderTheirFullPath) {
     EXPECT_EQ(project.createSourceFile("x.txt").path(), "x.txt");
     project.setRootPath("out");
     EXPECT_EQ(project.createSourceFile("a/../b").path(), "out/a/../b");
@@ -64,7 +64,7 @@ TEST_F(ProjectTest, FilesStandUnderTheirFullPath) {
     EXPECT_EQ(creating("/abs/x"), "Source file already exists: /abs/x");
 }
 
-TEST_F(ProjectTest, AFileIsNoFolder) {
+TEST_F(ProjectTest, aFileIsNoFolder) {
     project.setRootPath("out");
     for (const char* path : {"a", "b/c/d", "b/c-d"}) // "-" sorts before "/"
         project.createSourceFile(path);
@@ -74,7 +74,7 @@ TEST_F(ProjectTest, AFileIsNoFolder) {
     EXPECT_EQ(project.files().size(), 4U);
 }
 
-TEST_F(ProjectTest, NamesOfDocumentsLeadNowhereElse) {
+TEST_F(ProjectTest, namesOfDocumentsLeadNowhereElse) {
     const std::string name(255, 'n');
     std::string longest = "f";
     while (longest.size() < 4094)
@@ -130,7 +130,7 @@ class ProjectThatFails final : public Project {
     }
 };
 
-TEST_F(ProjectTest, NothingIsWrittenWhenAFileCannotBeRendered) {
+TEST_F(ProjectTest, nothingIsWrittenWhenAFileCannotBeRendered) {
     ProjectThatFails failing(files);
     failing.setRootPath(folder.path().string());
     failing.createSourceFile("a").setText("1");
@@ -139,7 +139,7 @@ TEST_F(ProjectTest, NothingIsWrittenWhenAFileCannotBeRendered) {
     EXPECT_TRUE(std::filesystem::is_empty(folder.path()));
 }
 
-TEST_F(ProjectTest, ANamedFileIsLookedUpByItsBareName) {
+TEST_F(ProjectTest, aNamedFileIsLookedUpByItsBareName) {
     ProjectThatFails named(files);
     SourceFile& file = named.namedFile("package.json");
     EXPECT_EQ(&named.namedFile("package.json"), &file);
@@ -150,7 +150,7 @@ TEST_F(ProjectTest, ANamedFileIsLookedUpByItsBareName) {
               "Source file already exists: out/tsconfig.json");
 }
 
-TEST_F(ProjectTest, SavesToTheDisk) {
+TEST_F(ProjectTest, savesToTheDisk) {
     Project empty(files);
     empty.setRootPath(folder.at("none"));
     empty.saveAll();
@@ -167,7 +167,7 @@ TEST_F(ProjectTest, SavesToTheDisk) {
     EXPECT_EQ(readBack(folder.at("new/below/empty.txt")), "");
 }
 
-TEST_F(ProjectTest, WhatCannotBeSavedIsToldInOneLineWithItsPath) {
+TEST_F(ProjectTest, whatCannotBeSavedIsToldInOneLineWithItsPath) {
     folder.write("file", "");
     std::filesystem::create_directories(folder.at("folder/x.ts"));
     std::filesystem::create_symlink("/dev/full", folder.at("full"));

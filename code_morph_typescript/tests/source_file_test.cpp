@@ -35,7 +35,7 @@ class SourceFileTest : public testing::Test {
     SourceFile& file = project.sourceFile("pets/actions");
 };
 
-TEST_F(SourceFileTest, AWholeModule) {
+TEST_F(SourceFileTest, aWholeModule) {
     const NamedType promise;
     file.addExportAll("./types");
     for (const char* name : {"init", "setAuthCookie", "dropped"})
@@ -72,7 +72,7 @@ TEST_F(SourceFileTest, AWholeModule) {
     EXPECT_EQ(file.text(), written());
 }
 
-TEST_F(SourceFileTest, LinesBetweenTheSections) {
+TEST_F(SourceFileTest, linesBetweenTheSections) {
     EXPECT_EQ(written(), "");
     file.addExportAll("./a");
     file.addExport("./a", "b");
@@ -84,7 +84,7 @@ TEST_F(SourceFileTest, LinesBetweenTheSections) {
     EXPECT_EQ(written().substr(0, 34), "import { b } from \"./b\";\n\nfunction");
 }
 
-TEST_F(SourceFileTest, OneFunctionOfAName) {
+TEST_F(SourceFileTest, oneFunctionOfAName) {
     file.addFunction("temp");
     try {
         file.addFunction("temp");
@@ -95,7 +95,7 @@ TEST_F(SourceFileTest, OneFunctionOfAName) {
     EXPECT_EQ(file.functions().size(), 1U);
 }
 
-TEST_F(SourceFileTest, FilesOfAPackage) {
+TEST_F(SourceFileTest, filesOfAPackage) {
     EXPECT_EQ(file.path(), "src/pets/actions.ts");
     EXPECT_EQ(project.packageJson().path(), "package.json");
     EXPECT_EQ(&project.packageJson(), project.files().at("package.json").get());
@@ -104,7 +104,7 @@ TEST_F(SourceFileTest, FilesOfAPackage) {
     EXPECT_THROW(project.sourceFile("modules//index"), std::runtime_error);
 }
 
-TEST(ModuleBinding, KeepsWhatMayBeDeclared) {
+TEST(ModuleBinding, keepsWhatMayBeDeclared) {
     for (const char* name : {"pets", "_pets2", "type", "of", "async", "undefined"})
         EXPECT_EQ(toModuleBinding(name), name);
     for (const std::string name : {"2fast", "class", "module", "yield", "await", "__dirname", ""})

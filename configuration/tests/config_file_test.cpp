@@ -37,7 +37,7 @@ Fault faultOf(Call call) {
     return {"nothing thrown", {}};
 }
 
-TEST_F(ConfigFileTest, TheVersionIsAStringOfOnePointZero) {
+TEST_F(ConfigFileTest, theVersionIsAStringOfOnePointZero) {
     struct Row {
         std::string content;
         std::string extension;
@@ -64,7 +64,7 @@ TEST_F(ConfigFileTest, TheVersionIsAStringOfOnePointZero) {
     }
 }
 
-TEST_F(ConfigFileTest, ASectionIsAnObjectOrAbsent) {
+TEST_F(ConfigFileTest, aSectionIsAnObjectOrAbsent) {
     EXPECT_EQ(file.commandSection("lint"), nullptr); // nothing is loaded yet
     load(R"({"version": "1.0", "commands": {"lint": {"a": "x"}, "diff": 1, "format": null}})");
     ASSERT_NE(file.commandSection("lint"), nullptr);
@@ -79,7 +79,7 @@ TEST_F(ConfigFileTest, ASectionIsAnObjectOrAbsent) {
     EXPECT_EQ(file.commandSection("lint"), nullptr);
 }
 
-TEST_F(ConfigFileTest, CustomFormatsAreAnArrayOrAbsent) {
+TEST_F(ConfigFileTest, customFormatsAreAnArrayOrAbsent) {
     load(R"({"version": "1.0"})");
     EXPECT_EQ(file.customFormats(), nullptr);
     load(R"({"version": "1.0", "openapi": {"custom_formats": []}})");
@@ -95,7 +95,7 @@ TEST_F(ConfigFileTest, CustomFormatsAreAnArrayOrAbsent) {
     EXPECT_EQ(fault.pos, (jv::Pos{1, 50}));
 }
 
-TEST_F(ConfigFileTest, AFaultInsideOfASectionIsOneOfTheFile) {
+TEST_F(ConfigFileTest, aFaultInsideOfASectionIsOneOfTheFile) {
     const MemoryFileSystem files{
         {"c.json", "{\"version\": \"1.0\", \"commands\":\n  {\"format\": {\"indent\": \"x\"}}}"}};
     const auto readIndent = [](const ConfigFile& given) {

@@ -46,7 +46,7 @@ std::unique_ptr<jv::JVDocument> parse(const std::string& json) {
     return jv::parseDocument(json, {.format = jv::DocumentFormat::Json, .refLoader = {}});
 }
 
-TEST(Section, GivesWhatIsThere) {
+TEST(Section, givesWhatIsThere) {
     for (const char* absent : {"{}", R"({"commands": 1})", R"({"commands": {"generate": {"docs": {}}}})"}) {
         const auto document = parse(absent);
         const Options options = readOptions(*document->root());
@@ -65,7 +65,7 @@ TEST(Section, GivesWhatIsThere) {
     EXPECT_EQ(options.depth, 2);
 }
 
-TEST(Section, SaysWhichValueIsAtFault) {
+TEST(Section, saysWhichValueIsAtFault) {
     struct Row {
         std::string members;
         std::string text; ///< empty where there is no fault

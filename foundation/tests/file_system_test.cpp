@@ -44,7 +44,7 @@ class LocalFileSystemTest : public testing::Test {
     LocalFileSystem files;
 };
 
-TEST_F(LocalFileSystemTest, WritesAndReadsBytes) {
+TEST_F(LocalFileSystemTest, writesAndReadsBytes) {
     // Longer than any buffer on the way, with every byte value.
     std::string content;
     for (int i = 0; i < 300'000; ++i)
@@ -59,7 +59,7 @@ TEST_F(LocalFileSystemTest, WritesAndReadsBytes) {
     EXPECT_EQ(files.readFile(path), "");
 }
 
-TEST_F(LocalFileSystemTest, Exists) {
+TEST_F(LocalFileSystemTest, exists) {
     EXPECT_TRUE(files.exists(folder.string()));
     EXPECT_FALSE(files.exists(at("none")));
     EXPECT_FALSE(files.exists(at("none/below")));
@@ -67,7 +67,7 @@ TEST_F(LocalFileSystemTest, Exists) {
     EXPECT_THROW(static_cast<void>(files.exists(at("loop"))), fs::filesystem_error);
 }
 
-TEST_F(LocalFileSystemTest, CreateDirectoriesLeavesTheLastComponentAlone) {
+TEST_F(LocalFileSystemTest, createDirectoriesLeavesTheLastComponentAlone) {
     files.createDirectories(at("a/b/c.txt"));
     EXPECT_TRUE(fs::is_directory(at("a/b")));
     EXPECT_FALSE(fs::exists(at("a/b/c.txt")));
@@ -81,7 +81,7 @@ TEST_F(LocalFileSystemTest, CreateDirectoriesLeavesTheLastComponentAlone) {
         testing::AllOf(testing::HasSubstr("create_directories"), testing::HasSubstr(at("file/below"))));
 }
 
-TEST_F(LocalFileSystemTest, WhatCannotBeReadIsTold) {
+TEST_F(LocalFileSystemTest, whatCannotBeReadIsTold) {
     EXPECT_EQ(textOf([&] { static_cast<void>(files.readFile(at("x"))); }), "File does not exist: " + at("x"));
     EXPECT_EQ(textOf([&] { static_cast<void>(files.readFile(folder.string())); }),
               "filesystem error: file_size: Is a directory [" + folder.string() + "]");
@@ -93,7 +93,7 @@ TEST_F(LocalFileSystemTest, WhatCannotBeReadIsTold) {
               "Failed to read file: /proc/self/mem");
 }
 
-TEST_F(LocalFileSystemTest, AFileWithoutPermissionIsTold) {
+TEST_F(LocalFileSystemTest, aFileWithoutPermissionIsTold) {
     if (geteuid() == 0)
         GTEST_SKIP() << "the superuser may read everything";
     files.writeFile(at("secret"), "a");
@@ -102,7 +102,7 @@ TEST_F(LocalFileSystemTest, AFileWithoutPermissionIsTold) {
               "Failed to open file for reading: " + at("secret"));
 }
 
-TEST_F(LocalFileSystemTest, ReadsWhatHasNoSize) {
+TEST_F(LocalFileSystemTest, readsWhatHasNoSize) {
     int ends[2];
     ASSERT_EQ(pipe(ends), 0);
     ASSERT_EQ(write(ends[1], "piped", 5), 5);
@@ -112,7 +112,7 @@ TEST_F(LocalFileSystemTest, ReadsWhatHasNoSize) {
     EXPECT_NE(files.readFile("/proc/self/status"), ""); // a regular file that claims to be empty
 }
 
-TEST_F(LocalFileSystemTest, WhatNeverEndsIsRefused) {
+TEST_F(LocalFileSystemTest, whatNeverEndsIsRefused) {
     EXPECT_EQ(textOf([&] { static_cast<void>(files.readFile("/dev/zero")); }),
               "Neither a file nor a pipe: /dev/zero");
     files.writeFile(at("file"), "12345");
@@ -129,14 +129,14 @@ TEST_F(LocalFileSystemTest, WhatNeverEndsIsRefused) {
     close(ends[0]);
 }
 
-TEST_F(LocalFileSystemTest, WhatCannotBeWrittenIsTold) {
+TEST_F(LocalFileSystemTest, whatCannotBeWrittenIsTold) {
     EXPECT_EQ(textOf([&] { files.writeFile(folder.string(), "a"); }),
               "Failed to open file for writing: " + folder.string());
     EXPECT_EQ(textOf([&] { files.writeFile(at("none/below"), "a"); }),
               "Failed to open file for writing: " + at("none/below"));
 }
 
-TEST_F(LocalFileSystemTest, AFileThatDoesNotFitIsLeftAsItWas) {
+TEST_F(LocalFileSystemTest, aFileThatDoesNotFitIsLeftAsItWas) {
     struct rlimit former {};
     ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &former), 0);
     const auto handler = std::signal(SIGXFSZ, SIG_IGN);
@@ -152,7 +152,7 @@ TEST_F(LocalFileSystemTest, AFileThatDoesNotFitIsLeftAsItWas) {
     EXPECT_EQ(files.readFile(at("old")), "old");
 }
 
-TEST_F(LocalFileSystemTest, AFullDiskIsTold) {
+TEST_F(LocalFileSystemTest, aFullDiskIsTold) {
     fs::create_symlink("/dev/full", at("full"));
     // Once within the stream's buffer, once beyond it.
     EXPECT_EQ(textOf([&] { files.writeFile(at("full"), "a"); }), "Failed to write file: " + at("full"));

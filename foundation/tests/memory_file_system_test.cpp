@@ -51,7 +51,7 @@ std::vector<std::string> outcomes(FileSystem& files, const std::string& folder) 
     return result;
 }
 
-TEST(MemoryFileSystem, DoesAndSaysWhatTheDiskDoes) {
+TEST(MemoryFileSystem, doesAndSaysWhatTheDiskDoes) {
     std::string folder = (fs::temp_directory_path() / "specloom-XXXXXX").string();
     ASSERT_NE(mkdtemp(folder.data()), nullptr);
     LocalFileSystem disk;
@@ -69,7 +69,7 @@ TEST(MemoryFileSystem, DoesAndSaysWhatTheDiskDoes) {
                     Pair(folder + "/none", "in a/b/../../none")));
 }
 
-TEST(MemoryFileSystem, TakesPathsByTheirText) {
+TEST(MemoryFileSystem, takesPathsByTheirText) {
     MemoryFileSystem files{{"b/./c", "1"}, {"none/../a", "2"}, {"../a", "3"}, {"/../a", "4"}, {"a", "5"}};
     EXPECT_THAT(files.files(),
                 ElementsAre(Pair("../a", "3"), Pair("/a", "4"), Pair("a", "5"), Pair("b/c", "1")));

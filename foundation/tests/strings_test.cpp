@@ -19,7 +19,7 @@ namespace {
 
 using test_support::failureOf;
 
-TEST(Strings, CaseConversions) {
+TEST(Strings, caseConversions) {
     struct Row {
         std::string text, camel, constant, kebab, pascal, header, snake;
     };
@@ -64,7 +64,7 @@ TEST(Strings, CaseConversions) {
     }
 }
 
-TEST(Strings, AStyleIsNamedInItself) {
+TEST(Strings, aStyleIsNamedInItself) {
     for (int i = 1; i <= 6; ++i) {
         const auto style = static_cast<CaseStyle>(i);
         const std::string name(caseStyleName(style));
@@ -75,7 +75,7 @@ TEST(Strings, AStyleIsNamedInItself) {
     }
 }
 
-TEST(StringsDeathTest, AnUnknownStyleIsUnreachable) {
+TEST(StringsDeathTest, anUnknownStyleIsUnreachable) {
     const auto style = static_cast<CaseStyle>(7);
     EXPECT_DEATH(static_cast<void>(convertCase("a", style)),
                  "^Unreachable code: \\(case style\\) at .*:[0-9]+\n");
@@ -84,7 +84,7 @@ TEST(StringsDeathTest, AnUnknownStyleIsUnreachable) {
     EXPECT_DEATH(unreachable(nullptr, "f.cpp", 7), "^Unreachable code at f.cpp:7\n");
 }
 
-TEST(Strings, CompareIgnoreCase) {
+TEST(Strings, compareIgnoreCase) {
     EXPECT_EQ(compareIgnoreCase("Content-TYPE", "content-type"), 0);
     EXPECT_LT(compareIgnoreCase("a", "B"), 0);
     EXPECT_GT(compareIgnoreCase("b", "A"), 0);
@@ -92,7 +92,7 @@ TEST(Strings, CompareIgnoreCase) {
     EXPECT_NE(compareIgnoreCase("\xc3\xa4", "\xc3\x84"), 0);
 }
 
-TEST(Strings, Search) {
+TEST(Strings, search) {
     EXPECT_EQ(findFirstNotOf("  a b", " "), 2);
     EXPECT_EQ(findFirstNotOf("  a b", " ", 3), 4);
     EXPECT_EQ(findFirstNotOf("    ", " "), -1);
@@ -103,7 +103,7 @@ TEST(Strings, Search) {
     EXPECT_FALSE(endsWith("abc", "ab"));
 }
 
-TEST(Strings, Replace) {
+TEST(Strings, replace) {
     struct Row {
         std::string text, from, to, all, any;
     };
@@ -126,20 +126,20 @@ TEST(Strings, Replace) {
     }
 }
 
-TEST(Strings, Trim) {
+TEST(Strings, trim) {
     EXPECT_EQ(trim(" \t\r\n\v\fa b\n"), "a b");
     EXPECT_EQ(trim(" \n "), "");
     EXPECT_EQ(trim("\xc2\xa0"), "\xc2\xa0"); // a no-break space is two bytes of 128 and above
 }
 
-TEST(Strings, Identifiers) {
+TEST(Strings, identifiers) {
     for (const char* text : {"_1", "a", "A_9z"})
         EXPECT_TRUE(isIdentifier(text)) << text;
     for (const char* text : {"", "1a", "a-b", "a b", "$a", "\xc3\xa4"})
         EXPECT_FALSE(isIdentifier(text)) << text;
 }
 
-TEST(Strings, IndentLines) {
+TEST(Strings, indentLines) {
     EXPECT_EQ(indentLines("a\nb\n", 2), "  a\n  b");
     EXPECT_EQ(indentLines("a\n\nb", 1), " a\n \n b");
     EXPECT_EQ(indentLines("\na", 1), " \n a");
@@ -147,7 +147,7 @@ TEST(Strings, IndentLines) {
     EXPECT_EQ(indentLines("a\r\nb", 0), "a\r\nb");
 }
 
-TEST(Strings, TrimLines) {
+TEST(Strings, trimLines) {
     EXPECT_EQ(trimLines("\n    a\n      b\n  c\n\n    d\n  "), "a\n  b\nc\n\nd");
     EXPECT_EQ(trimLines("  a\n    b\n"), "a\n    b"); // the first line has lost its indentation before
     EXPECT_EQ(trimLines("\n\ta \n b \r\n\r"), "\ta \n b \r");
@@ -156,7 +156,7 @@ TEST(Strings, TrimLines) {
     EXPECT_EQ(trimLines(""), "");
 }
 
-TEST(Strings, Escapes) {
+TEST(Strings, escapes) {
     EXPECT_EQ(escapeHtml("<a href=\"x\">{b & c}</a>'"),
               "&lt;a href=&quot;x&quot;&gt;&lcub;b &amp; c&rcub;&lt;/a&gt;'");
     EXPECT_EQ(escapeHtmlDoubleQuoted("{\"a\\\n\"}"), "&lcub;&quot;a\\\\\\n&quot;&rcub;");
@@ -165,13 +165,13 @@ TEST(Strings, Escapes) {
     EXPECT_EQ(escapeDoubleQuoted(nasty), "\\\\\\b\\f\\n\\r\\t'\\\"\x01\x7f\xc3\xa4\0"s);
 }
 
-TEST(Strings, Literals) {
+TEST(Strings, literals) {
     const std::string nasty = "\\\b\f\n\r\t'\"`${}\x01\x7f\xe2\x80\xa8\0"s;
     EXPECT_EQ(toJsonLiteral(nasty), "\"\\\\\\b\\f\\n\\r\\t'\\\"`${}\\u0001\x7f\xe2\x80\xa8\\u0000\"");
     EXPECT_EQ(toJavaScriptLiteral(nasty), "'\\\\\\b\\f\\n\\r\\t\\'\"`${}\x01\x7f\xe2\x80\xa8\0'"s);
 }
 
-TEST(Strings, Numbers) {
+TEST(Strings, numbers) {
     EXPECT_EQ(toDouble(" -1.5e3"), -1500.0);
     EXPECT_EQ(toDouble("0x10"), 16.0);
     EXPECT_EQ(toInt64("-9223372036854775808"), std::numeric_limits<std::int64_t>::min());
@@ -199,7 +199,7 @@ TEST(Strings, Numbers) {
               "stoull argument out of range");
 }
 
-TEST(Strings, Utf8Length) {
+TEST(Strings, utf8Length) {
     EXPECT_EQ(utf8Length(""), 0U);
     EXPECT_EQ(utf8Length("a\xc3\xa4\xe2\x82\xac\xf0\x9f\x98\x80"), 4U);
     const auto fault = [](const char* text) {
@@ -213,7 +213,7 @@ TEST(Strings, Utf8Length) {
     EXPECT_EQ(fault("a\xe2\x82"), "Not enough space");
 }
 
-TEST(Strings, ToValidUtf8) {
+TEST(Strings, toValidUtf8) {
     EXPECT_EQ(toValidUtf8("a\xc3\xa4\xf0\x9f\x98\x80"), "a\xc3\xa4\xf0\x9f\x98\x80");
     for (const char* text :
          {"\xff", "\x80", "\xc3", "\xe2\x82", "\xc0\xaf", "\xed\xa0\x80", "\xf4\x90\x80\x80"}) {

@@ -23,7 +23,7 @@ std::string errorOf(const std::string& text, const UriTemplateVariables& variabl
     }
 }
 
-TEST(UriTemplate, TellsEachFaultAndItsPlace) {
+TEST(UriTemplate, tellsEachFaultAndItsPlace) {
     const std::string utf8 = " the text is not UTF-8";
     const std::string literal = " this character may not stand in a URI";
     const std::string percent = " two hexadecimal digits are expected behind '%'";
@@ -89,7 +89,7 @@ TEST(UriTemplate, TellsEachFaultAndItsPlace) {
     EXPECT_EQ(errorOf("{l:3}", {{"l", UriTemplateList{}}}), "");
 }
 
-TEST(UriTemplate, Expands) {
+TEST(UriTemplate, expands) {
     const UriTemplateVariables variables = {
         {"e", "\xc3\xa9%C3%A9%2F\xf0\x9d\x84\x9e"},
         {"broken", "\xc3(\x80\xff"},
@@ -138,7 +138,7 @@ std::string repeated(const std::string& unit) {
 }
 
 // Anything but one pass over these would take hours.
-TEST(UriTemplate, TakesHostileTexts) {
+TEST(UriTemplate, takesHostileTexts) {
     const std::string letters = repeated("a");
     for (const std::string unit : {"{", "}", "%", "{a", "{a,", "{a.", ".{", "{%41", "{a:1", "\xff", "{a}{"}) {
         SCOPED_TRACE(unit);
@@ -157,7 +157,7 @@ TEST(UriTemplate, TakesHostileTexts) {
     EXPECT_EQ(UriTemplate(letters).expand({}), letters);
 }
 
-TEST(UriTemplate, KeepsItsResultBelowTheLimit) {
+TEST(UriTemplate, keepsItsResultBelowTheLimit) {
     const UriTemplateVariables variables = {{"a", "123%"}};
     EXPECT_EQ(UriTemplate("x{a}").expand(variables, 7), "x123%25");
     EXPECT_EQ(

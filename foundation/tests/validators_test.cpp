@@ -24,7 +24,7 @@ std::string acceptedAs(std::string_view text) {
     return names;
 }
 
-TEST(Validators, KnowTheFormsOfTheirFormats) {
+TEST(Validators, knowTheFormsOfTheirFormats) {
     struct Case {
         std::string format;
         std::vector<std::string_view> good;
@@ -90,7 +90,7 @@ TEST(Validators, KnowTheFormsOfTheirFormats) {
     }
 }
 
-TEST(Validators, TakeLongHostileTexts) {
+TEST(Validators, takeLongHostileTexts) {
     constexpr std::size_t million = 1'000'000;
     const auto repeated = [](std::string_view unit) {
         std::string text;
@@ -145,7 +145,7 @@ TEST(Validators, TakeLongHostileTexts) {
     }
 }
 
-TEST(Validators, DaysInMonthFollowTheGregorianCalendar) {
+TEST(Validators, daysInMonthFollowTheGregorianCalendar) {
     const std::vector<int> days = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
     for (int month = 1; month <= 12; ++month)
         EXPECT_EQ(daysInMonth(2023, month), days[static_cast<std::size_t>(month - 1)]) << month;

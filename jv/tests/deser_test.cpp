@@ -36,7 +36,7 @@ class Files : public testing::Test {
     test_support::TemporaryFolder folder_;
 };
 
-TEST(Format, ComesFromTheExtension) {
+TEST(Format, comesFromTheExtension) {
     struct Case {
         const char* path;
         std::optional<DocumentFormat> format;
@@ -63,7 +63,7 @@ TEST(Format, ComesFromTheExtension) {
     EXPECT_EQ(extensionOf(DocumentFormat::Yaml), ".yaml");
 }
 
-TEST(Load, TellsWhatIsWrong) {
+TEST(Load, tellsWhatIsWrong) {
     const MemoryFileSystem files{
         {"doc.txt", "{}"}, {"folder.json/file", ""}, {"bad.json", "{"}, {"bad.yaml", "["}};
     for (const auto& [path, text] : std::vector<std::pair<const char*, const char*>>{
@@ -79,7 +79,7 @@ TEST(Load, TellsWhatIsWrong) {
     EXPECT_TRUE(forced.document->root()->isObject());
 }
 
-TEST_F(Files, SaveWritesWholeOrNothing) {
+TEST_F(Files, saveWritesWholeOrNothing) {
     const auto document = parseDocument(R"({"b":[1],"a":"x"})", {DocumentFormat::Json, {}});
     saveDocument(*document, path("a.yaml"), SaveOptions{std::nullopt, 4, {}});
     EXPECT_TRUE(loadDocument(path("a.yaml")).document->root()->equals(*document->root()));
@@ -107,7 +107,7 @@ TEST_F(Files, SaveWritesWholeOrNothing) {
     EXPECT_EQ(documentToText(JVDocument(), DocumentFormat::Yaml).substr(0, 5), "null\n");
 }
 
-TEST(References, AreInlinedByTheLoader) {
+TEST(References, areInlinedByTheLoader) {
     std::vector<std::string> asked;
     const LoadOptions options{
         DocumentFormat::Json, [&](std::string_view reference) -> std::unique_ptr<JVDocument> {

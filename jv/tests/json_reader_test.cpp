@@ -47,7 +47,7 @@ class Recorder : public Handler {
 };
 
 /// What the public suite does not ask.
-TEST(JsonReader, RefusesWithOneText) {
+TEST(JsonReader, refusesWithOneText) {
     const auto refusal = [](std::string_view text) { return failureOf([&] { return parseJSON(text); }); };
     for (const char* text : {"", " ", "[1] // no", "[1] /* no */", "1 2", "\xef\xbb\xbf{}", "{\"a\":1} x"})
         EXPECT_EQ(refusal(text), "JSON parse error") << text;
@@ -55,7 +55,7 @@ TEST(JsonReader, RefusesWithOneText) {
         EXPECT_EQ(refusal(text), "") << text;
 }
 
-TEST(JsonReader, DecodesEscapes) {
+TEST(JsonReader, decodesEscapes) {
     struct Case {
         const char* json;
         std::string text;
@@ -79,7 +79,7 @@ TEST(JsonReader, DecodesEscapes) {
     }
 }
 
-TEST(JsonReader, CountsLinesAndByteColumns) {
+TEST(JsonReader, countsLinesAndByteColumns) {
     const auto document = parseJSON("{\r\n\t\"a\":\r[1,\n\n  {\"\xc3\xa9\": true}]\r\r}");
     struct Case {
         const char* pointer;
@@ -93,14 +93,14 @@ TEST(JsonReader, CountsLinesAndByteColumns) {
     EXPECT_EQ(parseJSON("[\r\n   1]")->lookup("/0")->pos(), (Pos{2, 4}));
 }
 
-TEST(JsonReader, KeepsEveryDigit) {
+TEST(JsonReader, keepsEveryDigit) {
     for (const char* text :
          {"12345678901234567890123456789012", "-9223372036854775808", "18446744073709551615",
           "18446744073709551616", "0.000011726012417057063", "1.5", "1e+999"})
         EXPECT_EQ(parseJSON(text)->root()->number().toString(), text);
 }
 
-TEST(JsonReader, ChunksMakeNoDifference) {
+TEST(JsonReader, chunksMakeNoDifference) {
     const std::string text = "{\"key\\u0041\": [12.5e-3, -7, true,\r\n false, null, \"t\xc3\xa9xt \\n\"], /* "
                              "a\nb */ \"o\":{}} // end";
     Recorder whole(true);
@@ -122,7 +122,7 @@ TEST(JsonReader, ChunksMakeNoDifference) {
     }
 }
 
-TEST(JsonReader, FlagsWidenWhatIsTaken) {
+TEST(JsonReader, flagsWidenWhatIsTaken) {
     struct Case {
         std::uint32_t flags;
         const char* text;
@@ -171,7 +171,7 @@ TEST(JsonReader, FlagsWidenWhatIsTaken) {
     }
 }
 
-TEST(JsonReader, HandlerCanStop) {
+TEST(JsonReader, handlerCanStop) {
     for (const char* event : {"{", "key a", "[", "integer 1", "null", "]", "}"}) {
         SCOPED_TRACE(event);
         Recorder recorder;
@@ -182,7 +182,7 @@ TEST(JsonReader, HandlerCanStop) {
     }
 }
 
-TEST(DefaultHandler, RefusesEventsThatMakeNoDocument) {
+TEST(DefaultHandler, refusesEventsThatMakeNoDocument) {
     const auto messageOf = [](auto drive) {
         DefaultHandler handler(std::make_unique<JVDocument>());
         return failureOf<JSONReaderError>([&] { drive(handler); });
@@ -196,7 +196,7 @@ TEST(DefaultHandler, RefusesEventsThatMakeNoDocument) {
               "context_add_value: Object key is not a string (null)");
 }
 
-TEST(JsonReader, ReportsABrokenStream) {
+TEST(JsonReader, reportsABrokenStream) {
     std::istringstream stream("[]");
     stream.setstate(std::ios::failbit);
     EXPECT_THROW(static_cast<void>(readJSON(stream)), std::runtime_error);

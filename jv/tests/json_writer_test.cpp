@@ -19,7 +19,7 @@ std::string written(const JVDocument& document, std::int64_t indent, std::uint32
     return writer.output();
 }
 
-TEST(JsonWriter, WritesEachShape) {
+TEST(JsonWriter, writesEachShape) {
     struct Case {
         const char* json;
         std::int64_t indent;
@@ -44,7 +44,7 @@ TEST(JsonWriter, WritesEachShape) {
     }
 }
 
-TEST(JsonWriter, EscapesWhatMustBe) {
+TEST(JsonWriter, escapesWhatMustBe) {
     JVDocument document;
     document.makeRoot(Kind::String)
         ->setString(std::string("\b\t\n\f\r\"\\/ \x01\x1f\x7f\0", 13) + "\xc3\xa9\xff");
@@ -52,7 +52,7 @@ TEST(JsonWriter, EscapesWhatMustBe) {
     EXPECT_EQ(written(*parseJSON(R"(["/a/b"])"), 0, JSONWriter::escapeSolidus), R"(["\/a\/b"])");
 }
 
-TEST(JsonWriter, RefusesDepthAndInfinity) {
+TEST(JsonWriter, refusesDepthAndInfinity) {
     const std::string brackets(10000, '[');
     const auto deep = parseJSON(brackets + std::string(10000, ']'));
     const auto failure = [](const JVDocument& document) {
@@ -74,7 +74,7 @@ TEST(JsonWriter, RefusesDepthAndInfinity) {
     EXPECT_EQ(failureOf<JSONWriterError>([&] { writer.write(*parseJSON("1")); }), "GenerationComplete");
 }
 
-TEST(JsonWriterDeathTest, BigNumberEndsTheProcess) {
+TEST(JsonWriterDeathTest, bigNumberEndsTheProcess) {
     const auto document = parseJSON("123456789012345678901");
     EXPECT_DEATH(static_cast<void>(written(*document, 0)), "Unreachable code");
 }

@@ -11,7 +11,7 @@ namespace {
 
 using test_support::failureOf;
 
-TEST(Pointer, ParsesAndWritesTokens) {
+TEST(Pointer, parsesAndWritesTokens) {
     struct Case {
         const char* text;
         std::vector<std::string> tokens;
@@ -30,7 +30,7 @@ TEST(Pointer, ParsesAndWritesTokens) {
     }
 }
 
-TEST(Pointer, RefusesWhatIsNone) {
+TEST(Pointer, refusesWhatIsNone) {
     struct Case {
         const char* text;
         const char* message;
@@ -46,7 +46,7 @@ TEST(Pointer, RefusesWhatIsNone) {
             << test.text;
 }
 
-TEST(Pointer, ParentAndChild) {
+TEST(Pointer, parentAndChild) {
     EXPECT_EQ((JVPointer{"a", "b"}.parent()), JVPointer{"a"});
     EXPECT_EQ(JVPointer{"a"}.parent(), JVPointer{});
     EXPECT_THROW(static_cast<void>(JVPointer{}.parent()), JVPointerError);
@@ -58,7 +58,7 @@ TEST(Pointer, ParentAndChild) {
     EXPECT_EQ(out, "/a/b~1c~0d/12");
 }
 
-TEST(Pointer, SplitGivesOnePieceMoreThanSeparators) {
+TEST(Pointer, splitGivesOnePieceMoreThanSeparators) {
     using Pieces = std::vector<std::string_view>;
     EXPECT_EQ(splitString("", '/'), Pieces{""});
     EXPECT_EQ(splitString("a", '/'), Pieces{"a"});

@@ -25,7 +25,7 @@ std::vector<std::string> keysInOrder(const JV& object) {
     return keys;
 }
 
-TEST(Value, PositionIsSetOnce) {
+TEST(Value, positionIsSetOnce) {
     JV value;
     EXPECT_EQ(value.pos(), (Pos{-1, -1}));
     value.setPos({3, -1});
@@ -35,7 +35,7 @@ TEST(Value, PositionIsSetOnce) {
     EXPECT_EQ(value.pos(), (Pos{4, 5}));
 }
 
-TEST(Value, KeepsTextOfAnyLength) {
+TEST(Value, keepsTextOfAnyLength) {
     JV value;
     for (const std::size_t length : {0U, 1U, 15U, 16U, 17U, 1000U, 16U, 3U}) {
         const std::string text(length, 'x');
@@ -50,7 +50,7 @@ TEST(Value, KeepsTextOfAnyLength) {
     EXPECT_EQ(value.size(), 0u);
 }
 
-TEST(Value, RefusesOperationsOfAnotherKind) {
+TEST(Value, refusesOperationsOfAnotherKind) {
     JV value("text");
     EXPECT_THROW(static_cast<void>(value.boolean()), std::bad_variant_access);
     EXPECT_THROW(static_cast<void>(value.number()), std::bad_variant_access);
@@ -65,7 +65,7 @@ TEST(Value, RefusesOperationsOfAnotherKind) {
     EXPECT_FALSE(value.has("a"));
 }
 
-TEST(Value, KeyOrderIsByUnsignedBytesAndLength) {
+TEST(Value, keyOrderIsByUnsignedBytesAndLength) {
     const auto object = JV::newObject();
     const std::vector<std::string> expected = {
         "",  std::string("\0", 1), std::string("\0\0", 2), "A", "a", "abcdefgh", "abcdefgha", "abcdefghb",
@@ -76,7 +76,7 @@ TEST(Value, KeyOrderIsByUnsignedBytesAndLength) {
     EXPECT_EQ(keysInOrder(*object), expected);
 }
 
-TEST(Value, ReplacedMemberStaysAliveAndFindable) {
+TEST(Value, replacedMemberStaysAliveAndFindable) {
     const Document document = parseJSON(R"({"a": {"b": "the former text"}, "c": 1})");
     const JV* former = document->lookup("/a");
     const JV* inner = document->lookup("/a/b");
@@ -91,7 +91,7 @@ TEST(Value, ReplacedMemberStaysAliveAndFindable) {
     EXPECT_EQ(former->get("b")->text(), "the former text");
 }
 
-TEST(Value, IndexIsThatOfTheLastIndexing) {
+TEST(Value, indexIsThatOfTheLastIndexing) {
     const Document document = parseJSON(R"({"a": [1, 2], "b": {}})");
     JV* added = document->root()->get("b")->setObject("c");
     EXPECT_EQ(added->pointer(), "");
@@ -111,7 +111,7 @@ TEST(Value, IndexIsThatOfTheLastIndexing) {
     EXPECT_EQ(document->lookup(""), root);
 }
 
-TEST(Value, LookupTakesOnlyTheTextsThatPointersHave) {
+TEST(Value, lookupTakesOnlyTheTextsThatPointersHave) {
     const Document document = parseJSON(R"({"a/b": [{"~": 1}], "": {"": 2}, "1": 3})");
     for (const char* pointer : {"", "/a~1b", "/a~1b/0", "/a~1b/0/~0", "/", "//", "/1"}) {
         SCOPED_TRACE(pointer);
@@ -126,7 +126,7 @@ TEST(Value, LookupTakesOnlyTheTextsThatPointersHave) {
     }
 }
 
-TEST(Value, ResolveWalksTokens) {
+TEST(Value, resolveWalksTokens) {
     const Document document = parseJSON(R"({"a": [10, {"b": true}], "c": "x"})");
     const JV& root = *document->root();
     EXPECT_EQ(root.resolve({}), &root);
@@ -141,7 +141,7 @@ TEST(Value, ResolveWalksTokens) {
               "invalid stoul argument");
 }
 
-TEST(Value, TypedGettersTellWhatIsWrong) {
+TEST(Value, typedGettersTellWhatIsWrong) {
     const Document document = parseJSON(
         R"({"null": null, "real": 1.5, "whole": 2.0, "text": "t", "list": [], "map": {}, "yes": true})");
     const JV& root = *document->root();
@@ -187,7 +187,7 @@ TEST(Value, TypedGettersTellWhatIsWrong) {
         EXPECT_EQ((root.*getter)("none"), nullptr);
 }
 
-TEST(Value, RangeChecks) {
+TEST(Value, rangeChecks) {
     struct Case {
         const char* literal;
         bool isFloat, isInt32, isInt64;
@@ -221,7 +221,7 @@ TEST(Value, RangeChecks) {
     }
 }
 
-TEST(Value, EqualityAndHash) {
+TEST(Value, equalityAndHash) {
     struct Case {
         const char* a;
         const char* b;
@@ -260,7 +260,7 @@ TEST(Value, EqualityAndHash) {
     EXPECT_EQ(JV().hash(), 0x9e3779b9u);
 }
 
-TEST(Value, AlmostEqualsForgivesOnlyAtTheTop) {
+TEST(Value, almostEqualsForgivesOnlyAtTheTop) {
     const Document document = parseJSON("[0.30000000000000004, 0.3, [0.30000000000000004], [0.3]]");
     const auto values = document->root()->elements();
     EXPECT_FALSE(values[0]->equals(*values[1]));
@@ -269,7 +269,7 @@ TEST(Value, AlmostEqualsForgivesOnlyAtTheTop) {
     EXPECT_FALSE(values[0]->almostEquals(JV("0.3")));
 }
 
-TEST(Value, CloneIsDeepAndBare) {
+TEST(Value, cloneIsDeepAndBare) {
     const Document document =
         parseJSON(R"({"b": [1, "text of more than sixteen bytes", 1e999], "a": {"d": null, "c": false}})");
     const auto copy = JVDocument::clone(*document->root());
@@ -279,7 +279,7 @@ TEST(Value, CloneIsDeepAndBare) {
     EXPECT_TRUE(document->keysOf(copy.get()).empty());
 }
 
-TEST(Value, AssignKeepsPlaceAndTakesContent) {
+TEST(Value, assignKeepsPlaceAndTakesContent) {
     const Document document = parseJSON(R"({"a": {"b": {"c": "inner text, long enough"}}})");
     JV* target = document->lookup("/a");
     const Pos pos = target->pos();

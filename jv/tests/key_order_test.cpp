@@ -20,7 +20,7 @@ std::string compact(const JVDocument& document, PropertySorter sorter = {}) {
     return writer.output();
 }
 
-TEST(KeyOrder, SourceOrderForWhatWasReadElseBytewise) {
+TEST(KeyOrder, sourceOrderForWhatWasReadElseBytewise) {
     const auto read = parseJSON(R"({"b":1,"a":2})");
     EXPECT_EQ(compact(*read), R"({"b":1,"a":2})");
     EXPECT_EQ(read->keysOf(read->root()), (Keys{"b", "a"}));
@@ -33,7 +33,7 @@ TEST(KeyOrder, SourceOrderForWhatWasReadElseBytewise) {
     EXPECT_TRUE(built.keysOf(root).empty());
 }
 
-TEST(KeyOrder, DuplicatesAreRecordedAndTheLastValueCounts) {
+TEST(KeyOrder, duplicatesAreRecordedAndTheLastValueCounts) {
     const auto document = parseJSON(R"({"a":1,"b":2,"a":{"x":3}})");
     EXPECT_EQ(document->keysOf(document->root()), (Keys{"a", "b", "a"}));
     EXPECT_EQ(compact(*document), R"({"a":{"x":3},"b":2})");
@@ -41,7 +41,7 @@ TEST(KeyOrder, DuplicatesAreRecordedAndTheLastValueCounts) {
     EXPECT_EQ(document->root()->size(), 2u);
 }
 
-TEST(KeyOrder, LeavesValuesWhereTheyAre) {
+TEST(KeyOrder, leavesValuesWhereTheyAre) {
     const auto document = parseJSON(R"({"d":1,"c":[2],"b":3})");
     const JV* element = document->lookup("/c/0");
     const Keys all = {"b", "d", "c"}; // just its keys: the entries themselves move
@@ -51,7 +51,7 @@ TEST(KeyOrder, LeavesValuesWhereTheyAre) {
     EXPECT_EQ(element->pointer(), "/c/0");
 }
 
-TEST(KeyOrder, SorterDecides) {
+TEST(KeyOrder, sorterDecides) {
     const auto document = parseJSON(R"({"d":1,"c":{"y":1,"x":2},"b":3})");
     const Keys order = {"c", "none", "b", "c"};
     const auto listed = [&](const JV* object) { return SortedProperties(object, order); };

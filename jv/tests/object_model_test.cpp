@@ -126,7 +126,7 @@ class Model {
     std::vector<std::string> order_;
 };
 
-TEST(ObjectModel, RandomEditsShowWhatAMapWouldShow) {
+TEST(ObjectModel, randomEditsShowWhatAMapWouldShow) {
     std::mt19937 random(20260821);
     for (const int keys : {3, 9, 20, 400}) {
         for (int round = 0; round < 30; ++round) {

@@ -29,7 +29,7 @@ std::string toYAML(const JVDocument& document, std::int64_t indent = 2) {
     return writer.output();
 }
 
-TEST(YamlReader, DecidesKindsByText) {
+TEST(YamlReader, decidesKindsByText) {
     struct Case {
         const char* yaml;
         const char* json;
@@ -64,7 +64,7 @@ TEST(YamlReader, DecidesKindsByText) {
     }
 }
 
-TEST(YamlReader, RefusesWithOneText) {
+TEST(YamlReader, refusesWithOneText) {
     const std::vector<std::string> texts = {"",
                                             "just text",
                                             "--- 1",
@@ -81,7 +81,7 @@ TEST(YamlReader, RefusesWithOneText) {
             << text.substr(0, 20);
 }
 
-TEST(YamlReader, OnlyContainersHavePositionsCountedFromZero) {
+TEST(YamlReader, onlyContainersHavePositionsCountedFromZero) {
     const auto document = parseYAML("a:\n  b: [1]\n  c: {d: e}\n");
     EXPECT_EQ(document->lookup("")->pos(), (Pos{0, 0}));
     EXPECT_EQ(document->lookup("/a")->pos(), (Pos{1, 2}));
@@ -91,13 +91,13 @@ TEST(YamlReader, OnlyContainersHavePositionsCountedFromZero) {
     EXPECT_EQ(document->lookup("/a/c/d")->pos(), (Pos{-1, -1}));
 }
 
-TEST(YamlReader, RecordsKeysThatGotNoValue) {
+TEST(YamlReader, recordsKeysThatGotNoValue) {
     const auto document = parseYAML("a: *x\nb: 1");
     EXPECT_EQ(document->keysOf(document->root()), (std::vector<std::string_view>{"a", "1"}));
     EXPECT_EQ(toJSON(*document), R"({"a":"b"})");
 }
 
-TEST(YamlWriter, WritesBlockAndFlow) {
+TEST(YamlWriter, writesBlockAndFlow) {
     const auto document = parseJSON(R"({"b":{"list":[1,[2,{}],{"x":null,"y":true}]},"a":"two\nlines"})");
     EXPECT_EQ(toYAML(*document), R"(b:
   list:
@@ -115,7 +115,7 @@ a: 'two
               "{b: {list: [1, [2, {}]]}, a: []}\n");
 }
 
-TEST(YamlWriter, QuotesWhatWouldReadBackAsAnotherKind) {
+TEST(YamlWriter, quotesWhatWouldReadBackAsAnotherKind) {
     const auto written = [](const std::string& text) {
         JVDocument document;
         document.makeRoot(Kind::Array)->appendString(text);
@@ -142,7 +142,7 @@ TEST(YamlWriter, QuotesWhatWouldReadBackAsAnotherKind) {
     EXPECT_EQ(toYAML(*parseJSON(numbers), 0), numbers);
 }
 
-TEST(YamlWriter, LeavesPlainWhatWasPlain) {
+TEST(YamlWriter, leavesPlainWhatWasPlain) {
     const std::string text = "a:\n"
                              "b: ~\n"
                              "c: True\n"
@@ -166,7 +166,7 @@ TEST(YamlWriter, LeavesPlainWhatWasPlain) {
     EXPECT_FALSE(value->isPlainScalar()) << "what is set in code was not plain";
 }
 
-TEST(YamlWriter, RefusesWhatCannotBeReadBack) {
+TEST(YamlWriter, refusesWhatCannotBeReadBack) {
     const auto messageFor = [](const JVDocument& document) {
         return failureOf<std::runtime_error>([&] { return toYAML(document); });
     };

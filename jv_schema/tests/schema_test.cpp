@@ -32,7 +32,7 @@ using test_support::repeated;
     return lines;
 }
 
-TEST(SchemaErrors, SayWhereAndWhat) {
+TEST(SchemaErrors, sayWhereAndWhat) {
     struct Case {
         std::string schema;
         std::string instance;
@@ -106,7 +106,7 @@ TEST(SchemaErrors, SayWhereAndWhat) {
     EXPECT_THAT(errorsOf(compiled(format), "\"2024-13-01\""), testing::IsEmpty());
 }
 
-TEST(SchemaErrors, AreThoseOfTheClosestBranch) {
+TEST(SchemaErrors, areThoseOfTheClosestBranch) {
     const Schema schemaOrReference = compiled(R"({
         "oneOf": [{"$ref": "#/$defs/schema"}, {"$ref": "#/$defs/reference"}, {"type": "boolean"}],
         "$defs": {
@@ -150,7 +150,7 @@ TEST(SchemaErrors, AreThoseOfTheClosestBranch) {
     }
 }
 
-TEST(Schema, RefusesWhatCannotBeCompiled) {
+TEST(Schema, refusesWhatCannotBeCompiled) {
     struct Case {
         std::string schema;
         std::string text;
@@ -173,7 +173,7 @@ TEST(Schema, RefusesWhatCannotBeCompiled) {
         EXPECT_EQ(failureOf<CompileError>([&] { return compiled(row.schema); }), row.text) << row.schema;
 }
 
-TEST(Schema, DecidesNumbersOfAllKinds) {
+TEST(Schema, decidesNumbersOfAllKinds) {
     struct Case {
         std::string schema;
         std::string instance;
@@ -211,7 +211,7 @@ TEST(Schema, DecidesNumbersOfAllKinds) {
                  CompileError);
 }
 
-TEST(Schema, KeepsItsLimits) {
+TEST(Schema, keepsItsLimits) {
     const std::string tooDeep = "schema is nested more than 1500 levels deep";
     const std::string endless = "schema refers to itself without end";
     const auto chain = [](const std::string& keyword) { return R"({")" + keyword + R"(": {"a": )"; };
@@ -280,7 +280,7 @@ TEST(Schema, KeepsItsLimits) {
     }
 }
 
-TEST(SchemaRegistry, GivesWhatReferencesName) {
+TEST(SchemaRegistry, givesWhatReferencesName) {
     SchemaRegistry registry;
     registry.add(
         "http://x/a.json#",

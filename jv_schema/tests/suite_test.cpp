@@ -113,7 +113,7 @@ const std::vector<std::pair<std::string, Draft>>& drafts() {
     return all;
 }
 
-TEST(SchemaSuite, PassesAllRequiredTestsAndAllOptionalOnesButTheNamed) {
+TEST(SchemaSuite, passesAllRequiredTestsAndAllOptionalOnesButTheNamed) {
     SPECLOOM_NEEDS_CORPORA();
     const Suite suite;
     std::set<std::string> expected;
@@ -147,7 +147,7 @@ TEST(SchemaSuite, PassesAllRequiredTestsAndAllOptionalOnesButTheNamed) {
     EXPECT_EQ(differing, expected) << "tests that differ, and tests that are named above";
 }
 
-TEST(SchemaSuite, DecidesFormatsAsTheValidatorsDo) {
+TEST(SchemaSuite, decidesFormatsAsTheValidatorsDo) {
     SPECLOOM_NEEDS_CORPORA();
     const Suite suite;
     std::set<std::string_view> undecided;

@@ -25,7 +25,7 @@ std::string repeated(std::string_view unit, std::size_t count) {
     return text;
 }
 
-TEST(Html, WritesWhatCommonMarkMeans) {
+TEST(Html, writesWhatCommonMarkMeans) {
     const std::vector<Case> cases = {
         {"", ""},
         {"a\nb  \nc\\\nd", "<p>a\nb<br />\nc<br />\nd</p>\n"},
@@ -54,7 +54,7 @@ TEST(Html, WritesWhatCommonMarkMeans) {
         EXPECT_EQ(toHtml(each.text), each.html) << each.text;
 }
 
-TEST(Html, RunsNothing) {
+TEST(Html, runsNothing) {
     const std::vector<Case> cases = {
         {"a <script>b</script> <svg onload=c>",
          "<p>a &lt;script&gt;b&lt;/script&gt; &lt;svg onload=c&gt;</p>\n"},
@@ -82,7 +82,7 @@ TEST(Html, RunsNothing) {
         EXPECT_EQ(toHtml(each.text), each.html) << each.text;
 }
 
-TEST(Html, ShiftsAndNamesHeadings) {
+TEST(Html, shiftsAndNamesHeadings) {
     const std::string text = "# A {b} &amp; C\n## a\n##### a\n# a-1\n# *a*\n# ?\n";
     EXPECT_EQ(
         toHtml(text, {.headingShift = 1, .headingIdPrefix = "p-"}),
@@ -92,7 +92,7 @@ TEST(Html, ShiftsAndNamesHeadings) {
 }
 
 /// Texts that make parsers slow or their output large. The time limit of the tests would catch a square.
-TEST(Html, TakesCostlyTexts) {
+TEST(Html, takesCostlyTexts) {
     constexpr std::size_t many = 30'000;
     const std::vector<std::string> texts = {
         repeated(">", many),
@@ -116,7 +116,7 @@ TEST(Html, TakesCostlyTexts) {
     }
 }
 
-TEST(Html, LeavesDeepMarksAsText) {
+TEST(Html, leavesDeepMarksAsText) {
     const std::string quotes = repeated(">", 203);
     EXPECT_TRUE(
         toHtml(quotes + " a").ends_with("<p>&gt;&gt;&gt; a</p>\n" + repeated("</blockquote>\n", 200)));

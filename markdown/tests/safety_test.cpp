@@ -7,7 +7,7 @@
 
 namespace specloom::markdown {
 
-TEST(Safety, FindsWhatAPageShouldNotRun) {
+TEST(Safety, findsWhatAPageShouldNotRun) {
     struct Case {
         std::string text;
         bool html;

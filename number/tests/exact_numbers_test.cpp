@@ -31,7 +31,7 @@ const std::vector<std::vector<std::string>> valuesByLine = {
     {"1e-5000", "0.1e-4999"},
 };
 
-TEST(ExactNumbers, HashAlikeExactlyWhereTheyAreEqual) {
+TEST(ExactNumbers, hashAlikeExactlyWhereTheyAreEqual) {
     std::set<std::uint64_t> hashes;
     for (const auto& line : valuesByLine) {
         const Number first = Number::fromText(line.front());

@@ -27,7 +27,7 @@ using jv::schema::ValidationError;
     return errors;
 }
 
-TEST(DocumentSchema, JudgesItsOwnTestsAsTheirFoldersSay) {
+TEST(DocumentSchema, judgesItsOwnTestsAsTheirFoldersSay) {
     SPECLOOM_NEEDS_CORPORA();
     std::size_t count = 0;
     for (const char* folder : {"tests-v3.0", "tests-v3.1"}) {
@@ -44,7 +44,7 @@ TEST(DocumentSchema, JudgesItsOwnTestsAsTheirFoldersSay) {
     EXPECT_GT(count, 40U);
 }
 
-TEST(DocumentSchema, LooksIntoSchemasUnlessTheyAreOfAnotherDialect) {
+TEST(DocumentSchema, looksIntoSchemasUnlessTheyAreOfAnotherDialect) {
     const std::string text = "openapi: 3.1.0\ninfo: {title: a, version: b}\n"
                              "components: {schemas: {A: {properties: {p: {type: strin}}}}}\n";
     const auto errors = errorsOf(*parseYAML(text)->root());
@@ -57,7 +57,7 @@ TEST(DocumentSchema, LooksIntoSchemasUnlessTheyAreOfAnotherDialect) {
     EXPECT_EQ(errorsOf(*parseYAML(ownDialect)->root()).size(), 0U);
 }
 
-TEST(DocumentSchema, DecidesEveryDocumentOfTheCorpora) {
+TEST(DocumentSchema, decidesEveryDocumentOfTheCorpora) {
     SPECLOOM_NEEDS_CORPORA();
     for (const char* folder : {"openapi", "pairs"}) {
         for (const fs::path& path : test_support::filesBelow(test_support::corporaFolder() / folder, "")) {

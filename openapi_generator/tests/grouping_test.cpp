@@ -62,7 +62,7 @@ std::string groupsOf(const OperationGrouper& grouper) {
     return result + "-:" + placesOf(grouper.ungrouped()) + "\n";
 }
 
-TEST(OperationGrouper, Groups) {
+TEST(OperationGrouper, groups) {
     using enum GroupingCriterion;
     const auto shop = readShop();
     const std::pair<std::vector<GroupingCriterion>, std::string> cases[] = {
@@ -91,7 +91,7 @@ std::string textOf(Call call) {
     return "nothing thrown";
 }
 
-TEST(OperationGrouper, LeavesOut) {
+TEST(OperationGrouper, leavesOut) {
     const auto shop = readShop();
     OperationGrouper used;
     used.setSkipDeprecated(true);
@@ -104,7 +104,7 @@ TEST(OperationGrouper, LeavesOut) {
               "Extension '/codegen/disabled' does not represent a boolean");
 }
 
-TEST(ActionNaming, TheFirstSourceThatYieldsAName) {
+TEST(ActionNaming, theFirstSourceThatYieldsAName) {
     using enum NameSource;
     const auto shop = readShop();
     const auto names = [&](const std::vector<NameSource>& sources) {
@@ -118,7 +118,7 @@ TEST(ActionNaming, TheFirstSourceThatYieldsAName) {
     EXPECT_EQ(names({Id, Url, Extension}), "get_/a get_/off put_/off getZ trace_/z/{id} ");
 }
 
-TEST(ActionNaming, ReadsSources) {
+TEST(ActionNaming, readsSources) {
     const auto read = [](const std::string& yaml) {
         std::vector<NameSource> sources{NameSource::Id};
         const auto document = parse("names: " + yaml);
@@ -136,7 +136,7 @@ TEST(ActionNaming, ReadsSources) {
               "Unknown grouping criterium: urls");
 }
 
-TEST(Issues, AreListedInTheOrderOfPlaces) {
+TEST(Issues, areListedInTheOrderOfPlaces) {
     const std::vector<Issue> issues = {
         {IssueSeverity::Fatal, "worst", {10, 2}},
         {IssueSeverity::Info, "second\nof the place", {10, 2}},

@@ -87,7 +87,7 @@ class PluginRunnerTest : public testing::Test {
         static_cast<TracingPlugin&>(runner.addPlugin(std::make_unique<TracingPlugin>(runner)));
 };
 
-TEST_F(PluginRunnerTest, StagesFollowOneAnother) {
+TEST_F(PluginRunnerTest, stagesFollowOneAnother) {
     plugin.setParam("outputPath", "out ");
     plugin.setParam("packageName", "name ");
     plugin.setParam("packageVersion", "1");
@@ -97,7 +97,7 @@ TEST_F(PluginRunnerTest, StagesFollowOneAnother) {
                             "collect b\ncollect a\ngenerate b\ngenerate a\n");
 }
 
-TEST_F(PluginRunnerTest, FaultsOfAConfigurationAreTold) {
+TEST_F(PluginRunnerTest, faultsOfAConfigurationAreTold) {
     EXPECT_EQ(runWith("{\n\"fault\": 1}"), "Error reading configuration file (line 2): Wrong");
     EXPECT_EQ(runWith("{\"other\": 1}"), "Error reading configuration file: Other\\nfault");
     EXPECT_EQ(runWith("{\"openapi\": {\"custom_formats\": 1}}"),
@@ -109,7 +109,7 @@ TEST_F(PluginRunnerTest, FaultsOfAConfigurationAreTold) {
     EXPECT_EQ(runWith("{}"), "");
 }
 
-TEST_F(PluginRunnerTest, CustomFormatsReachTheDocument) {
+TEST_F(PluginRunnerTest, customFormatsReachTheDocument) {
     runner.setInputPath(folder.write("metres.yaml",
                                      "openapi: 3.1.0\ninfo: {title: t, version: v}\npaths: {}\n"
                                      "components: {schemas: {A: {type: number, format: metres}}}\n"));
@@ -117,7 +117,7 @@ TEST_F(PluginRunnerTest, CustomFormatsReachTheDocument) {
     EXPECT_EQ(runWith(R"({"openapi": {"custom_formats": [{"name": "metres", "type": "number"}]}})"), "");
 }
 
-TEST_F(PluginRunnerTest, LocaleFilesAreReadAtOnce) {
+TEST_F(PluginRunnerTest, localeFilesAreReadAtOnce) {
     const auto adding = [&](std::string_view content) -> std::string {
         try {
             runner.addLocaleFile("de", folder.write("de.yaml", content));
@@ -131,7 +131,7 @@ TEST_F(PluginRunnerTest, LocaleFilesAreReadAtOnce) {
     EXPECT_EQ(adding("hello: Hallo"), "Hallo");
 }
 
-TEST_F(PluginRunnerTest, NamedPluginsPrintTheirLineOfDocumentsThatCanBeRead) {
+TEST_F(PluginRunnerTest, namedPluginsPrintTheirLineOfDocumentsThatCanBeRead) {
     std::ostringstream out;
     for (const NamedPlugin& named : namedPlugins())
         runner.addPlugin(makeNamedPlugin(named.name, runner, out));

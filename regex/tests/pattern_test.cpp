@@ -34,7 +34,7 @@ Outcome searchUncached(const std::string& pattern, std::string_view text) {
 
 } // namespace
 
-TEST(Pattern, MatchesAnywhereInTheText) {
+TEST(Pattern, matchesAnywhereInTheText) {
     struct Case {
         std::string pattern;
         std::vector<std::string> matches;
@@ -125,7 +125,7 @@ TEST(Pattern, MatchesAnywhereInTheText) {
     }
 }
 
-TEST(Pattern, SaysWhatIsWrong) {
+TEST(Pattern, saysWhatIsWrong) {
     struct Case {
         std::string pattern;
         std::string message;
@@ -192,7 +192,7 @@ TEST(Pattern, SaysWhatIsWrong) {
     }
 }
 
-TEST(Pattern, AnswersHostilePatternsInBoundedWork) {
+TEST(Pattern, answersHostilePatternsInBoundedWork) {
     const std::string many = repeated("a", 1'000'000);
     std::string mixed;
     std::mt19937 random(1);
@@ -234,7 +234,7 @@ TEST(Pattern, AnswersHostilePatternsInBoundedWork) {
     }
 }
 
-TEST(Pattern, IsSearchedWithByThreadsAtOnce) {
+TEST(Pattern, isSearchedWithByThreadsAtOnce) {
     const Pattern pattern("^(?:[a-c]{2}|[d-f]{3})*$");
     std::vector<std::jthread> threads;
     for (int i = 0; i < 4; ++i) {
@@ -302,7 +302,7 @@ class RandomPattern {
     bool inLookahead_ = false;
 };
 
-TEST(Pattern, AgreesWithTheStandardLibrary) {
+TEST(Pattern, agreesWithTheStandardLibrary) {
     constexpr std::uint32_t seed = 20'231;
     SCOPED_TRACE(seed);
     RandomPattern random(seed);

@@ -72,7 +72,7 @@ class Printer {
 
 } // namespace
 
-TEST(Syntax, TellsAllOfAPattern) {
+TEST(Syntax, tellsAllOfAPattern) {
     struct Case {
         std::string source;
         std::string tree;
@@ -97,7 +97,7 @@ TEST(Syntax, TellsAllOfAPattern) {
     }
 }
 
-TEST(Syntax, IsAsDeepAsItSays) {
+TEST(Syntax, isAsDeepAsItSays) {
     std::string source = "b";
     for (std::size_t i = 0; i < maxNesting; ++i)
         source = "a|b(?=" + source + ")*";

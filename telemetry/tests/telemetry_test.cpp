@@ -55,7 +55,7 @@ class TelemetryTest : public testing::Test {
     const std::string file = folder.at("spans");
 };
 
-TEST_F(TelemetryTest, ASpanInsideOfAnotherIsItsChild) {
+TEST_F(TelemetryTest, aSpanInsideOfAnotherIsItsChild) {
     initTelemetry(file);
     {
         const Span outer("outer");
@@ -80,7 +80,7 @@ TEST_F(TelemetryTest, ASpanInsideOfAnotherIsItsChild) {
     EXPECT_EQ(spans[0].library, "specloom-1.13.0");
 }
 
-TEST_F(TelemetryTest, AnExceptionEndsTheSpansThatItLeaves) {
+TEST_F(TelemetryTest, anExceptionEndsTheSpansThatItLeaves) {
     initTelemetry(file);
     try {
         const Span outer("outer");
@@ -98,7 +98,7 @@ TEST_F(TelemetryTest, AnExceptionEndsTheSpansThatItLeaves) {
     EXPECT_EQ(spans[2].parent, noParent);
 }
 
-TEST_F(TelemetryTest, WithoutTelemetryNothingHappens) {
+TEST_F(TelemetryTest, withoutTelemetryNothingHappens) {
     { const Span before("before"); }
     shutdownTelemetry();
     initTelemetry(file);
@@ -111,7 +111,7 @@ TEST_F(TelemetryTest, WithoutTelemetryNothingHappens) {
     EXPECT_EQ(fs::file_size(file), 0U);
 }
 
-TEST_F(TelemetryTest, AnExitWhileRecordingIsHarmless) {
+TEST_F(TelemetryTest, anExitWhileRecordingIsHarmless) {
     EXPECT_EXIT(
         {
             initTelemetry(file);

@@ -10,7 +10,7 @@
 namespace specloom::embedding_sample {
 namespace {
 
-TEST(Embedding, TakesSubFoldersInTheOrderOfTheirPaths) {
+TEST(Embedding, takesSubFoldersInTheOrderOfTheirPaths) {
     std::vector<std::pair<std::string, std::string>> files;
     for (const EmbeddedFile& file : sampleTexts())
         files.emplace_back(file.name, file.content);

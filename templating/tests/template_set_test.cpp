@@ -25,7 +25,7 @@ std::string errorOf(const TemplateSet& set, std::string_view name, const nlohman
     }
 }
 
-TEST(TemplateSet, RendersWhatStandsThere) {
+TEST(TemplateSet, rendersWhatStandsThere) {
     struct Row {
         std::string text;
         std::string expected;
@@ -42,7 +42,7 @@ TEST(TemplateSet, RendersWhatStandsThere) {
         EXPECT_EQ(render(row.text, data), row.expected) << row.text;
 }
 
-TEST(TemplateSet, OffersFunctions) {
+TEST(TemplateSet, offersFunctions) {
     const nlohmann::json data = {{"text", "  pet_{\"'&"}, {"name", "XMLParser/pet_store"}};
     const std::vector<std::array<std::string, 2>> rows = {
         {"{{ escapeHtml(text) }}", "  pet_&lcub;&quot;'&amp;"},
@@ -75,7 +75,7 @@ const std::array<EmbeddedFile, 13> family = {{
     {"failing", "{% include \"parts/item\" %}\n{{ greet(\"\", \"\") }}"},
 }};
 
-TEST(TemplateSet, IncludesAndExtendsByName) {
+TEST(TemplateSet, includesAndExtendsByName) {
     const TemplateSet set({family});
     const nlohmann::json data = {
         {"title", "T"}, {"list", {{{"name", "a"}}, {{"name", "{{ title }}"}}}}, {"last", 1}};
@@ -86,7 +86,7 @@ TEST(TemplateSet, IncludesAndExtendsByName) {
     EXPECT_EQ(set.render("report", data), page);
 }
 
-TEST(TemplateSet, SaysWhichTemplateFailedAndWhere) {
+TEST(TemplateSet, saysWhichTemplateFailedAndWhere) {
     const TemplateSet set({family});
     const nlohmann::json data = {{"title", "T"}, {"list", {{{"name", "a"}}, {{"name", 1}}}}};
     const std::vector<std::array<std::string, 2>> rows = {
@@ -108,7 +108,7 @@ TEST(TemplateSet, SaysWhichTemplateFailedAndWhere) {
     EXPECT_EQ(errorOf(set, "literal", data).find("Template literal: [json.exception.parse_error"), 0u);
 }
 
-TEST(TemplateSet, TakesFunctionsOfItsModule) {
+TEST(TemplateSet, takesFunctionsOfItsModule) {
     const TemplateSet* itself = nullptr;
     const auto greet = [&](std::span<const std::string_view> names) -> nlohmann::json {
         if (names[0].empty())
@@ -127,7 +127,7 @@ TEST(TemplateSet, TakesFunctionsOfItsModule) {
               "Template parts/item, line 1, column 6: variable 'x.name' not found");
 }
 
-TEST(TemplateSet, TakesTheFirstOfTwoTemplatesWithOneName) {
+TEST(TemplateSet, takesTheFirstOfTwoTemplatesWithOneName) {
     const std::array<EmbeddedFile, 1> first = {{{"html.jinja", "mine"}}};
     const std::array<EmbeddedFile, 1> second = {{{"html.jinja", "theirs"}}};
     EXPECT_EQ(TemplateSet({first, second}).render("html.jinja", {}), "mine");

@@ -87,14 +87,14 @@ std::vector<fs::path> pages() {
     return result;
 }
 
-TEST(Architecture, EveryPathItNamesExists) {
+TEST(Architecture, everyPathItNamesExists) {
     const std::vector<std::string> paths = pathsOfArchitecture();
     ASSERT_FALSE(paths.empty());
     for (const std::string& path : paths)
         EXPECT_TRUE(fs::exists(root / path)) << path;
 }
 
-TEST(Architecture, ArrowsAreThoseOfTheBuild) {
+TEST(Architecture, arrowsAreThoseOfTheBuild) {
     const auto modules = modulesOfArchitecture();
     for (const auto& entry : fs::directory_iterator(root)) {
         const std::string module = entry.path().filename().string();
@@ -110,7 +110,7 @@ TEST(Architecture, ArrowsAreThoseOfTheBuild) {
     }
 }
 
-TEST(Architecture, EveryFolderAtTheTopIsNamed) {
+TEST(Architecture, everyFolderAtTheTopIsNamed) {
     const std::vector<std::string> paths = pathsOfArchitecture();
     for (const auto& entry : fs::directory_iterator(root)) {
         const std::string folder = entry.path().filename().string() + "/";
@@ -136,7 +136,7 @@ std::string proseOf(const std::string& text) {
     return prose;
 }
 
-TEST(Documentation, EveryRelativeLinkLeadsSomewhere) {
+TEST(Documentation, everyRelativeLinkLeadsSomewhere) {
     std::size_t links = 0;
     for (const fs::path& page : pages())
         for (const std::string& link : between(proseOf(textOf(page)), "](", ')')) {
@@ -161,7 +161,7 @@ std::vector<std::string> librariesOfTheProgram() {
     return result;
 }
 
-TEST(Licenses, ThePageHasEveryLibraryOfTheProgram) {
+TEST(Licenses, thePageHasEveryLibraryOfTheProgram) {
     const std::string page = textOf(root / "docs/licenses.md");
     const std::vector<std::string> libraries = librariesOfTheProgram();
     ASSERT_GT(libraries.size(), 5u);
@@ -169,7 +169,7 @@ TEST(Licenses, ThePageHasEveryLibraryOfTheProgram) {
         EXPECT_NE(page.find("| `" + library + "` |"), std::string::npos) << library;
 }
 
-TEST(Licenses, EveryTextThatThePageNamesIsInstalled) {
+TEST(Licenses, everyTextThatThePageNamesIsInstalled) {
     std::size_t texts = 0;
     for (const std::string& name : between(textOf(root / "docs/licenses.md"), "`", '`')) {
         if (!name.ends_with(".txt"))

@@ -138,7 +138,7 @@ Limits limitsOfThePage() {
     return limits;
 }
 
-TEST(Limits, StandInThePageAsTheProgramHasThem) {
+TEST(Limits, standInThePageAsTheProgramHasThem) {
     const Limits program = limitsOfTheProgram();
     const Limits page = limitsOfThePage();
     for (const auto& [place, number] : program) {
@@ -152,7 +152,7 @@ TEST(Limits, StandInThePageAsTheProgramHasThem) {
         EXPECT_TRUE(program.contains(place)) << "no limit that this test knows: " << place;
 }
 
-TEST(Limits, ThatTheSourcesNameAsSuchAreAllKnown) {
+TEST(Limits, thatTheSourcesNameAsSuchAreAllKnown) {
     const std::regex constant(
         R"(\bconstexpr [\w:]+ ((?:most|deepest|longest|largest|widest|max|maximum)[A-Z]\w*) = )");
     std::set<std::string> met;

@@ -66,7 +66,7 @@ class FormatCorpora : public testing::TestWithParam<std::string> {
     const std::string document_ = GetParam();
 };
 
-TEST_P(FormatCorpora, ReadingAndWritingKeepsValuesAndKeyOrder) {
+TEST_P(FormatCorpora, readingAndWritingKeepsValuesAndKeyOrder) {
     const Tree source = test_support::parseFileIndependently(pathOf(document_));
     const jv::LoadedDocument loaded = jv::loadDocument(pathOf(document_));
     for (const DocumentFormat target : targetsOf(document_)) {
@@ -76,7 +76,7 @@ TEST_P(FormatCorpora, ReadingAndWritingKeepsValuesAndKeyOrder) {
     }
 }
 
-TEST_P(FormatCorpora, FormattingKeepsValuesAndSettles) {
+TEST_P(FormatCorpora, formattingKeepsValuesAndSettles) {
     const openapi_format::Formatter formatter;
     const Tree source = test_support::parseFileIndependently(pathOf(document_));
     for (const DocumentFormat target : targetsOf(document_)) {
@@ -108,7 +108,7 @@ INSTANTIATE_TEST_SUITE_P(Documents, FormatCorpora, testing::ValuesIn(documentNam
     return name;
 });
 
-TEST(FormatCorporaTables, NameDocumentsThatExist) {
+TEST(FormatCorporaTables, nameDocumentsThatExist) {
     SPECLOOM_NEEDS_CORPORA();
     const std::vector<std::string> names = documentNames();
     EXPECT_GE(names.size(), 37u);
@@ -145,7 +145,7 @@ void collectBigNumbers(const std::string& document, const std::string& pointer, 
         collectBigNumbers(document, test_support::childPointer(pointer, tree, i), tree.elements[i], found);
 }
 
-TEST_P(FormatCorpora, HasTheBigNumbersOfTheTable) {
+TEST_P(FormatCorpora, hasTheBigNumbersOfTheTable) {
     std::vector<BigNumber> found;
     collectBigNumbers(document_, "", test_support::parseFileIndependently(pathOf(document_)), found);
     std::vector<BigNumber> expected;
@@ -155,7 +155,7 @@ TEST_P(FormatCorpora, HasTheBigNumbersOfTheTable) {
     EXPECT_EQ(found, expected);
 }
 
-TEST(FormatCorporaDeathTest, JsonOutputOfBigNumbersEndsTheProcess) {
+TEST(FormatCorporaDeathTest, jsonOutputOfBigNumbersEndsTheProcess) {
     SPECLOOM_NEEDS_CORPORA();
     for (const char* document : {"mistral-3.1.yaml", "openai-3.1.yaml"}) {
         const jv::LoadedDocument loaded = jv::loadDocument(pathOf(document));
@@ -168,7 +168,7 @@ TEST(FormatCorporaDeathTest, JsonOutputOfBigNumbersEndsTheProcess) {
 // ---- the judge
 // ------------------------------------------------------------------------------------------------
 
-TEST(Judge, DropsALineFeed) {
+TEST(Judge, dropsALineFeed) {
     // YAML 1.2.2, section 7.3.2: in a quoted scalar the first of several line breaks goes, the others stay.
     const std::string text = "a: 'text\n\n\n  '\nb: 'text\n\n\n  end'\nc: '\n\n  '\n";
     const auto ours = jv::parseDocument(text, {.format = DocumentFormat::Yaml, .refLoader = {}});
@@ -184,7 +184,7 @@ TEST(Judge, DropsALineFeed) {
     EXPECT_EQ(texts(judged), (std::vector<std::string>{"text\n", "text\n\nend", ""}));
 }
 
-TEST(Judge, TellsKindsByTheCoreSchema) {
+TEST(Judge, tellsKindsByTheCoreSchema) {
     const Tree judged = test_support::parseYamlIndependently(
         "[null, ~, Null, NULL, 'null', true, True, TRUE, false, 'true', yes, 0, -12, +12, 0o17, 0x1F, 1.5, "
         ".5, 1., "

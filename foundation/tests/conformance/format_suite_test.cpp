@@ -91,7 +91,7 @@ const std::vector<Difference>& differences() {
     return all;
 }
 
-TEST(FormatSuite, AgreesButForTheNamedRows) {
+TEST(FormatSuite, agreesButForTheNamedRows) {
     SPECLOOM_NEEDS_CORPORA();
     std::set<std::pair<std::string, std::string>> expected;
     for (const Difference& difference : differences()) {

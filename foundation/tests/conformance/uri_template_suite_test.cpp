@@ -80,7 +80,7 @@ int runGroup(const JV& group) {
     return count;
 }
 
-TEST(UriTemplateSuite, Passes) {
+TEST(UriTemplateSuite, passes) {
     SPECLOOM_NEEDS_CORPORA();
     struct File {
         std::string name;
@@ -106,7 +106,7 @@ TEST(UriTemplateSuite, Passes) {
     }
 }
 
-TEST(UriTemplateSuite, RefusesAlreadyWhenReadingWhatNoValueFits) {
+TEST(UriTemplateSuite, refusesAlreadyWhenReadingWhatNoValueFits) {
     SPECLOOM_NEEDS_CORPORA();
     const auto document = jv::parseJSON(
         test_support::fileBytes(test_support::corporaFolder() / "uri-template" / "negative-tests.json"));

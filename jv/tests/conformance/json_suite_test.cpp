@@ -90,7 +90,7 @@ int forEachCase(std::string_view prefix, Check check) {
     return count;
 }
 
-TEST(JsonSuite, ReadsWhatIsJson) {
+TEST(JsonSuite, readsWhatIsJson) {
     SPECLOOM_NEEDS_CORPORA();
     const int count = forEachCase("y_", [](const std::string&, const std::string& text) {
         const auto document = read(text);
@@ -105,7 +105,7 @@ TEST(JsonSuite, ReadsWhatIsJson) {
     EXPECT_EQ(count, 95);
 }
 
-TEST(JsonSuite, RefusesWhatIsNot) {
+TEST(JsonSuite, refusesWhatIsNot) {
     SPECLOOM_NEEDS_CORPORA();
     std::vector<std::string> acceptedNames;
     const int count = forEachCase("n_", [&](const std::string& name, const std::string& text) {
@@ -121,7 +121,7 @@ std::string yamlError(const JVDocument& document) {
     return test_support::failureOf([&] { return documentToText(document, DocumentFormat::Yaml); });
 }
 
-TEST(JsonSuite, AnswersWhatIsLeftOpen) {
+TEST(JsonSuite, answersWhatIsLeftOpen) {
     SPECLOOM_NEEDS_CORPORA();
     std::vector<std::string> refused;
     std::map<std::string, std::string> yamlErrors;
@@ -140,7 +140,7 @@ TEST(JsonSuite, AnswersWhatIsLeftOpen) {
     EXPECT_EQ(count, 35);
 }
 
-TEST(JsonSuite, KeepsEveryDigitOfNumbersBeyondTheMachine) {
+TEST(JsonSuite, keepsEveryDigitOfNumbersBeyondTheMachine) {
     SPECLOOM_NEEDS_CORPORA();
     int compared = 0;
     forEachCase("i_number_", [&](const std::string& name, const std::string& text) {

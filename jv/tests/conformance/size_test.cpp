@@ -46,7 +46,7 @@ const JV* innermost(const JV* value) {
 // ---- depth
 // ----------------------------------------------------------------------------------------------------
 
-TEST(Depth, RefusesBracketsThatNobodyCloses) {
+TEST(Depth, refusesBracketsThatNobodyCloses) {
     EXPECT_EQ(jsonError(std::string(million, '[')), "JSON parse error");
     EXPECT_EQ(jsonError(repeated("{\"a\":", million)), "JSON parse error");
     EXPECT_EQ(jsonError(repeated("[{\"a\":", million)), "JSON parse error");
@@ -69,14 +69,14 @@ class NestedDocument : public testing::TestWithParam<Nesting> {
         repeated(nesting_.open, nesting_.levels) + "0" + repeated(nesting_.close, nesting_.levels);
 };
 
-TEST_P(NestedDocument, IsReadFromTextAndStream) {
+TEST_P(NestedDocument, isReadFromTextAndStream) {
     const auto document = parseJSON(text_);
     EXPECT_EQ(test_support::depthOf(*document->root()), depth_);
     std::istringstream stream(text_);
     EXPECT_TRUE(readJSON(stream)->root()->equals(*document->root()));
 }
 
-TEST_P(NestedDocument, IsIndexedAndFound) {
+TEST_P(NestedDocument, isIndexedAndFound) {
     const auto document = parseJSON(text_);
     const JV* deepest = innermost(document->root());
     const std::string pointer = deepest->pointer();
@@ -91,7 +91,7 @@ TEST_P(NestedDocument, IsIndexedAndFound) {
     EXPECT_EQ(tokens.toString(), pointer);
 }
 
-TEST_P(NestedDocument, IsComparedHashedAndCopied) {
+TEST_P(NestedDocument, isComparedHashedAndCopied) {
     const auto document = parseJSON(text_);
     const auto copy = JVDocument::clone(*document->root());
     EXPECT_TRUE(copy->equals(*document->root()));
@@ -109,7 +109,7 @@ TEST_P(NestedDocument, IsComparedHashedAndCopied) {
 }
 
 /// A deep tree on the heap inside of one in a document's slabs, and the other way round.
-TEST_P(NestedDocument, IsDestroyedAsPartOfAnother) {
+TEST_P(NestedDocument, isDestroyedAsPartOfAnother) {
     const auto document = parseJSON(text_);
     JV* root = document->root();
     if (root->isArray())
@@ -122,7 +122,7 @@ TEST_P(NestedDocument, IsDestroyedAsPartOfAnother) {
     EXPECT_EQ(test_support::depthOf(*document->root()), 0u);
 }
 
-TEST_P(NestedDocument, IsRefusedByTheWriters) {
+TEST_P(NestedDocument, isRefusedByTheWriters) {
     const auto document = parseJSON(text_);
     EXPECT_THROW(static_cast<void>(documentToText(*document, DocumentFormat::Json)), JSONWriterError);
     // Whichever limit is met first: objects are indented further with each level.
@@ -139,7 +139,7 @@ INSTANTIATE_TEST_SUITE_P(Depth, NestedDocument,
                                          Nesting{"AMillionArrays", "[", "]", 1, million}),
                          [](const auto& test) { return test.param.name; });
 
-TEST(Depth, WritesJsonDownTo128Levels) {
+TEST(Depth, writesJsonDownTo128Levels) {
     const auto nested = [](std::size_t depth) { return std::string(depth, '[') + std::string(depth, ']'); };
     EXPECT_EQ(
         documentToText(*parseJSON(nested(128)), {.format = DocumentFormat::Json, .indent = 0, .sorter = {}}),
@@ -149,7 +149,7 @@ TEST(Depth, WritesJsonDownTo128Levels) {
 }
 
 /// libyaml's own work grows with the square of the depth, in block style as much as in flow style.
-TEST(Depth, ReadsYamlDownTo10000Levels) {
+TEST(Depth, readsYamlDownTo10000Levels) {
     const auto flow = [](std::size_t depth) { return std::string(depth, '[') + std::string(depth, ']'); };
     const auto flowObjects = [](std::size_t depth) { return repeated("{a: ", depth) + repeated("}", depth); };
     const auto block = [](std::size_t depth) { return repeated("- ", depth) + "a\n"; };
@@ -173,7 +173,7 @@ TEST(Depth, ReadsYamlDownTo10000Levels) {
 }
 
 /// What is written at the deepest level is read back from there.
-TEST(Depth, WritesTheDeepestYaml) {
+TEST(Depth, writesTheDeepestYaml) {
     const auto document = parseJSON(std::string(10'000, '[') + "\"1\"" + std::string(10'000, ']'));
     const std::string text =
         documentToText(*document, {.format = DocumentFormat::Yaml, .indent = 0, .sorter = {}});
@@ -183,7 +183,7 @@ TEST(Depth, WritesTheDeepestYaml) {
 // ---- size
 // -----------------------------------------------------------------------------------------------------
 
-TEST(Size, KeepsAStringOf100Megabytes) {
+TEST(Size, keepsAStringOf100Megabytes) {
     const std::string text(100 * million, 'x');
     const auto document = parseJSON("[\"" + text + "\",\"" + text.substr(1) + "\\n\"]");
     const auto elements = document->root()->elements();
@@ -196,7 +196,7 @@ TEST(Size, KeepsAStringOf100Megabytes) {
     EXPECT_TRUE(parseJSON(written)->root()->equals(*document->root()));
 }
 
-TEST(Size, KeepsAMillionKeys) {
+TEST(Size, keepsAMillionKeys) {
     std::string text = "{";
     for (std::size_t i = 0; i < million; ++i)
         text += fmt::format("\"k{}\":{},", (i * 7919) % million, i);
@@ -217,7 +217,7 @@ TEST(Size, KeepsAMillionKeys) {
     }
 }
 
-TEST(Size, KeepsTheLastOfAMillionDuplicates) {
+TEST(Size, keepsTheLastOfAMillionDuplicates) {
     std::string text = "{\"first\":0,";
     for (std::size_t i = 0; i < million; ++i)
         text += fmt::format("\"same\":{},", i);
@@ -231,7 +231,7 @@ TEST(Size, KeepsTheLastOfAMillionDuplicates) {
 }
 
 /// Each in an object of its own, so that what an object needs once is paid a million times.
-TEST(Size, KeepsAMillionObjects) {
+TEST(Size, keepsAMillionObjects) {
     const std::string text = "[" + repeated("{\"a\":{},\"a\":[],\"b\":1},", million / 4) + "{}]";
     const auto document = parseJSON(text);
     EXPECT_EQ(document->root()->size(), million / 4 + 1);
@@ -240,7 +240,7 @@ TEST(Size, KeepsAMillionObjects) {
 }
 
 /// Objects that are built and changed in code.
-TEST(Size, BuildsAndEmptiesAMillionKeys) {
+TEST(Size, buildsAndEmptiesAMillionKeys) {
     JVDocument document;
     JV* root = document.makeRoot(Kind::Object);
     for (std::size_t i = 0; i < million; ++i)
@@ -255,7 +255,7 @@ TEST(Size, BuildsAndEmptiesAMillionKeys) {
     EXPECT_TRUE(root->has("k1"));
 }
 
-TEST(Size, KeepsManyBytesOfEverything) {
+TEST(Size, keepsManyBytesOfEverything) {
     const std::string digits(million, '7');
     EXPECT_EQ(parseJSON("[" + digits + "]")->root()->elements()[0]->number().kind(), number::NumberKind::Big);
     EXPECT_EQ(jsonError(digits + "x"), "JSON parse error");

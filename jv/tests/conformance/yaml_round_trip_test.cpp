@@ -158,11 +158,11 @@ void expectSurvival(const std::vector<std::string>& strings, Layouts layouts) {
     }
 }
 
-TEST(YamlRoundTrip, KeepsEveryPiece) {
+TEST(YamlRoundTrip, keepsEveryPiece) {
     expectSurvival(allPieces(), Layouts::All);
 }
 
-TEST(YamlRoundTrip, KeepsEveryPair) {
+TEST(YamlRoundTrip, keepsEveryPair) {
     std::vector<std::string> pairs;
     const std::vector<std::string> pieces = allPieces();
     for (const std::string& first : pieces) {
@@ -176,7 +176,7 @@ TEST(YamlRoundTrip, KeepsEveryPair) {
     expectSurvival(pairs, Layouts::Three);
 }
 
-TEST(YamlRoundTrip, KeepsRandomSequences) {
+TEST(YamlRoundTrip, keepsRandomSequences) {
     const std::vector<std::string> pieces = allPieces();
     std::mt19937 random(20240611);
     std::vector<std::string> sequences;
@@ -190,7 +190,7 @@ TEST(YamlRoundTrip, KeepsRandomSequences) {
 
 /// A string that stood plain in its source is written plain again where it can be, so other rules hold for
 /// it.
-TEST(YamlRoundTrip, KeepsPlainStringsOfASource) {
+TEST(YamlRoundTrip, keepsPlainStringsOfASource) {
     std::vector<std::string> texts;
     const std::vector<std::string> pieces = allPieces();
     for (const std::string& first : pieces)
@@ -219,7 +219,7 @@ TEST(YamlRoundTrip, KeepsPlainStringsOfASource) {
 
 /// libyaml writes a key of more than 128 bytes behind a "?", and its parser looks for the ":" of a plain key
 /// no further than 1024 bytes.
-TEST(YamlRoundTrip, KeepsLongKeys) {
+TEST(YamlRoundTrip, keepsLongKeys) {
     std::vector<std::string> longOnes;
     for (const std::size_t length : {126u, 127u, 128u, 129u, 1022u, 1023u, 1024u, 1025u, 5000u}) {
         const std::string run(length, 'k');
@@ -237,7 +237,7 @@ TEST(YamlRoundTrip, KeepsLongKeys) {
     expectSurvival(longOnes, Layouts::Three);
 }
 
-TEST(YamlRoundTrip, TakesTheExponentFormForANumber) {
+TEST(YamlRoundTrip, takesTheExponentFormForANumber) {
     for (const char* text : {"1e5", "1E5", "-1e5", "+1.5e-3", "0e0", "1e400"}) {
         SCOPED_TRACE(text);
         ASSERT_TRUE(isExponentForm(text));
@@ -253,7 +253,7 @@ TEST(YamlRoundTrip, TakesTheExponentFormForANumber) {
 }
 
 /// What YAML cannot hold is refused; written all the same, the whole text could not be read back.
-TEST(YamlRoundTrip, RefusesWhatYamlCannotHold) {
+TEST(YamlRoundTrip, refusesWhatYamlCannotHold) {
     const std::string string = "Failed to initialize string scalar event";
     const std::string number = "Failed to initialize number scalar event";
     const auto error = [](const std::unique_ptr<JV>& value) {

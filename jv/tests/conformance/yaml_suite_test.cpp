@@ -43,7 +43,7 @@ const std::vector<std::string> withEmptyKeys = {
     "M5DY", "Q9WF", "RZP5", "SBG9", "UGM3", "V9D5", "X38W", "XW4D",
 };
 
-TEST(YamlSuite, GivesADocumentOrTheOneError) {
+TEST(YamlSuite, givesADocumentOrTheOneError) {
     SPECLOOM_NEEDS_CORPORA();
     const auto folder = test_support::corporaFolder() / "yaml";
     const auto paths = test_support::filesBelow(folder, "in.yaml");
@@ -71,7 +71,7 @@ TEST(YamlSuite, GivesADocumentOrTheOneError) {
 }
 
 /// All files of both suites, whatever they are, through both readers.
-TEST(YamlSuite, AnswersEveryFile) {
+TEST(YamlSuite, answersEveryFile) {
     SPECLOOM_NEEDS_CORPORA();
     int answers = 0;
     for (const char* suite : {"json", "yaml"}) {
