@@ -1,9 +1,10 @@
 #pragma once
 
-#include <fmt/core.h>
 #include <string>      // std::string
 #include <string_view> // std::string_view
 #include <vector>      // std::vector
+
+#include <fmt/core.h>
 
 namespace specloom::bench {
 

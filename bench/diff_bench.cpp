@@ -7,10 +7,11 @@
 #include "test_support/read_tree.h"
 
 #include <filesystem> // std::filesystem
+#include <fstream>    // std::ofstream
+#include <memory>     // std::unique_ptr
+#include <sstream>    // std::ostringstream
+
 #include <fmt/core.h>
-#include <fstream>  // std::ofstream
-#include <memory>   // std::unique_ptr
-#include <sstream>  // std::ostringstream
 #include <unistd.h> // getpid
 
 namespace specloom::bench {

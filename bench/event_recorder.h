@@ -6,6 +6,7 @@
 #include <string>      // std::string
 #include <string_view> // std::string_view
 #include <vector>      // std::vector
+
 #include <yaml.h>
 
 namespace specloom::bench {

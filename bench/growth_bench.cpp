@@ -6,8 +6,9 @@
 #include "test_support/temporary_folder.h"
 
 #include <algorithm> // std::max
+#include <fstream>   // std::ofstream
+
 #include <fmt/core.h>
-#include <fstream> // std::ofstream
 
 namespace specloom::bench {
 

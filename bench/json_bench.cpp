@@ -3,11 +3,12 @@
 #include "jv/json_reader.h"
 #include "jv/json_writer.h"
 
-#include <memory> // std::unique_ptr
-#include <nlohmann/json.hpp>
-#include <optional> // std::optional
-#include <rapidjson/document.h>
+#include <memory>    // std::unique_ptr
+#include <optional>  // std::optional
 #include <stdexcept> // std::runtime_error
+
+#include <nlohmann/json.hpp>
+#include <rapidjson/document.h>
 
 namespace specloom::bench {
 

@@ -1,5 +1,6 @@
-#include <chrono>  // std::chrono::steady_clock
-#include <cstdio>  // std::printf
+#include <chrono> // std::chrono::steady_clock
+#include <cstdio> // std::printf
+
 #include <fcntl.h> // O_RDWR
 #include <spawn.h> // posix_spawn
 #include <sys/resource.h>

@@ -1,12 +1,13 @@
 #include "bench/benchmarks.h"
 #include "test_support/corpora.h"
 
-#include <cstdio>    // stderr
-#include <cstdlib>   // std::atoi
-#include <exception> // std::exception
-#include <fmt/core.h>
+#include <cstdio>      // stderr
+#include <cstdlib>     // std::atoi
+#include <exception>   // std::exception
 #include <string_view> // std::string_view
 #include <vector>      // std::vector
+
+#include <fmt/core.h>
 
 namespace {
 

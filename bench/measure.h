@@ -2,8 +2,9 @@
 
 #include <algorithm> // std::sort
 #include <ctime>     // clock_gettime
-#include <malloc.h>  // malloc_trim
 #include <vector>    // std::vector
+
+#include <malloc.h> // malloc_trim
 
 namespace specloom::bench {
 

@@ -3,8 +3,9 @@
 #include "jv/json_reader.h"
 #include "jv/yaml_reader.h"
 
-#include <fmt/core.h>
 #include <memory> // std::unique_ptr
+
+#include <fmt/core.h>
 
 namespace specloom::bench {
 

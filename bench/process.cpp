@@ -1,9 +1,10 @@
 #include "bench/process.h"
 
 #include <cstdio>    // std::fscanf
-#include <fcntl.h>   // O_CLOEXEC
-#include <spawn.h>   // posix_spawn
 #include <stdexcept> // std::runtime_error
+
+#include <fcntl.h> // O_CLOEXEC
+#include <spawn.h> // posix_spawn
 #include <sys/wait.h>
 #include <unistd.h> // pipe2
 

@@ -6,11 +6,12 @@
 
 #include <cstdio>     // stderr
 #include <filesystem> // std::filesystem
+#include <fstream>    // std::ofstream
+#include <stdexcept>  // std::runtime_error
+#include <string>     // std::string
+
 #include <fmt/core.h>
-#include <fstream>   // std::ofstream
-#include <stdexcept> // std::runtime_error
-#include <string>    // std::string
-#include <unistd.h>  // getpid
+#include <unistd.h> // getpid
 
 namespace specloom::bench {
 

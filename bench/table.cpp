@@ -1,6 +1,7 @@
 #include "bench/table.h"
 
 #include <cstdio> // std::fflush
+
 #include <fmt/core.h>
 
 namespace specloom::bench {

@@ -6,8 +6,9 @@
 #include "openapi/reader.h"
 #include "test_support/read_tree.h"
 
-#include <fmt/core.h>
 #include <memory> // std::unique_ptr
+
+#include <fmt/core.h>
 
 namespace specloom::bench {
 

@@ -5,8 +5,9 @@
 #include <algorithm> // std::sort
 #include <cstdlib>   // std::atoi
 #include <exception> // std::exception
+#include <vector>    // std::vector
+
 #include <fmt/core.h>
-#include <vector> // std::vector
 
 /// validate FILE ROUNDS: decides so many times whether a document satisfies the schema of OpenAPI, compiled
 /// once, and prints "valid" or "invalid" and the median of the milliseconds of processor time. One side of

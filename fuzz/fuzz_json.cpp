@@ -5,8 +5,9 @@
 #include "jv/json_reader.h"
 
 #include <algorithm> // std::min
+#include <iterator>  // std::back_inserter
+
 #include <fmt/format.h>
-#include <iterator> // std::back_inserter
 
 namespace {
 

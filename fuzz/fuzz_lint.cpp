@@ -1,10 +1,9 @@
 // Lint of real documents in which a few places were changed: every rule, every report, and the fixes, which a
 // second run has nothing to add to. The input says which document, which options, and which changes.
 
+#include "foundation/utf8.h"
 #include "fuzz/check.h"
 #include "fuzz/document_mutation.h"
-
-#include "foundation/utf8.h"
 #include "openapi/info.h"
 #include "openapi/reader.h"
 #include "openapi/writer.h"

@@ -1,12 +1,12 @@
+#include "test_support/corpora.h"
+#include "workspace.h"
+
 #include <cctype>     // std::tolower
 #include <filesystem> // std::filesystem
 #include <string>     // std::string
 #include <vector>     // std::vector
 
 #include <gtest/gtest.h>
-
-#include "test_support/corpora.h"
-#include "workspace.h"
 
 namespace specloom::tests {
 namespace {

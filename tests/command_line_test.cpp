@@ -1,10 +1,10 @@
+#include "workspace.h"
+
 #include <string> // std::string
 #include <vector> // std::vector
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-
-#include "workspace.h"
 
 namespace specloom::tests {
 namespace {

@@ -1,6 +1,12 @@
 // `specloom diff` as a user runs it, and the page of the manual about it: what the page shows is what the
 // program prints. With SPECLOOM_UPDATE_GOLDEN set the page is written anew, for review.
 
+#include "test_support/corpora.h"
+#include "test_support/golden.h"
+#include "test_support/read_tree.h"
+#include "test_support/write_back.h"
+#include "workspace.h"
+
 #include <filesystem> // std::filesystem
 #include <fstream>    // std::ofstream
 #include <set>        // std::set
@@ -10,12 +16,6 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-
-#include "test_support/corpora.h"
-#include "test_support/golden.h"
-#include "test_support/read_tree.h"
-#include "test_support/write_back.h"
-#include "workspace.h"
 
 namespace specloom::tests {
 namespace {

@@ -1,9 +1,9 @@
+#include "test_support/corpora.h"
+#include "workspace.h"
+
 #include <string> // std::string
 
 #include <gtest/gtest.h>
-
-#include "test_support/corpora.h"
-#include "workspace.h"
 
 namespace specloom::tests {
 namespace {

@@ -1,12 +1,12 @@
 // Documents whose cost once grew with their square, in sizes that took minutes or gigabytes.
 
+#include "test_support/growing_documents.h"
+#include "workspace.h"
+
 #include <cctype> // std::isalnum
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-
-#include "test_support/growing_documents.h"
-#include "workspace.h"
 
 namespace specloom::tests {
 namespace {

@@ -1,6 +1,8 @@
 // Texts of documents, configurations and the command line in what the program says when it fails: they come
 // to the terminal and into the logs of builds, where nothing of them may act.
 
+#include "workspace.h"
+
 #include <algorithm> // std::count
 #include <map>       // std::map
 #include <string>    // std::string
@@ -9,8 +11,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
-
-#include "workspace.h"
 
 namespace specloom::tests {
 namespace {

@@ -1,10 +1,10 @@
+#include "workspace.h"
+
 #include <filesystem> // std::filesystem
 #include <string>     // std::string
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-
-#include "workspace.h"
 
 namespace specloom::tests {
 namespace {

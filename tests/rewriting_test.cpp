@@ -1,3 +1,5 @@
+#include "workspace.h"
+
 #include <cerrno>     // errno, ENOTSUP
 #include <filesystem> // std::filesystem
 #include <functional> // std::function
@@ -8,8 +10,6 @@
 #include <sys/stat.h>
 #include <sys/xattr.h>
 #include <unistd.h> // chown, geteuid
-
-#include "workspace.h"
 
 namespace fs = std::filesystem;
 

@@ -3,6 +3,9 @@
 // stands below it, behind that "=> STATUS" when it is not 0, and at the end what has become of the files.
 // With SPECLOOM_UPDATE_GOLDEN set all but the commands is written anew, for review.
 
+#include "test_support/golden.h"
+#include "workspace.h"
+
 #include <algorithm>  // std::replace
 #include <filesystem> // std::filesystem
 #include <sstream>    // std::istringstream
@@ -10,9 +13,6 @@
 #include <vector>     // std::vector
 
 #include <gtest/gtest.h>
-
-#include "test_support/golden.h"
-#include "workspace.h"
 
 namespace fs = std::filesystem;
 

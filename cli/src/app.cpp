@@ -1,8 +1,5 @@
 #include "cli/app.h"
 
-#include <iostream> // std::ios
-#include <string>   // std::string
-
 #include "cli/commands/credits_command.h"
 #include "cli/commands/diff_command.h"
 #include "cli/commands/format_command.h"
@@ -11,6 +8,9 @@
 #include "cli/commands/server_command.h"
 #include "cli/exit_status.h"
 #include "telemetry/telemetry.h"
+
+#include <iostream> // std::ios
+#include <string>   // std::string
 
 namespace specloom::cli {
 namespace {

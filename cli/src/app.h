@@ -1,11 +1,11 @@
 #pragma once
 
+#include "cli/argument_parser.h"
+#include "cli/command.h"
+
 #include <cstdint> // std::int32_t
 #include <memory>  // std::unique_ptr
 #include <vector>  // std::vector
-
-#include "cli/argument_parser.h"
-#include "cli/command.h"
 
 namespace specloom::cli {
 

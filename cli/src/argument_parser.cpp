@@ -1,5 +1,10 @@
 #include "cli/argument_parser.h"
 
+#include "cli/exit_status.h"
+#include "cli/standard_output.h"
+#include "foundation/message.h"
+#include "foundation/strings.h"
+
 #include <algorithm> // std::replace, std::sort
 #include <cstdlib>   // std::exit
 #include <exception> // std::exception
@@ -7,11 +12,6 @@
 #include <stdexcept> // std::runtime_error
 
 #include <argparse/argparse.hpp>
-
-#include "cli/exit_status.h"
-#include "cli/standard_output.h"
-#include "foundation/message.h"
-#include "foundation/strings.h"
 
 namespace specloom::cli {
 namespace {

@@ -1,12 +1,12 @@
 #pragma once
 
+#include "cli/command_line.h"
+
 #include <memory>      // std::unique_ptr
 #include <optional>    // std::optional
 #include <string>      // std::string
 #include <string_view> // std::string_view
 #include <vector>      // std::vector
-
-#include "cli/command_line.h"
 
 namespace specloom::cli {
 

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "cli/argument_parser.h"
+
 #include <cstdint>     // std::int32_t
 #include <string>      // std::string
 #include <string_view> // std::string_view
-
-#include "cli/argument_parser.h"
 
 namespace specloom::cli {
 

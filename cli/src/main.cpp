@@ -1,14 +1,14 @@
-#include <cstdlib>   // std::exit
-#include <exception> // std::exception
-#include <iostream>  // std::cout
-#include <new>       // std::bad_alloc
-#include <stdexcept> // std::length_error
-
 #include "cli/app.h"
 #include "cli/exit_status.h"
 #include "cli/process.h"
 #include "cli/standard_output.h"
 #include "foundation/printable.h"
+
+#include <cstdlib>   // std::exit
+#include <exception> // std::exception
+#include <iostream>  // std::cout
+#include <new>       // std::bad_alloc
+#include <stdexcept> // std::length_error
 
 using namespace specloom::cli;
 

@@ -1,5 +1,9 @@
 #include "cli/process.h"
 
+#include "cli/exit_status.h"
+#include "foundation/descriptor.h"
+#include "foundation/output_buffer.h"
+
 #include <algorithm>   // std::min
 #include <array>       // std::array
 #include <csignal>     // std::signal
@@ -15,10 +19,6 @@
 #include <sys/mman.h>
 #include <sys/resource.h>
 #include <unistd.h>
-
-#include "cli/exit_status.h"
-#include "foundation/descriptor.h"
-#include "foundation/output_buffer.h"
 
 namespace specloom::cli {
 namespace {

@@ -1,13 +1,13 @@
 #include "code_morph/generated_path.h"
 
+#include "foundation/message.h"
+#include "foundation/unreachable.h"
+
 #include <algorithm> // std::min
 #include <optional>  // std::optional
 #include <utility>   // std::move
 
 #include <fmt/core.h>
-
-#include "foundation/message.h"
-#include "foundation/unreachable.h"
 
 namespace specloom::code_morph::base {
 namespace {

@@ -1,11 +1,11 @@
 #include "code_morph/project.h"
 
-#include <filesystem> // std::filesystem::path
-#include <stdexcept>  // std::runtime_error
-
 #include "code_morph/generated_path.h"
 #include "foundation/file_system.h"
 #include "foundation/message.h"
+
+#include <filesystem> // std::filesystem::path
+#include <stdexcept>  // std::runtime_error
 
 namespace specloom::code_morph::base {
 namespace {

@@ -1,14 +1,14 @@
 #pragma once
 
+#include "code_morph/node.h"
+#include "code_morph/source_file.h"
+
 #include <functional>  // std::less
 #include <map>         // std::map
 #include <memory>      // std::unique_ptr, std::make_unique
 #include <string>      // std::string
 #include <string_view> // std::string_view
 #include <utility>     // std::move
-
-#include "code_morph/node.h"
-#include "code_morph/source_file.h"
 
 namespace specloom {
 class FileSystem;

@@ -1,9 +1,9 @@
 #include "code_morph/source_file.h"
 
-#include <utility> // std::move
-
 #include "code_morph/project.h"
 #include "foundation/file_system.h"
+
+#include <utility> // std::move
 
 namespace specloom::code_morph::base {
 

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "code_morph/node.h"
+
 #include <string>  // std::string
 #include <utility> // std::move
-
-#include "code_morph/node.h"
 
 namespace specloom::code_morph::base {
 

@@ -1,4 +1,7 @@
+#include "code_morph/generated_path.h"
 #include "code_morph/project.h"
+#include "foundation/file_system.h"
+#include "test_support/temporary_folder.h"
 
 #include <array>       // std::array
 #include <filesystem>  // std::filesystem
@@ -11,10 +14,6 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-
-#include "code_morph/generated_path.h"
-#include "foundation/file_system.h"
-#include "test_support/temporary_folder.h"
 
 namespace specloom::code_morph::base {
 namespace {

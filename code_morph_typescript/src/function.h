@@ -1,12 +1,12 @@
 #pragma once
 
+#include "code_morph/node.h"
+
 #include <memory>      // std::unique_ptr
 #include <string>      // std::string
 #include <string_view> // std::string_view
 #include <utility>     // std::move
 #include <vector>      // std::vector
-
-#include "code_morph/node.h"
 
 namespace specloom::code_morph::typescript {
 

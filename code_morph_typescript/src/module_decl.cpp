@@ -1,11 +1,11 @@
 #include "code_morph_typescript/module_decl.h"
 
+#include "foundation/escapes.h"
+
 #include <algorithm> // std::max
 #include <cstddef>   // std::size_t
 
 #include <fmt/format.h> // fmt::join
-
-#include "foundation/escapes.h"
 
 namespace specloom::code_morph::typescript {
 namespace {

@@ -1,9 +1,9 @@
 #include "code_morph_typescript/names.h"
 
+#include "foundation/strings.h"
+
 #include <algorithm> // std::binary_search, std::is_sorted
 #include <array>     // std::to_array
-
-#include "foundation/strings.h"
 
 namespace specloom::code_morph::typescript {
 namespace {

@@ -1,9 +1,9 @@
 #pragma once
 
-#include <string_view> // std::string_view
-
 #include "code_morph/project.h"
 #include "code_morph_typescript/source_file.h"
+
+#include <string_view> // std::string_view
 
 namespace specloom::code_morph::typescript {
 

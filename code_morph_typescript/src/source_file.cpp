@@ -1,9 +1,9 @@
 #include "code_morph_typescript/source_file.h"
 
+#include "foundation/message.h"
+
 #include <algorithm> // std::find_if
 #include <stdexcept> // std::runtime_error
-
-#include "foundation/message.h"
 
 namespace specloom::code_morph::typescript {
 namespace {

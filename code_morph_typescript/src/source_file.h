@@ -1,14 +1,14 @@
 #pragma once
 
-#include <memory>      // std::unique_ptr
-#include <string>      // std::string
-#include <string_view> // std::string_view
-#include <vector>      // std::vector
-
 #include "code_morph/source_file.h"
 #include "code_morph_typescript/function.h"
 #include "code_morph_typescript/module_decl.h"
 #include "foundation/text_tables.h"
+
+#include <memory>      // std::unique_ptr
+#include <string>      // std::string
+#include <string_view> // std::string_view
+#include <vector>      // std::vector
 
 namespace specloom::code_morph::typescript {
 

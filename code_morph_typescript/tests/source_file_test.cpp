@@ -1,4 +1,8 @@
+#include "code_morph_typescript/names.h"
+#include "code_morph_typescript/project.h"
 #include "code_morph_typescript/source_file.h"
+#include "foundation/escapes.h"
+#include "foundation/file_system.h"
 
 #include <cstdlib>    // std::getenv
 #include <filesystem> // std::filesystem::path
@@ -7,11 +11,6 @@
 #include <string>     // std::string
 
 #include <gtest/gtest.h>
-
-#include "code_morph_typescript/names.h"
-#include "code_morph_typescript/project.h"
-#include "foundation/escapes.h"
-#include "foundation/file_system.h"
 
 namespace specloom::code_morph::typescript {
 namespace {

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <string> // std::string
-
 #include "cli/command_line.h"
+
+#include <string> // std::string
 
 /// Scripts that let a shell complete the program's command line: commands, options, the values that are
 /// known, and files of the kind that an argument takes. Each stands alone, and takes all texts of the tree to

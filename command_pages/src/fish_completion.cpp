@@ -1,10 +1,9 @@
+#include "command_pages/commands_with_paths.h"
 #include "command_pages/completions.h"
+#include "command_pages/script.h"
 
 #include <string_view> // std::string_view
 #include <vector>      // std::vector
-
-#include "command_pages/commands_with_paths.h"
-#include "command_pages/script.h"
 
 namespace specloom::command_pages {
 namespace {

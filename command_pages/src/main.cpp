@@ -1,17 +1,17 @@
 // Writes the man page and the completions: specloom_describe FOLDER. Part of the build, not of what is
 // installed.
 
+#include "cli/app.h"
+#include "command_pages/completions.h"
+#include "command_pages/man_page.h"
+#include "foundation/message.h"
+
 #include <exception>  // std::exception
 #include <filesystem> // std::filesystem::path
 #include <fstream>    // std::ofstream
 #include <iostream>   // std::cerr
 #include <stdexcept>  // std::runtime_error
 #include <string>     // std::string
-
-#include "cli/app.h"
-#include "command_pages/completions.h"
-#include "command_pages/man_page.h"
-#include "foundation/message.h"
 
 using specloom::formatMessage;
 

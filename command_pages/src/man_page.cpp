@@ -1,13 +1,13 @@
 #include "command_pages/man_page.h"
 
+#include "command_pages/commands_with_paths.h"
+
 #include <cctype>  // std::toupper
 #include <utility> // std::pair
 #include <vector>  // std::vector
 
 #include <fmt/format.h>
 #include <utf8cpp/utf8.h>
-
-#include "command_pages/commands_with_paths.h"
 
 namespace specloom::command_pages {
 namespace {

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "cli/command_line.h"
+
 #include <string>      // std::string
 #include <string_view> // std::string_view
-
-#include "cli/command_line.h"
 
 namespace specloom::command_pages {
 

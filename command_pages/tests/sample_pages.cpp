@@ -1,12 +1,12 @@
 // Writes the pages of a command line that has what the program's own may come to have: commands below
 // commands, options with two names, and texts that mean something to a shell or to roff.
 
+#include "command_pages/completions.h"
+#include "command_pages/man_page.h"
+
 #include <filesystem> // std::filesystem::path
 #include <fstream>    // std::ofstream
 #include <string>     // std::string
-
-#include "command_pages/completions.h"
-#include "command_pages/man_page.h"
 
 namespace {
 

@@ -1,11 +1,11 @@
 #include "configuration/config_file.h"
 
+#include "foundation/message.h"
+#include "jv/deser.h"
+
 #include <utility> // std::move
 
 #include <fmt/format.h>
-
-#include "foundation/message.h"
-#include "jv/deser.h"
 
 namespace specloom::configuration {
 

@@ -1,14 +1,14 @@
 #pragma once
 
-#include <functional>  // std::function
-#include <memory>      // std::unique_ptr
-#include <stdexcept>   // std::runtime_error
-#include <string_view> // std::string_view
-
 #include "foundation/file_system.h"
 #include "foundation/message.h"
 #include "jv/jv_document.h"
 #include "openapi/schema_format.h"
+
+#include <functional>  // std::function
+#include <memory>      // std::unique_ptr
+#include <stdexcept>   // std::runtime_error
+#include <string_view> // std::string_view
 
 namespace specloom::configuration {
 

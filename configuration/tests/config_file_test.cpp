@@ -1,5 +1,4 @@
 #include "configuration/config_file.h"
-
 #include "foundation/memory_file_system.h"
 
 #include <string> // std::string

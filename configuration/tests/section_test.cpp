@@ -1,5 +1,4 @@
 #include "configuration/section.h"
-
 #include "jv/deser.h"
 
 #include <functional>  // std::function

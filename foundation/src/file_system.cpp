@@ -1,14 +1,13 @@
 #include "foundation/file_system.h"
 
 #include "foundation/input_file.h"
+#include "foundation/message.h"
 #include "foundation/output_file.h"
 
 #include <istream>      // std::istream
 #include <stdexcept>    // std::runtime_error
 #include <system_error> // std::error_code
 #include <utility>      // std::move
-
-#include "foundation/message.h"
 
 namespace fs = std::filesystem;
 

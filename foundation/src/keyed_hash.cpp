@@ -1,7 +1,8 @@
 #include "foundation/keyed_hash.h"
 
-#include <chrono>       // std::chrono::steady_clock
-#include <cstring>      // std::memcpy
+#include <chrono>  // std::chrono::steady_clock
+#include <cstring> // std::memcpy
+
 #include <sys/random.h> // getrandom
 #include <unistd.h>     // getpid
 

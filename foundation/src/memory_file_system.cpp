@@ -1,14 +1,14 @@
 #include "foundation/memory_file_system.h"
 
+#include "foundation/input.h"
+#include "foundation/message.h"
+#include "foundation/output_file.h"
+
 #include <filesystem>   // std::filesystem::path
 #include <ios>          // std::ios
 #include <sstream>      // std::istringstream
 #include <stdexcept>    // std::runtime_error
 #include <system_error> // std::errc
-
-#include "foundation/input.h"
-#include "foundation/message.h"
-#include "foundation/output_file.h"
 
 namespace specloom {
 namespace {

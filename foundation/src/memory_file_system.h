@@ -1,5 +1,7 @@
 #pragma once
 
+#include "foundation/file_system.h"
+
 #include <functional>       // std::less
 #include <initializer_list> // std::initializer_list
 #include <map>              // std::map
@@ -8,8 +10,6 @@
 #include <string>           // std::string
 #include <string_view>      // std::string_view
 #include <utility>          // std::pair
-
-#include "foundation/file_system.h"
 
 namespace specloom {
 

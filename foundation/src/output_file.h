@@ -1,13 +1,12 @@
 #pragma once
 
 #include "foundation/descriptor.h"
+#include "foundation/durability.h"
+#include "foundation/message.h"
 
 #include <stdexcept>   // std::runtime_error
 #include <string>      // std::string
 #include <string_view> // std::string_view
-
-#include "foundation/durability.h"
-#include "foundation/message.h"
 
 namespace specloom {
 

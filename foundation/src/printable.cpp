@@ -1,14 +1,14 @@
 #include "foundation/printable.h"
 
+#include "foundation/ascii.h"
+#include "foundation/utf8.h"
+
 #include <algorithm> // std::min
 #include <cstdint>   // std::uint32_t
 #include <iterator>  // std::back_inserter
 
 #include <fmt/format.h>
 #include <utf8cpp/utf8.h>
-
-#include "foundation/ascii.h"
-#include "foundation/utf8.h"
 
 namespace specloom {
 namespace {

@@ -1,13 +1,13 @@
 #pragma once
 
+#include "foundation/message.h"
+
 #include <array>       // std::array, std::to_array
 #include <cstddef>     // std::size_t
 #include <memory>      // std::unique_ptr, std::make_unique
 #include <stdexcept>   // std::logic_error, std::runtime_error
 #include <string_view> // std::string_view
 #include <vector>      // std::vector
-
-#include "foundation/message.h"
 
 namespace specloom {
 

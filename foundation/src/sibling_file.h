@@ -1,12 +1,12 @@
 #pragma once
 
+#include "foundation/durability.h"
+
 #include <cstdint>     // std::uint8_t
 #include <filesystem>  // std::filesystem::path
 #include <string_view> // std::string_view
 
 #include <sys/stat.h> // struct stat
-
-#include "foundation/durability.h"
 
 namespace specloom {
 

@@ -1,13 +1,13 @@
 #include "foundation/strings.h"
 
+#include "foundation/ascii.h"
+#include "foundation/message.h"
+
 #include <algorithm> // std::transform, std::all_of, std::min
 #include <cerrno>    // errno
 #include <cstdlib>   // std::strtod, std::strtoll, std::strtoull
 #include <stdexcept> // std::invalid_argument, std::out_of_range
 #include <vector>    // std::vector
-
-#include "foundation/ascii.h"
-#include "foundation/message.h"
 
 namespace specloom {
 namespace {

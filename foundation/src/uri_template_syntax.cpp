@@ -1,12 +1,12 @@
 #include "foundation/uri_template_syntax.h"
 
+#include "foundation/ascii.h"
+
 #include <algorithm> // std::find_if
 #include <array>     // std::array
 #include <iterator>  // std::begin, std::end
 
 #include <utf8cpp/utf8.h>
-
-#include "foundation/ascii.h"
 
 namespace specloom {
 namespace {

@@ -1,4 +1,5 @@
 #include "foundation/file_system.h"
+#include "foundation/input_file.h"
 
 #include <csignal>    // std::signal
 #include <cstdlib>    // mkdtemp
@@ -11,8 +12,6 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h> // getrlimit, setrlimit
 #include <unistd.h>       // close, geteuid, pipe, write
-
-#include "foundation/input_file.h"
 
 namespace fs = std::filesystem;
 

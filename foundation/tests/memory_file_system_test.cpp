@@ -1,3 +1,4 @@
+#include "foundation/input.h"
 #include "foundation/memory_file_system.h"
 
 #include <cstdlib>    // mkdtemp
@@ -9,8 +10,6 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-
-#include "foundation/input.h"
 
 namespace specloom {
 namespace {

@@ -1,17 +1,16 @@
 // What foreign texts become before they reach a person or a log.
 
+#include "foundation/escapes.h"
 #include "foundation/message.h"
+#include "foundation/printable.h"
+#include "foundation/utf8.h"
+#include "test_support/texts.h"
 
 #include <stdexcept> // std::runtime_error
 #include <string>    // std::string
 #include <vector>    // std::vector
 
 #include <gtest/gtest.h>
-
-#include "foundation/escapes.h"
-#include "foundation/printable.h"
-#include "foundation/utf8.h"
-#include "test_support/texts.h"
 
 namespace specloom {
 namespace {

@@ -1,5 +1,4 @@
 #include "foundation/uri_template.h"
-
 #include "test_support/failure.h"
 #include "test_support/texts.h"
 

@@ -1,5 +1,4 @@
 #include "foundation/validators/validators.h"
-
 #include "test_support/format_validators.h"
 
 #include <cstddef>     // std::size_t

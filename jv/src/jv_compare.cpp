@@ -1,8 +1,7 @@
 // Hash and equality, each with a stack of its own: input decides how deep a tree is.
 
-#include "jv/jv.h"
-
 #include "foundation/hash.h"
+#include "jv/jv.h"
 
 #include <cmath>  // std::fabs
 #include <vector> // std::vector

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "foundation/message.h"
+
 #include <stdexcept> // std::runtime_error
 #include <string>    // std::string
-
-#include "foundation/message.h"
 
 namespace specloom::jv {
 

@@ -1,8 +1,7 @@
 // The typed getters: one place for their messages and their one shape.
 
-#include "jv/jv.h"
-
 #include "foundation/message.h"
+#include "jv/jv.h"
 #include "jv/jv_pointer.h"
 
 #include <charconv>  // std::from_chars

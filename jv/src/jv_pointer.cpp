@@ -1,8 +1,8 @@
 #include "jv/jv_pointer.h"
 
-#include <algorithm> // std::ranges::equal, std::ranges::find
-
 #include "foundation/message.h"
+
+#include <algorithm> // std::ranges::equal, std::ranges::find
 
 namespace specloom::jv {
 

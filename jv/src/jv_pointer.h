@@ -1,12 +1,12 @@
 #pragma once
 
+#include "foundation/message.h"
+
 #include <cstddef>     // std::size_t
 #include <exception>   // std::exception
 #include <string>      // std::string
 #include <string_view> // std::string_view
 #include <vector>      // std::vector
-
-#include "foundation/message.h"
 
 namespace specloom::jv {
 

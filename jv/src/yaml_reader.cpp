@@ -8,6 +8,7 @@
 #include <new>       // std::bad_alloc
 #include <optional>  // std::optional
 #include <stdexcept> // std::runtime_error
+
 #include <yaml.h>
 
 namespace specloom::jv {

@@ -9,6 +9,7 @@
 #include <new>       // std::bad_alloc
 #include <stdexcept> // std::runtime_error
 #include <vector>    // std::vector
+
 #include <yaml.h>
 
 namespace specloom::jv {

@@ -1,17 +1,17 @@
-#include "jv/deser.h"
-
 #include "foundation/memory_file_system.h"
+#include "jv/deser.h"
 #include "test_support/temporary_folder.h"
 
 #include <algorithm>  // std::ranges::sort
 #include <filesystem> // std::filesystem::...
 #include <functional> // std::function
+#include <sstream>    // std::ostringstream
+#include <stdexcept>  // std::runtime_error
+#include <string>     // std::string
+#include <utility>    // std::pair
+#include <vector>     // std::vector
+
 #include <gtest/gtest.h>
-#include <sstream>   // std::ostringstream
-#include <stdexcept> // std::runtime_error
-#include <string>    // std::string
-#include <utility>   // std::pair
-#include <vector>    // std::vector
 
 namespace specloom::jv {
 namespace {

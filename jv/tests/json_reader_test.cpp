@@ -1,12 +1,12 @@
-#include "jv/json_reader.h"
-
 #include "jv/default_handler.h"
+#include "jv/json_reader.h"
 #include "test_support/failure.h"
 
-#include <gtest/gtest.h>
 #include <sstream> // std::istringstream
 #include <string>  // std::string
 #include <vector>  // std::vector
+
+#include <gtest/gtest.h>
 
 namespace specloom::jv {
 namespace {

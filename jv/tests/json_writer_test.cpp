@@ -1,11 +1,11 @@
-#include "jv/json_writer.h"
-
 #include "jv/json_reader.h"
+#include "jv/json_writer.h"
 #include "test_support/failure.h"
 
-#include <gtest/gtest.h>
 #include <string> // std::string
 #include <vector> // std::vector
+
+#include <gtest/gtest.h>
 
 namespace specloom::jv {
 namespace {

@@ -1,10 +1,10 @@
 #include "jv/jv_pointer.h"
-
 #include "test_support/failure.h"
 
-#include <gtest/gtest.h>
 #include <string> // std::string
 #include <vector> // std::vector
+
+#include <gtest/gtest.h>
 
 namespace specloom::jv {
 namespace {

@@ -1,16 +1,16 @@
-#include "jv/jv.h"
-
 #include "jv/json_reader.h"
+#include "jv/jv.h"
 #include "jv/jv_document.h"
 #include "jv/jv_pointer.h"
 #include "test_support/failure.h"
 
-#include <gtest/gtest.h>
 #include <memory>    // std::unique_ptr
 #include <stdexcept> // std::invalid_argument
 #include <string>    // std::string
 #include <variant>   // std::bad_variant_access
 #include <vector>    // std::vector
+
+#include <gtest/gtest.h>
 
 namespace specloom::jv {
 namespace {

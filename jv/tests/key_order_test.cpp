@@ -3,10 +3,11 @@
 #include "jv/jv_document.h"
 #include "jv/sorted_properties.h"
 
-#include <gtest/gtest.h>
 #include <string>      // std::string
 #include <string_view> // std::string_view
 #include <vector>      // std::vector
+
+#include <gtest/gtest.h>
 
 namespace specloom::jv {
 namespace {

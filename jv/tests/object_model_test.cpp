@@ -4,14 +4,15 @@
 #include "jv/json_reader.h"
 #include "jv/jv_document.h"
 
-#include <algorithm> // std::ranges::find, std::ranges::shuffle
-#include <gtest/gtest.h>
+#include <algorithm>   // std::ranges::find, std::ranges::shuffle
 #include <map>         // std::map
 #include <memory>      // std::unique_ptr
 #include <random>      // std::mt19937
 #include <string>      // std::string
 #include <string_view> // std::string_view
 #include <vector>      // std::vector
+
+#include <gtest/gtest.h>
 
 namespace specloom::jv {
 namespace {

@@ -5,11 +5,12 @@
 #include "test_support/failure.h"
 #include "test_support/texts.h"
 
-#include <gtest/gtest.h>
 #include <sstream>   // std::istringstream
 #include <stdexcept> // std::runtime_error
 #include <string>    // std::string
 #include <vector>    // std::vector
+
+#include <gtest/gtest.h>
 
 namespace specloom::jv {
 namespace {

@@ -1,9 +1,9 @@
 #include "jv_schema/uri.h"
 
+#include "foundation/ascii.h"
+
 #include <algorithm> // std::min
 #include <cstddef>   // std::size_t
-
-#include "foundation/ascii.h"
 
 namespace specloom::jv::schema {
 

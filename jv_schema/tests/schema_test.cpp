@@ -1,6 +1,5 @@
-#include "jv_schema/schema.h"
-
 #include "jv/json_reader.h"
+#include "jv_schema/schema.h"
 #include "test_support/failure.h"
 #include "test_support/texts.h"
 

@@ -1,12 +1,12 @@
 #include "markdown/character_reference.h"
 
+#include "foundation/utf8.h"
+#include "markdown/markdown_data.h"
+
 #include <algorithm> // std::ranges::lower_bound, std::ranges::all_of
 #include <charconv>  // std::from_chars
 #include <cstdint>   // std::uint32_t
 #include <vector>    // std::vector
-
-#include "foundation/utf8.h"
-#include "markdown/markdown_data.h"
 
 namespace specloom::markdown {
 namespace {

@@ -1,8 +1,8 @@
 #include "markdown/containers.h"
 
-#include <algorithm> // std::min
-
 #include "foundation/ascii.h"
+
+#include <algorithm> // std::min
 
 namespace specloom::markdown {
 namespace {

@@ -1,18 +1,18 @@
 #include "markdown/html.h"
 
-#include <algorithm>     // std::min, std::ranges::all_of, std::ranges::lower_bound
-#include <array>         // std::array
-#include <cstddef>       // std::size_t
-#include <unordered_map> // std::unordered_map
-#include <utility>       // std::exchange, std::move
-#include <vector>        // std::vector
-
 #include "foundation/ascii.h"
 #include "foundation/escapes.h"
 #include "foundation/strings.h"
 #include "markdown/parser.h"
 #include "markdown/raw_html.h"
 #include "markdown/safety.h"
+
+#include <algorithm>     // std::min, std::ranges::all_of, std::ranges::lower_bound
+#include <array>         // std::array
+#include <cstddef>       // std::size_t
+#include <unordered_map> // std::unordered_map
+#include <utility>       // std::exchange, std::move
+#include <vector>        // std::vector
 
 namespace specloom::markdown {
 namespace {

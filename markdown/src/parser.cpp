@@ -1,15 +1,15 @@
 #include "markdown/parser.h"
 
+#include "foundation/strings.h"
+#include "markdown/character_reference.h"
+#include "markdown/containers.h"
+
 #include <algorithm> // std::min
 #include <exception> // std::exception_ptr
 #include <new>       // std::bad_alloc
 #include <optional>  // std::optional
 
 #include <md4c.h>
-
-#include "foundation/strings.h"
-#include "markdown/character_reference.h"
-#include "markdown/containers.h"
 
 namespace specloom::markdown {
 namespace {

@@ -1,12 +1,12 @@
 #include "markdown/raw_html.h"
 
-#include <algorithm> // std::min
-#include <array>     // std::array
-#include <utility>   // std::move
-
 #include "foundation/ascii.h"
 #include "foundation/strings.h"
 #include "markdown/character_reference.h"
+
+#include <algorithm> // std::min
+#include <array>     // std::array
+#include <utility>   // std::move
 
 namespace specloom::markdown {
 namespace {

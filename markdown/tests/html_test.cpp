@@ -1,11 +1,10 @@
 #include "markdown/html.h"
-
-#include <gtest/gtest.h>
+#include "test_support/parsers.h"
 
 #include <string> // std::string
 #include <vector> // std::vector
 
-#include "test_support/parsers.h"
+#include <gtest/gtest.h>
 
 namespace specloom::markdown {
 namespace {

@@ -1,9 +1,9 @@
 #include "markdown/safety.h"
 
-#include <gtest/gtest.h>
-
 #include <string> // std::string
 #include <vector> // std::vector
+
+#include <gtest/gtest.h>
 
 namespace specloom::markdown {
 

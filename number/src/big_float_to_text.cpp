@@ -1,11 +1,11 @@
 #include "number/big_float_math.h"
 #include "number/radix.h"
 
-#include <fmt/format.h> // fmt::format_to
-
 #include <algorithm> // std::max
 #include <iterator>  // std::back_inserter
 #include <optional>  // std::optional
+
+#include <fmt/format.h> // fmt::format_to
 
 namespace specloom::number {
 namespace {

@@ -3,12 +3,12 @@
 #include "foundation/unreachable.h"
 #include "number/number_literal.h"
 
-#include <fmt/format.h> // fmt::format_int, fmt::format_to
-
 #include <algorithm>   // std::min
 #include <iterator>    // std::back_inserter
 #include <optional>    // std::optional
 #include <string_view> // std::string_view
+
+#include <fmt/format.h> // fmt::format_int, fmt::format_to
 
 namespace specloom::number {
 namespace {

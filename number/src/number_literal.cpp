@@ -1,8 +1,8 @@
 #include "number/number_literal.h"
 
-#include <stdexcept> // std::runtime_error
-
 #include "foundation/ascii.h"
+
+#include <stdexcept> // std::runtime_error
 
 namespace specloom::number {
 namespace {

@@ -1,16 +1,15 @@
 #include "number/big_context.h"
-
 #include "number/big_float.h"
 #include "number/number.h"
 #include "test_support/failure.h"
-
-#include <gtest/gtest.h>
 
 #include <cstdlib>    // std::free, std::realloc
 #include <functional> // std::function
 #include <stdexcept>  // std::runtime_error
 #include <string>     // std::string
 #include <vector>     // std::vector
+
+#include <gtest/gtest.h>
 
 namespace specloom::number {
 namespace {

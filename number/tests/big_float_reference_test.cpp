@@ -4,11 +4,11 @@
 #include "mpfr_value.h"
 #include "random_operands.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>  // std::max, std::min
 #include <bit>        // std::bit_cast
 #include <functional> // std::function
+
+#include <gtest/gtest.h>
 
 namespace specloom::number {
 namespace {

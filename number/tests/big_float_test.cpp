@@ -1,10 +1,10 @@
 #include "number/big_float.h"
 
-#include <gtest/gtest.h>
-
 #include <limits>  // std::numeric_limits
 #include <utility> // std::move
 #include <vector>  // std::vector
+
+#include <gtest/gtest.h>
 
 namespace specloom::number {
 namespace {

@@ -1,8 +1,8 @@
 #include "number/big_float.h"
 
-#include <gtest/gtest.h>
-
 #include <vector> // std::vector
+
+#include <gtest/gtest.h>
 
 namespace specloom::number {
 namespace {

@@ -1,9 +1,10 @@
 #include "number/exact_numbers.h"
 
-#include <gtest/gtest.h>
 #include <set>    // std::set
 #include <string> // std::string
 #include <vector> // std::vector
+
+#include <gtest/gtest.h>
 
 namespace specloom::number {
 namespace {

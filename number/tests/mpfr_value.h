@@ -2,10 +2,10 @@
 
 #include "number/big_float.h"
 
-#include <mpfr.h>
-
 #include <cstdint> // std::int64_t
 #include <string>  // std::string
+
+#include <mpfr.h>
 
 namespace specloom::number {
 

@@ -1,15 +1,14 @@
-#include "number/number.h"
-
 #include "foundation/hash.h"
+#include "number/number.h"
 #include "test_support/failure.h"
-
-#include <gtest/gtest.h>
 
 #include <cmath>     // std::nan
 #include <limits>    // std::numeric_limits
 #include <stdexcept> // std::runtime_error
 #include <utility>   // std::move
 #include <vector>    // std::vector
+
+#include <gtest/gtest.h>
 
 namespace specloom::number {
 namespace {

@@ -2,11 +2,11 @@
 #include "number/number_literal.h"
 #include "test_support/failure.h"
 
-#include <gtest/gtest.h>
-
 #include <stdexcept> // std::runtime_error
 #include <string>    // std::string
 #include <vector>    // std::vector
+
+#include <gtest/gtest.h>
 
 namespace specloom::number {
 namespace {

@@ -1,13 +1,12 @@
 #include "openapi/operation_type.h"
 
+#include "foundation/message.h"
 #include "openapi/shape.h"
-
-#include <fmt/format.h> // fmt::format
 
 #include <algorithm> // std::find
 #include <stdexcept> // std::runtime_error
 
-#include "foundation/message.h"
+#include <fmt/format.h> // fmt::format
 
 namespace specloom::openapi {
 

@@ -1,11 +1,11 @@
 #include "openapi/schema_type.h"
 
+#include "foundation/message.h"
+
 #include <algorithm> // std::find
 #include <array>     // std::array
 #include <stdexcept> // std::invalid_argument, std::runtime_error
 #include <string>    // std::string
-
-#include "foundation/message.h"
 
 namespace specloom::openapi {
 

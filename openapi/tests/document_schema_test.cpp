@@ -1,7 +1,6 @@
-#include "openapi/document_schema.h"
-
 #include "jv/deser.h"
 #include "jv/yaml_reader.h"
+#include "openapi/document_schema.h"
 #include "test_support/corpora.h"
 
 #include <cstdio> // std::printf

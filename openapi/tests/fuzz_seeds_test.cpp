@@ -1,8 +1,7 @@
 // The documents that fuzzing starts from: the search does not find by itself what none of them has.
 
-#include "openapi/reader.h"
-
 #include "jv/deser.h"
+#include "openapi/reader.h"
 #include "test_support/corpora.h"
 
 #include <algorithm>  // std::set_difference

@@ -5,14 +5,13 @@
 #include "test_support/failure.h"
 #include "test_support/read_text.h"
 
-#include <fmt/format.h> // fmt::format
-
 #include <functional> // std::function
 #include <memory>     // std::unique_ptr
 #include <string>     // std::string
 #include <utility>    // std::move
 #include <vector>     // std::vector
 
+#include <fmt/format.h> // fmt::format
 #include <gtest/gtest.h>
 
 namespace specloom::openapi {

@@ -1,7 +1,6 @@
-#include "openapi/reader.h"
-
 #include "jv/deser.h"
 #include "openapi/node_visitor.h"
+#include "openapi/reader.h"
 #include "openapi/reference.h"
 #include "openapi/writer.h"
 #include "test_support/failure.h"

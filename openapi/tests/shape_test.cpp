@@ -1,10 +1,9 @@
 // What cannot be fed by the table of shapes is held against it: the visitor's way through objects other than
 // schemas, and the order in which their members are written.
 
-#include "openapi/shape.h"
-
 #include "openapi/node_visitor.h"
 #include "openapi/reader.h"
+#include "openapi/shape.h"
 #include "openapi/writer.h"
 
 #include <map>     // std::map

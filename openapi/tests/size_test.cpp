@@ -6,11 +6,10 @@
 #include "test_support/read_text.h"
 #include "test_support/texts.h"
 
-#include <fmt/format.h> // fmt::format
-
 #include <functional> // std::function
 #include <string>     // std::string
 
+#include <fmt/format.h> // fmt::format
 #include <gtest/gtest.h>
 
 namespace specloom::openapi {

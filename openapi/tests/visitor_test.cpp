@@ -1,5 +1,4 @@
 #include "openapi/node_visitor.h"
-
 #include "test_support/corpora.h"
 #include "test_support/read_text.h"
 

@@ -2,7 +2,6 @@
 // differs because the tree or the writer want it so.
 
 #include "openapi/writer.h"
-
 #include "test_support/corpora.h"
 #include "test_support/documents.h"
 #include "test_support/read_tree.h"

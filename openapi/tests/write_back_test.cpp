@@ -1,8 +1,7 @@
 // The judge of what is written back: it must see what is wrong, and name what is meant to be.
 
-#include "test_support/write_back.h"
-
 #include "jv/deser.h"
+#include "test_support/write_back.h"
 
 #include <sstream> // std::ostringstream
 #include <vector>  // std::vector

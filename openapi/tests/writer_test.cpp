@@ -1,7 +1,6 @@
-#include "openapi/writer.h"
-
 #include "openapi/reader.h"
 #include "openapi/reference.h"
+#include "openapi/writer.h"
 #include "test_support/corpora.h"
 #include "test_support/golden.h"
 #include "test_support/read_text.h"

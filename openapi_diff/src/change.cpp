@@ -1,9 +1,9 @@
 #include "openapi_diff/change.h"
 
+#include "foundation/unreachable.h"
+
 #include <array>   // std::array
 #include <cstddef> // std::size_t
-
-#include "foundation/unreachable.h"
 
 namespace specloom::openapi_diff {
 namespace {

@@ -1,13 +1,13 @@
 #include "openapi_diff/differ.h"
 
-#include <string>  // std::string
-#include <utility> // std::move
-
 #include "foundation/unreachable.h"
 #include "openapi_diff/diff_context.h"
 #include "openapi_diff/diffs/openapi_diff.h"
 #include "openapi_diff/version_bump.h"
 #include "telemetry/telemetry.h"
+
+#include <string>  // std::string
+#include <utility> // std::move
 
 namespace specloom::openapi_diff {
 

@@ -1,9 +1,5 @@
 #include "openapi_diff/formatter.h"
 
-#include <stdexcept>   // std::runtime_error
-#include <tuple>       // std::tuple, std::tuple_size_v
-#include <type_traits> // std::is_same_v
-
 #include "foundation/message.h"
 #include "foundation/registry.h"
 #include "openapi_diff/formatters/html.h"
@@ -13,6 +9,10 @@
 #include "openapi_diff/formatters/unix.h"
 #include "openapi_diff/formatters/visualstudio.h"
 #include "openapi_diff/reports/reports.h"
+
+#include <stdexcept>   // std::runtime_error
+#include <tuple>       // std::tuple, std::tuple_size_v
+#include <type_traits> // std::is_same_v
 
 namespace specloom::openapi_diff {
 namespace {

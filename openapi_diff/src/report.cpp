@@ -1,12 +1,12 @@
 #include "openapi_diff/report.h"
 
-#include <algorithm>   // std::max
-#include <tuple>       // std::tuple
-#include <type_traits> // std::type_identity
-
 #include "foundation/registry.h"
 #include "foundation/unreachable.h"
 #include "openapi_diff/reports/reports.h"
+
+#include <algorithm>   // std::max
+#include <tuple>       // std::tuple
+#include <type_traits> // std::type_identity
 
 namespace specloom::openapi_diff {
 namespace {

@@ -1,13 +1,13 @@
 #include "openapi_diff/version_bump.h"
 
+#include "foundation/unreachable.h"
+
 #include <array>     // std::array
 #include <charconv>  // std::from_chars
 #include <optional>  // std::optional
 #include <stdexcept> // std::runtime_error
 
 #include <fmt/format.h>
-
-#include "foundation/unreachable.h"
 
 namespace specloom::openapi_diff {
 namespace {

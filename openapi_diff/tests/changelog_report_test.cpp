@@ -1,6 +1,9 @@
 // What a changelog takes from the changes between two documents, and that it takes no others.
 
+#include "document_pairs.h"
+#include "openapi_diff/formatters/changelog_events.h"
 #include "openapi_diff/reports/changelog.h"
+#include "test_support/golden.h"
 
 #include <filesystem>  // std::filesystem::path
 #include <memory>      // std::unique_ptr
@@ -11,10 +14,6 @@
 #include <fmt/format.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-
-#include "document_pairs.h"
-#include "openapi_diff/formatters/changelog_events.h"
-#include "test_support/golden.h"
 
 namespace specloom::openapi_diff {
 namespace {

@@ -1,7 +1,6 @@
-#include "openapi_diff/configuration.h"
-
 #include "jv/deser.h"
 #include "jv/jv_error.h"
+#include "openapi_diff/configuration.h"
 
 #include <memory>      // std::unique_ptr
 #include <optional>    // std::optional

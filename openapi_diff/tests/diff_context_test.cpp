@@ -1,5 +1,4 @@
 #include "openapi_diff/diff_context.h"
-
 #include "test_support/read_text.h"
 
 #include <functional>  // std::function

@@ -1,19 +1,17 @@
-#include "openapi_diff/report.h"
-
 #include "document_pairs.h"
+#include "openapi_diff/report.h"
 #include "openapi_format/formatter.h"
 #include "test_support/corpora.h"
 #include "test_support/documents.h"
 #include "test_support/golden.h"
 #include "test_support/read_tree.h"
 
-#include <fmt/format.h> // fmt::format
-
 #include <filesystem>  // std::filesystem::path
 #include <string>      // std::string
 #include <string_view> // std::string_view
 #include <utility>     // std::move
 
+#include <fmt/format.h> // fmt::format
 #include <gtest/gtest.h>
 
 namespace specloom::openapi_diff {

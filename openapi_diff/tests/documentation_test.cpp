@@ -1,8 +1,7 @@
 // Holds pages of the manual against the tables that they show.
 
-#include "openapi_diff/configuration.h"
-
 #include "jv/deser.h"
+#include "openapi_diff/configuration.h"
 #include "openapi_diff/formatter.h"
 #include "test_support/corpora.h"
 

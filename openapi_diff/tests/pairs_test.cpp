@@ -4,6 +4,13 @@
 // looked up in both documents; the operations were counted in the documents by other means, with every
 // reference followed.
 
+#include "document_pairs.h"
+#include "openapi_diff/formatter.h"
+#include "openapi_diff/reports/reports.h"
+#include "test_support/corpora.h"
+#include "test_support/parsers.h"
+#include "test_support/read_tree.h"
+
 #include <algorithm>   // std::count
 #include <array>       // std::array
 #include <cstddef>     // std::size_t
@@ -16,13 +23,6 @@
 #include <fmt/format.h>
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
-
-#include "document_pairs.h"
-#include "openapi_diff/formatter.h"
-#include "openapi_diff/reports/reports.h"
-#include "test_support/corpora.h"
-#include "test_support/parsers.h"
-#include "test_support/read_tree.h"
 
 namespace specloom::openapi_diff {
 namespace {

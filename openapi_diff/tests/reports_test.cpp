@@ -4,7 +4,11 @@
 // golden/hostile_name.txt; and one that stays the same, in
 // golden/nothing.txt. With SPECLOOM_UPDATE_GOLDEN set they are written anew, for review.
 
+#include "jv/deser.h"
+#include "openapi/reader.h"
 #include "openapi_diff/differ.h"
+#include "openapi_diff/formatters/utils.h"
+#include "test_support/corpora.h"
 
 #include <algorithm>   // std::ranges::sort
 #include <cstdlib>     // std::getenv
@@ -21,11 +25,6 @@
 #include <fmt/format.h>
 #include <gtest/gtest.h>
 #include <md4c.h>
-
-#include "jv/deser.h"
-#include "openapi/reader.h"
-#include "openapi_diff/formatters/utils.h"
-#include "test_support/corpora.h"
 
 namespace specloom::openapi_diff {
 namespace {

@@ -1,5 +1,4 @@
 #include "openapi_diff/version_bump.h"
-
 #include "test_support/failure.h"
 #include "test_support/texts.h"
 

@@ -1,7 +1,6 @@
-#include "openapi_format/configuration.h"
-
 #include "jv/deser.h"
 #include "jv/jv_error.h"
+#include "openapi_format/configuration.h"
 #include "test_support/failure.h"
 
 #include <stdexcept>   // std::runtime_error

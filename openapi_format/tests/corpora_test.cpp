@@ -2,7 +2,6 @@
 // recommended configuration. The kind of an object is told by what tests know of the structure of documents.
 
 #include "openapi_format/formatter.h"
-
 #include "test_support/corpora.h"
 #include "test_support/openapi_structure.h"
 

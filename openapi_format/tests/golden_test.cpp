@@ -2,7 +2,6 @@
 // SPECLOOM_UPDATE_GOLDEN set the expected files are written anew, for review.
 
 #include "openapi_format/formatter.h"
-
 #include "test_support/golden.h"
 
 #include <filesystem> // std::filesystem::path

@@ -1,6 +1,5 @@
-#include "openapi_format/structure.h"
-
 #include "openapi_format/configuration.h"
+#include "openapi_format/structure.h"
 
 #include <cstddef>     // std::size_t
 #include <fstream>     // std::ifstream

@@ -1,10 +1,9 @@
-#include "openapi_generator/operation_grouper.h"
-
 #include "jv/deser.h"
 #include "openapi/reader.h"
 #include "openapi_generator/action_naming.h"
 #include "openapi_generator/config_error.h"
 #include "openapi_generator/issue.h"
+#include "openapi_generator/operation_grouper.h"
 
 #include <memory>    // std::make_shared, std::unique_ptr
 #include <sstream>   // std::ostringstream

@@ -1,7 +1,6 @@
-#include "openapi_generator/plugin_runner.h"
-
 #include "openapi_generator/config_error.h"
 #include "openapi_generator/named_plugins.h"
+#include "openapi_generator/plugin_runner.h"
 #include "test_support/temporary_folder.h"
 
 #include <memory>    // std::make_unique

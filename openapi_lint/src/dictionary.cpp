@@ -1,16 +1,16 @@
 #include "openapi_lint/dictionary.h"
 
+#include "foundation/ascii.h"
+#include "foundation/file_system.h"
+#include "foundation/message.h"
+#include "foundation/strings.h"
+
 #include <cerrno>    // errno, E2BIG
 #include <optional>  // std::optional
 #include <stdexcept> // std::runtime_error
 
 #include <hunspell/hunspell.hxx>
 #include <iconv.h>
-
-#include "foundation/ascii.h"
-#include "foundation/file_system.h"
-#include "foundation/message.h"
-#include "foundation/strings.h"
 
 namespace specloom::openapi_lint {
 namespace {

@@ -1,11 +1,11 @@
 #include "openapi_lint/line_report.h"
 
+#include "foundation/printable.h"
+#include "reporting/place.h"
+
 #include <iterator> // std::back_inserter
 
 #include <fmt/format.h>
-
-#include "foundation/printable.h"
-#include "reporting/place.h"
 
 namespace specloom::openapi_lint {
 

@@ -1,12 +1,12 @@
 #include "openapi_lint/lint_context.h"
 
-#include <algorithm> // std::stable_sort
-#include <stdexcept> // std::runtime_error
-#include <utility>   // std::move
-
 #include "foundation/message.h"
 #include "foundation/unreachable.h"
 #include "openapi/node_visitor.h"
+
+#include <algorithm> // std::stable_sort
+#include <stdexcept> // std::runtime_error
+#include <utility>   // std::move
 
 namespace specloom::openapi_lint {
 namespace {

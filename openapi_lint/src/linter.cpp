@@ -1,10 +1,5 @@
 #include "openapi_lint/linter.h"
 
-#include <algorithm> // std::stable_partition
-#include <ostream>   // std::ostream
-#include <stdexcept> // std::runtime_error
-#include <vector>    // std::vector
-
 #include "configuration/section.h"
 #include "foundation/file_system.h"
 #include "foundation/message.h"
@@ -15,6 +10,11 @@
 #include "openapi_lint/rule_registry.h"
 #include "openapi_lint/rulesets.h"
 #include "telemetry/telemetry.h"
+
+#include <algorithm> // std::stable_partition
+#include <ostream>   // std::ostream
+#include <stdexcept> // std::runtime_error
+#include <vector>    // std::vector
 
 namespace specloom::openapi_lint {
 namespace {

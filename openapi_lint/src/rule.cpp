@@ -1,8 +1,8 @@
 #include "openapi_lint/rule.h"
 
-#include <utility> // std::move
-
 #include "openapi_lint/lint_context.h"
+
+#include <utility> // std::move
 
 namespace specloom::openapi_lint {
 

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "foundation/message.h"
+
 #include <stdexcept>   // std::runtime_error
 #include <string>      // std::string
 #include <string_view> // std::string_view
-
-#include "foundation/message.h"
 
 namespace specloom::openapi_lint {
 

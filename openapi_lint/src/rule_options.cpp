@@ -1,9 +1,9 @@
 #include "openapi_lint/rule_options.h"
 
-#include <string> // std::string
-
 #include "configuration/section.h"
 #include "foundation/message.h"
+
+#include <string> // std::string
 
 namespace specloom::openapi_lint {
 

@@ -1,8 +1,5 @@
 #include "openapi_lint/rule_registry.h"
 
-#include <algorithm> // std::is_sorted
-#include <iterator>  // std::begin, std::end
-
 #include "foundation/registry.h"
 #include "openapi_lint/rules/audience_defined.h"
 #include "openapi_lint/rules/contact_defined.h"
@@ -57,6 +54,9 @@
 #include "openapi_lint/rules/unambiguous_response_codes.h"
 #include "openapi_lint/rules/unused_request_body.h"
 #include "openapi_lint/rules/unused_shared_component.h"
+
+#include <algorithm> // std::is_sorted
+#include <iterator>  // std::begin, std::end
 
 namespace specloom::openapi_lint {
 namespace {

@@ -1,8 +1,8 @@
 #include "openapi_lint/rulesets.h"
 
-#include <optional> // std::optional
-
 #include "foundation/registry.h"
+
+#include <optional> // std::optional
 
 namespace specloom::openapi_lint {
 namespace {

@@ -1,9 +1,9 @@
 #include "openapi_lint/spdx.h"
 
+#include "openapi_lint/lint_data.h"
+
 #include <algorithm> // std::binary_search
 #include <vector>    // std::vector
-
-#include "openapi_lint/lint_data.h"
 
 namespace specloom::openapi_lint {
 namespace {

@@ -1,11 +1,11 @@
 #include "openapi_lint/template_report.h"
 
+#include "openapi_lint/report_templates.h"
+#include "templating/template_set.h"
+
 #include <utility> // std::move
 
 #include <nlohmann/json.hpp>
-
-#include "openapi_lint/report_templates.h"
-#include "templating/template_set.h"
 
 namespace specloom::openapi_lint {
 

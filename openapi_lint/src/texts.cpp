@@ -1,11 +1,11 @@
 #include "openapi_lint/texts.h"
 
-#include <array>   // std::array
-#include <utility> // std::pair
-
 #include "foundation/message.h"
 #include "foundation/strings.h"
 #include "openapi_lint/rule_configuration_error.h"
+
+#include <array>   // std::array
+#include <utility> // std::pair
 
 namespace specloom::openapi_lint {
 namespace {

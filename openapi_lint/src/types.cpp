@@ -1,8 +1,8 @@
 #include "openapi_lint/types.h"
 
-#include <stdexcept> // std::runtime_error
-
 #include "foundation/unreachable.h"
+
+#include <stdexcept> // std::runtime_error
 
 namespace specloom::openapi_lint {
 

@@ -1,10 +1,10 @@
 #include "openapi_lint/uuid.h"
 
+#include "foundation/ascii.h"
+
 #include <algorithm> // std::generate
 #include <array>     // std::array
 #include <random>    // std::mt19937
-
-#include "foundation/ascii.h"
 
 namespace specloom::openapi_lint {
 namespace {

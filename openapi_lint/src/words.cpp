@@ -1,14 +1,13 @@
 #include "openapi_lint/words.h"
 
+#include "foundation/ascii.h"
+#include "foundation/utf8.h"
+
 #include <cwctype> // std::wint_t
 
 #include <locale.h> // newlocale, locale_t
-#include <wctype.h> // iswalnum_l, iswupper_l, towlower_l
-
 #include <utf8cpp/utf8.h>
-
-#include "foundation/ascii.h"
-#include "foundation/utf8.h"
+#include <wctype.h> // iswalnum_l, iswupper_l, towlower_l
 
 namespace specloom::openapi_lint {
 namespace {

@@ -1,7 +1,17 @@
 // The documents of the corpora: every ruleset runs over each that reads, a fix changes what its rule says and
 // nothing else, and fixing a second time changes no byte.
 
+#include "jv/jv_pointer.h"
+#include "openapi/node_visitor.h"
+#include "openapi/schema.h"
+#include "openapi/writer.h"
 #include "openapi_lint/linter.h"
+#include "openapi_lint/rule_registry.h"
+#include "openapi_lint/rulesets.h"
+#include "test_support/corpora.h"
+#include "test_support/read_tree.h"
+#include "test_support/temporary_folder.h"
+#include "test_support/write_back.h"
 
 #include <algorithm>   // std::none_of, std::stable_sort
 #include <cstdint>     // std::uint64_t
@@ -14,17 +24,6 @@
 #include <vector>      // std::vector
 
 #include <gtest/gtest.h>
-
-#include "jv/jv_pointer.h"
-#include "openapi/node_visitor.h"
-#include "openapi/schema.h"
-#include "openapi/writer.h"
-#include "openapi_lint/rule_registry.h"
-#include "openapi_lint/rulesets.h"
-#include "test_support/corpora.h"
-#include "test_support/read_tree.h"
-#include "test_support/temporary_folder.h"
-#include "test_support/write_back.h"
 
 namespace specloom::openapi_lint {
 namespace {

@@ -1,16 +1,6 @@
 // What documents beside the rules cannot show of the rules for the document's own objects and its texts:
 // random identifiers, failures, files of the test's own, and texts of a megabyte.
 
-#include <cstddef> // std::size_t
-#include <memory>  // std::unique_ptr
-#include <set>     // std::set
-#include <string>  // std::string
-#include <vector>  // std::vector
-
-#include <fmt/format.h>
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include "jv/json_reader.h"
 #include "openapi_lint/lint_context.h"
 #include "openapi_lint/rule_registry.h"
@@ -20,6 +10,16 @@
 #include "test_support/read_text.h"
 #include "test_support/temporary_folder.h"
 #include "test_support/texts.h"
+
+#include <cstddef> // std::size_t
+#include <memory>  // std::unique_ptr
+#include <set>     // std::set
+#include <string>  // std::string
+#include <vector>  // std::vector
+
+#include <fmt/format.h>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 namespace specloom::openapi_lint {
 namespace {

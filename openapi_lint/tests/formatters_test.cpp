@@ -2,6 +2,14 @@
 // docs/lint-formats.md; one that tries to break them, and none at all, whose reports are golden/hostile.NAME
 // and golden/nothing.NAME. With SPECLOOM_UPDATE_GOLDEN set pages and files are written anew, for review.
 
+#include "foundation/site.h"
+#include "foundation/strings.h"
+#include "foundation/utf8.h"
+#include "openapi_lint/formatter_registry.h"
+#include "openapi_lint/lint_context.h"
+#include "test_support/corpora.h"
+#include "test_support/parsers.h"
+
 #include <cstdlib>     // std::getenv
 #include <filesystem>  // std::filesystem
 #include <fstream>     // std::ofstream
@@ -13,14 +21,6 @@
 #include <fmt/format.h>
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
-
-#include "foundation/site.h"
-#include "foundation/strings.h"
-#include "foundation/utf8.h"
-#include "openapi_lint/formatter_registry.h"
-#include "openapi_lint/lint_context.h"
-#include "test_support/corpora.h"
-#include "test_support/parsers.h"
 
 namespace specloom::openapi_lint {
 namespace {

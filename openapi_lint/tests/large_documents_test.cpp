@@ -1,5 +1,9 @@
 // Documents of 100,000 findings or segments: whatever took their square would not come to its end.
 
+#include "openapi_lint/lint_context.h"
+#include "openapi_lint/rule_registry.h"
+#include "test_support/read_text.h"
+
 #include <cstddef> // std::size_t
 #include <memory>  // std::unique_ptr
 #include <string>  // std::string
@@ -7,10 +11,6 @@
 
 #include <fmt/format.h>
 #include <gtest/gtest.h>
-
-#include "openapi_lint/lint_context.h"
-#include "openapi_lint/rule_registry.h"
-#include "test_support/read_text.h"
 
 namespace specloom::openapi_lint {
 namespace {

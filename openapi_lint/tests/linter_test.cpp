@@ -1,4 +1,14 @@
+#include "jv/yaml_reader.h"
+#include "openapi_lint/disabling.h"
+#include "openapi_lint/formatter_registry.h"
 #include "openapi_lint/linter.h"
+#include "openapi_lint/rule_configuration_error.h"
+#include "openapi_lint/rule_registry.h"
+#include "openapi_lint/rulesets.h"
+#include "test_support/corpora.h"
+#include "test_support/failure.h"
+#include "test_support/golden.h"
+#include "test_support/read_text.h"
 
 #include <filesystem>  // std::filesystem
 #include <fstream>     // std::ofstream
@@ -14,17 +24,6 @@
 
 #include <fmt/format.h>
 #include <gtest/gtest.h>
-
-#include "jv/yaml_reader.h"
-#include "openapi_lint/disabling.h"
-#include "openapi_lint/formatter_registry.h"
-#include "openapi_lint/rule_configuration_error.h"
-#include "openapi_lint/rule_registry.h"
-#include "openapi_lint/rulesets.h"
-#include "test_support/corpora.h"
-#include "test_support/failure.h"
-#include "test_support/golden.h"
-#include "test_support/read_text.h"
 
 namespace specloom::openapi_lint {
 namespace {

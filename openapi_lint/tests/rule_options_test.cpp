@@ -1,15 +1,15 @@
 // What each rule says to options that it does not take.
 
+#include "jv/deser.h"
+#include "openapi_lint/rule_configuration_error.h"
+#include "openapi_lint/rule_registry.h"
+
 #include <memory> // std::unique_ptr
 #include <string> // std::string
 #include <vector> // std::vector
 
 #include <fmt/format.h>
 #include <gtest/gtest.h>
-
-#include "jv/deser.h"
-#include "openapi_lint/rule_configuration_error.h"
-#include "openapi_lint/rule_registry.h"
 
 namespace specloom::openapi_lint {
 namespace {

@@ -9,6 +9,16 @@
 // Documents may be .json too. And the registry, the folders and the pages of docs/rules against each other.
 // With SPECLOOM_UPDATE_GOLDEN set the expected files are written anew, for review.
 
+#include "foundation/strings.h"
+#include "jv/deser.h"
+#include "openapi/reader.h"
+#include "openapi/writer.h"
+#include "openapi_lint/lint_context.h"
+#include "openapi_lint/rule_registry.h"
+#include "reporting/place.h"
+#include "test_support/corpora.h"
+#include "test_support/golden.h"
+
 #include <algorithm>   // std::replace
 #include <filesystem>  // std::filesystem
 #include <memory>      // std::unique_ptr
@@ -19,16 +29,6 @@
 
 #include <fmt/format.h>
 #include <gtest/gtest.h>
-
-#include "foundation/strings.h"
-#include "jv/deser.h"
-#include "openapi/reader.h"
-#include "openapi/writer.h"
-#include "openapi_lint/lint_context.h"
-#include "openapi_lint/rule_registry.h"
-#include "reporting/place.h"
-#include "test_support/corpora.h"
-#include "test_support/golden.h"
 
 namespace specloom::openapi_lint {
 namespace {

@@ -1,5 +1,4 @@
 #include "regex/pattern.h"
-
 #include "test_support/texts.h"
 
 #include <gtest/gtest.h>

@@ -1,10 +1,10 @@
 #include "reporting/data.h"
 
+#include "jv/json_writer.h"
+
 #include <ostream> // std::ostream
 
 #include <nlohmann/json.hpp>
-
-#include "jv/json_writer.h"
 
 namespace specloom::reporting {
 

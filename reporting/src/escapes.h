@@ -1,10 +1,10 @@
 #pragma once
 
-#include <string>      // std::string
-#include <string_view> // std::string_view
-
 #include "foundation/escapes.h"
 #include "foundation/printable.h"
+
+#include <string>      // std::string
+#include <string_view> // std::string_view
 
 // What each form of reports does to a text of unknown origin. Lines, and XML and YAML that take texts as they
 // are, need printable(), a line's beginning printableAtLineStart(), and JSON, whose writer has escapes of its

@@ -1,8 +1,8 @@
 #include "reporting/place.h"
 
-#include <fmt/format.h>
-
 #include "foundation/printable.h"
+
+#include <fmt/format.h>
 
 namespace specloom::reporting {
 

@@ -1,9 +1,9 @@
 #include "reporting/table.h"
 
+#include "foundation/utf8.h"
+
 #include <algorithm> // std::max, std::min
 #include <ostream>   // std::ostream
-
-#include "foundation/utf8.h"
 
 namespace specloom::reporting {
 

@@ -1,16 +1,16 @@
 // What formatters of all kinds build on; their reports themselves are held by the golden files of their
 // modules.
 
+#include "jv/deser.h"
+#include "reporting/data.h"
+#include "reporting/place.h"
+#include "reporting/table.h"
+
 #include <sstream> // std::ostringstream
 #include <string>  // std::string
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
-
-#include "jv/deser.h"
-#include "reporting/data.h"
-#include "reporting/place.h"
-#include "reporting/table.h"
 
 namespace specloom::reporting {
 namespace {

@@ -10,7 +10,6 @@
 #include <utility> // std::move
 
 #include <fcntl.h>
-
 #include <opentelemetry/exporters/ostream/span_exporter.h>
 #include <opentelemetry/sdk/common/global_log_handler.h>
 #include <opentelemetry/sdk/trace/simple_processor.h>

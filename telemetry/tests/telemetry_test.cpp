@@ -1,5 +1,4 @@
 #include "telemetry/telemetry.h"
-
 #include "test_support/temporary_folder.h"
 
 #include <filesystem> // std::filesystem

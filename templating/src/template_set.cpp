@@ -1,14 +1,14 @@
 #include "templating/template_set.h"
 
+#include "templating/functions.h"
+#include "templating/page_templates.h"
+
 #include <map>     // std::map
 #include <new>     // std::bad_alloc
 #include <sstream> // std::ostringstream
 #include <utility> // std::exchange, std::move
 
 #include <inja/inja.hpp>
-
-#include "templating/functions.h"
-#include "templating/page_templates.h"
 
 namespace specloom::templating {
 namespace {

@@ -1,6 +1,6 @@
 // Holds the documentation against the tree: what it names must be there.
 
-#include <gtest/gtest.h>
+#include "tree.h"
 
 #include <algorithm>   // std::any_of, std::sort
 #include <cctype>      // std::isdigit
@@ -11,7 +11,7 @@
 #include <string_view> // std::string_view
 #include <vector>      // std::vector
 
-#include "tree.h"
+#include <gtest/gtest.h>
 
 namespace specloom::docs_tests {
 namespace {

@@ -1,15 +1,5 @@
 // Holds the table of limits in docs/security.md to the constants of the program, both ways.
 
-#include <gtest/gtest.h>
-
-#include <cstdint>  // std::uint64_t
-#include <iterator> // std::next
-#include <map>      // std::map
-#include <optional> // std::optional
-#include <regex>    // std::regex, on our own texts
-#include <set>      // std::set
-#include <string>   // std::string, std::stoull
-
 #include "code_morph/generated_path.h"
 #include "foundation/input_file.h"
 #include "foundation/message.h"
@@ -24,6 +14,16 @@
 #include "openapi_lint/lint_context.h"
 #include "regex/pattern.h"
 #include "tree.h"
+
+#include <cstdint>  // std::uint64_t
+#include <iterator> // std::next
+#include <map>      // std::map
+#include <optional> // std::optional
+#include <regex>    // std::regex, on our own texts
+#include <set>      // std::set
+#include <string>   // std::string, std::stoull
+
+#include <gtest/gtest.h>
 
 namespace specloom::docs_tests {
 namespace {

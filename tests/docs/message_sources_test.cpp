@@ -1,7 +1,7 @@
 // Holds the sources to the rule of foundation/message.h: what an exception says is a constant, or comes from
 // formatMessage(), which cleans what is foreign in it.
 
-#include <gtest/gtest.h>
+#include "tree.h"
 
 #include <map>     // std::map
 #include <regex>   // std::regex, on our own sources
@@ -9,7 +9,7 @@
 #include <string>  // std::string
 #include <utility> // std::pair
 
-#include "tree.h"
+#include <gtest/gtest.h>
 
 namespace specloom::docs_tests {
 namespace {

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "test_support/corpora.h"
+
 #include <filesystem> // std::filesystem
 #include <map>        // std::map
 #include <string>     // std::string
-
-#include "test_support/corpora.h"
 
 // The repository, as the tests of this folder read it.
 namespace specloom::docs_tests {

@@ -10,6 +10,7 @@
 #include <algorithm> // std::any_of, std::count_if, std::replace_if
 #include <cctype>    // std::isalnum
 #include <charconv>  // std::from_chars
+
 #include <gtest/gtest.h>
 
 namespace specloom::format_corpora {

@@ -2,11 +2,12 @@
 
 #include "jv/key_pool.h"
 
-#include <cstdint> // std::uint64_t
-#include <cstring> // std::memcpy
-#include <fmt/core.h>
+#include <cstdint>     // std::uint64_t
+#include <cstring>     // std::memcpy
 #include <stdexcept>   // std::logic_error
 #include <string_view> // std::string_view
+
+#include <fmt/core.h>
 
 namespace specloom::test_support {
 namespace {

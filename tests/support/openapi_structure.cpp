@@ -1,11 +1,11 @@
 #include "test_support/openapi_structure.h"
 
+#include "test_support/texts.h"
+
 #include <algorithm> // std::find_if
 #include <string>    // std::string
 #include <utility>   // std::pair
 #include <vector>    // std::vector
-
-#include "test_support/texts.h"
 
 namespace specloom::test_support {
 

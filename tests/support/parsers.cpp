@@ -2,14 +2,15 @@
 
 #include "test_support/corpora.h"
 
-#include <expat.h>
-#include <istream> // std::istream
-#include <map>     // std::map
-#include <memory>  // std::unique_ptr
-#include <nlohmann/json.hpp>
+#include <istream>   // std::istream
+#include <map>       // std::map
+#include <memory>    // std::unique_ptr
 #include <optional>  // std::optional
 #include <sstream>   // std::istringstream
 #include <stdexcept> // std::runtime_error
+
+#include <expat.h>
+#include <nlohmann/json.hpp>
 #include <yaml-cpp/eventhandler.h>
 #include <yaml-cpp/parser.h>
 

@@ -1,12 +1,12 @@
 #include "cli/commands/credits_command.h"
 
-#include <iostream> // std::cout
-
-#include <fmt/format.h>
-
 #include "cli/app.h"
 #include "cli/exit_status.h"
 #include "cli/libraries.h"
+
+#include <iostream> // std::cout
+
+#include <fmt/format.h>
 
 namespace specloom::cli {
 

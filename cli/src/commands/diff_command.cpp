@@ -1,11 +1,5 @@
 #include "cli/commands/diff_command.h"
 
-#include <iostream> // std::cout
-#include <memory>   // std::make_shared, std::shared_ptr, std::unique_ptr
-#include <optional> // std::optional
-#include <string>   // std::string
-#include <utility>  // std::move
-
 #include "cli/app.h"
 #include "cli/config_file.h"
 #include "cli/exit_status.h"
@@ -13,6 +7,12 @@
 #include "openapi/writer.h"
 #include "openapi_diff/differ.h"
 #include "telemetry/telemetry.h"
+
+#include <iostream> // std::cout
+#include <memory>   // std::make_shared, std::shared_ptr, std::unique_ptr
+#include <optional> // std::optional
+#include <string>   // std::string
+#include <utility>  // std::move
 
 namespace specloom::cli {
 namespace {

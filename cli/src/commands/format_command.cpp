@@ -1,10 +1,5 @@
 #include "cli/commands/format_command.h"
 
-#include <optional>  // std::optional
-#include <stdexcept> // std::runtime_error
-#include <string>    // std::string
-#include <vector>    // std::vector
-
 #include "cli/app.h"
 #include "cli/config_file.h"
 #include "cli/exit_status.h"
@@ -14,6 +9,11 @@
 #include "jv/deser.h"
 #include "openapi_format/formatter.h"
 #include "telemetry/telemetry.h"
+
+#include <optional>  // std::optional
+#include <stdexcept> // std::runtime_error
+#include <string>    // std::string
+#include <vector>    // std::vector
 
 namespace specloom::cli {
 namespace {

@@ -1,5 +1,10 @@
 #include "cli/commands/license_command.h"
 
+#include "cli/app.h"
+#include "cli/exit_status.h"
+#include "cli/libraries.h"
+#include "foundation/message.h"
+
 #include <algorithm>   // std::find_if
 #include <iostream>    // std::cout
 #include <optional>    // std::optional
@@ -8,11 +13,6 @@
 #include <vector>      // std::vector
 
 #include <fmt/format.h>
-
-#include "cli/app.h"
-#include "cli/exit_status.h"
-#include "cli/libraries.h"
-#include "foundation/message.h"
 
 namespace specloom::cli {
 namespace {

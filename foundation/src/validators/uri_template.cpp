@@ -1,4 +1,5 @@
 #include "foundation/uri_template.h"
+
 #include "foundation/validators/validators.h"
 
 #include <exception>   // std::exception

@@ -1,7 +1,6 @@
 // The public suite of URI templates: variables, templates, and what each expands to.
 
 #include "foundation/uri_template.h"
-
 #include "jv/json_reader.h"
 #include "jv/jv_document.h"
 #include "test_support/corpora.h"

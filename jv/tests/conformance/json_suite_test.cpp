@@ -9,9 +9,10 @@
 #include "test_support/parsers.h"
 
 #include <algorithm> // std::sort
+#include <map>       // std::map
+#include <memory>    // std::unique_ptr
+
 #include <gtest/gtest.h>
-#include <map>    // std::map
-#include <memory> // std::unique_ptr
 
 namespace specloom::jv {
 namespace {

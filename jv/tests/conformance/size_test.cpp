@@ -11,11 +11,12 @@
 #include "test_support/sanitizers.h"
 #include "test_support/texts.h"
 
+#include <sstream>   // std::istringstream
+#include <stdexcept> // std::runtime_error
+
 #include <fmt/format.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <sstream>   // std::istringstream
-#include <stdexcept> // std::runtime_error
 
 namespace specloom::jv {
 namespace {

@@ -8,12 +8,13 @@
 #include "test_support/failure.h"
 #include "test_support/texts.h"
 
-#include <fmt/format.h>
-#include <gtest/gtest.h>
 #include <limits>    // std::numeric_limits
 #include <memory>    // std::unique_ptr
 #include <random>    // std::mt19937
 #include <stdexcept> // std::runtime_error
+
+#include <fmt/format.h>
+#include <gtest/gtest.h>
 
 namespace specloom::jv {
 namespace {

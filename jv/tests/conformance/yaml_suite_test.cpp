@@ -8,9 +8,10 @@
 #include "test_support/corpora.h"
 #include "test_support/documents.h"
 
-#include <gtest/gtest.h>
 #include <memory>    // std::unique_ptr
 #include <stdexcept> // std::runtime_error
+
+#include <gtest/gtest.h>
 
 namespace specloom::jv {
 namespace {

@@ -2,11 +2,11 @@
 #include "openapi/reader/readers.h"
 #include "openapi/reference.h"
 
-#include <fmt/format.h> // fmt::format
-
 #include <algorithm> // std::find, std::ranges::count_if, std::ranges::sort
 #include <array>     // std::array
 #include <utility>   // std::index_sequence
+
+#include <fmt/format.h> // fmt::format
 
 namespace specloom::openapi {
 

@@ -1,8 +1,7 @@
 // Security schemes and their OAuth flows.
 
-#include "openapi/reader/readers.h"
-
 #include "foundation/message.h"
+#include "openapi/reader/readers.h"
 
 namespace specloom::openapi {
 

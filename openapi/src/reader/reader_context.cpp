@@ -4,12 +4,12 @@
 #include "openapi/reader.h"
 #include "openapi/reference.h"
 
-#include <fmt/format.h> // fmt::format, fmt::format_to
-
 #include <algorithm> // std::any_of, std::ranges::sort
 #include <iterator>  // std::back_inserter
 #include <stdexcept> // std::runtime_error
 #include <utility>   // std::move
+
+#include <fmt/format.h> // fmt::format, fmt::format_to
 
 namespace specloom::openapi {
 

@@ -4,11 +4,11 @@
 #include "openapi/reader/reader_context.h"
 #include "openapi/reference.h"
 
-#include <fmt/format.h> // fmt::format
-
 #include <algorithm>     // std::stable_sort
 #include <functional>    // std::function
 #include <unordered_map> // std::unordered_map
+
+#include <fmt/format.h> // fmt::format
 
 namespace specloom::openapi {
 

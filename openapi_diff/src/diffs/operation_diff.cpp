@@ -1,5 +1,7 @@
 #include "openapi_diff/diffs/operation_diff.h"
 
+#include "openapi/openapi.h"
+#include "openapi/tag.h"
 #include "openapi_diff/diffs/callback_diff.h"
 #include "openapi_diff/diffs/external_documentation_diff.h"
 #include "openapi_diff/diffs/parameter_list_diff.h"
@@ -8,9 +10,6 @@
 #include "openapi_diff/diffs/security_requirement_list_diff.h"
 #include "openapi_diff/diffs/server_list_diff.h"
 #include "openapi_diff/diffs/text_sets.h"
-
-#include "openapi/openapi.h"
-#include "openapi/tag.h"
 
 namespace specloom::openapi_diff {
 namespace {

@@ -1,9 +1,9 @@
 #include "openapi_diff/formatters/changelog_events.h"
 
-#include <fmt/format.h>
-
 #include "foundation/printable.h"
 #include "reporting/place.h"
+
+#include <fmt/format.h>
 
 namespace specloom::openapi_diff {
 namespace {

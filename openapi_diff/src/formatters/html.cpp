@@ -1,14 +1,14 @@
 #include "openapi_diff/formatters/html.h"
 
-#include <ostream> // std::ostream
-#include <utility> // std::move
-
-#include <nlohmann/json.hpp>
-
 #include "openapi_diff/formatters/template_report.h"
 #include "openapi_diff/html_templates.h"
 #include "reporting/escapes.h"
 #include "templating/template_set.h"
+
+#include <ostream> // std::ostream
+#include <utility> // std::move
+
+#include <nlohmann/json.hpp>
 
 namespace specloom::openapi_diff {
 namespace {

@@ -1,14 +1,14 @@
 #include "openapi_diff/formatters/markdown.h"
 
-#include <ostream> // std::ostream
-#include <string>  // std::string
-
-#include <nlohmann/json.hpp>
-
 #include "openapi_diff/formatters/template_report.h"
 #include "openapi_diff/markdown_templates.h"
 #include "reporting/escapes.h"
 #include "templating/template_set.h"
+
+#include <ostream> // std::ostream
+#include <string>  // std::string
+
+#include <nlohmann/json.hpp>
 
 namespace specloom::openapi_diff {
 namespace {

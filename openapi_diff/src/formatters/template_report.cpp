@@ -1,13 +1,13 @@
 #include "openapi_diff/formatters/template_report.h"
 
-#include <utility> // std::move
-
-#include <nlohmann/json.hpp>
-
 #include "openapi_diff/formatters/changelog_value.h"
 #include "openapi_diff/formatters/utils.h"
 #include "reporting/data.h"
 #include "reporting/place.h"
+
+#include <utility> // std::move
+
+#include <nlohmann/json.hpp>
 
 namespace specloom::openapi_diff {
 namespace {

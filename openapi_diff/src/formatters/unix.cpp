@@ -1,9 +1,9 @@
 #include "openapi_diff/formatters/unix.h"
 
-#include <ostream> // std::ostream
-
 #include "openapi_diff/formatters/changelog_events.h"
 #include "openapi_diff/formatters/utils.h"
+
+#include <ostream> // std::ostream
 
 namespace specloom::openapi_diff {
 namespace {

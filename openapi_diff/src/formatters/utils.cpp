@@ -1,14 +1,14 @@
 #include "openapi_diff/formatters/utils.h"
 
-#include <algorithm> // std::ranges::transform
-#include <array>     // std::array
-
-#include <fmt/format.h>
-
 #include "foundation/case_style.h"
 #include "foundation/printable.h"
 #include "openapi/shape.h"
 #include "reporting/place.h"
+
+#include <algorithm> // std::ranges::transform
+#include <array>     // std::array
+
+#include <fmt/format.h>
 
 namespace specloom::openapi_diff {
 namespace {

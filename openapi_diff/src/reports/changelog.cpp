@@ -1,9 +1,9 @@
 #include "openapi_diff/reports/changelog.h"
 
-#include <algorithm> // std::max
-
 #include "foundation/unreachable.h"
 #include "openapi/parameter.h"
+
+#include <algorithm> // std::max
 
 namespace specloom::openapi_diff {
 namespace {

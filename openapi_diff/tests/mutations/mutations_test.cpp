@@ -1,12 +1,11 @@
 // The property that decides whether the comparison is right: a document and the same one after one edit. What
 // is reported is held against what a reading of the values and of the table, apart from the program, expects.
 
-#include "openapi_diff/diffs/openapi_diff.h"
-
 #include "jv/deser.h"
 #include "mutations/expectation.h"
 #include "mutations/mutation.h"
 #include "openapi/reader.h"
+#include "openapi_diff/diffs/openapi_diff.h"
 #include "test_support/corpora.h"
 #include "test_support/read_tree.h"
 

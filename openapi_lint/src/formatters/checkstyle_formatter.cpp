@@ -1,12 +1,12 @@
 #include "openapi_lint/formatters/checkstyle_formatter.h"
 
-#include <ostream> // std::ostream
-
-#include <nlohmann/json.hpp>
-
 #include "foundation/printable.h"
 #include "openapi_lint/template_report.h"
 #include "reporting/place.h"
+
+#include <ostream> // std::ostream
+
+#include <nlohmann/json.hpp>
 
 namespace specloom::openapi_lint {
 namespace {

@@ -1,14 +1,14 @@
 #include "openapi_lint/formatters/html_formatter.h"
 
-#include <ostream> // std::ostream
-
-#include <fmt/format.h>
-#include <nlohmann/json.hpp>
-
 #include "foundation/site.h"
 #include "openapi_lint/template_report.h"
 #include "reporting/escapes.h"
 #include "reporting/place.h"
+
+#include <ostream> // std::ostream
+
+#include <fmt/format.h>
+#include <nlohmann/json.hpp>
 
 namespace specloom::openapi_lint {
 namespace {

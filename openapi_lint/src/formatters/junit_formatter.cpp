@@ -1,14 +1,14 @@
 #include "openapi_lint/formatters/junit_formatter.h"
 
+#include "foundation/printable.h"
+#include "openapi_lint/template_report.h"
+#include "reporting/place.h"
+
 #include <ostream> // std::ostream
 #include <string>  // std::string
 
 #include <fmt/format.h>
 #include <nlohmann/json.hpp>
-
-#include "foundation/printable.h"
-#include "openapi_lint/template_report.h"
-#include "reporting/place.h"
 
 namespace specloom::openapi_lint {
 namespace {

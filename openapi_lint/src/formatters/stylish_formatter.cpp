@@ -1,15 +1,15 @@
 #include "openapi_lint/formatters/stylish_formatter.h"
 
-#include <ostream> // std::ostream
-#include <string>  // std::string, std::to_string
-
-#include <fmt/format.h>
-
 #include "foundation/printable.h"
 #include "foundation/unreachable.h"
 #include "openapi_lint/lint_context.h"
 #include "reporting/place.h"
 #include "reporting/table.h"
+
+#include <ostream> // std::ostream
+#include <string>  // std::string, std::to_string
+
+#include <fmt/format.h>
 
 namespace specloom::openapi_lint {
 namespace {

@@ -1,13 +1,5 @@
 #include "openapi_lint/formatters/tap_formatter.h"
 
-#include <algorithm> // std::count_if
-#include <cstdint>   // std::int64_t
-#include <ostream>   // std::ostream
-#include <string>    // std::string
-#include <vector>    // std::vector
-
-#include <fmt/format.h>
-
 #include "foundation/escapes.h"
 #include "foundation/printable.h"
 #include "foundation/strings.h"
@@ -15,6 +7,14 @@
 #include "jv/yaml_writer.h"
 #include "openapi_lint/lint_context.h"
 #include "openapi_lint/result_value.h"
+
+#include <algorithm> // std::count_if
+#include <cstdint>   // std::int64_t
+#include <ostream>   // std::ostream
+#include <string>    // std::string
+#include <vector>    // std::vector
+
+#include <fmt/format.h>
 
 namespace specloom::openapi_lint {
 namespace {

@@ -1,8 +1,8 @@
 #include "openapi_lint/formatters/unix_formatter.h"
 
-#include <ostream> // std::ostream
-
 #include "openapi_lint/line_report.h"
+
+#include <ostream> // std::ostream
 
 namespace specloom::openapi_lint {
 

@@ -1,13 +1,13 @@
 #include "openapi_lint/rules/audience_defined.h"
 
+#include "openapi_lint/disabling.h"
+#include "openapi_lint/lint_context.h"
+#include "openapi_lint/rule_options.h"
+
 #include <algorithm> // std::find
 #include <array>     // std::array
 
 #include <fmt/format.h>
-
-#include "openapi_lint/disabling.h"
-#include "openapi_lint/lint_context.h"
-#include "openapi_lint/rule_options.h"
 
 namespace specloom::openapi_lint {
 namespace {

@@ -1,14 +1,14 @@
 #include "openapi_lint/rules/id_defined.h"
 
-#include <utility> // std::move
-
-#include <fmt/format.h>
-
 #include "foundation/message.h"
 #include "openapi_lint/disabling.h"
 #include "openapi_lint/lint_context.h"
 #include "openapi_lint/rule_options.h"
 #include "openapi_lint/uuid.h"
+
+#include <utility> // std::move
+
+#include <fmt/format.h>
 
 namespace specloom::openapi_lint {
 namespace {

@@ -1,9 +1,9 @@
 #include "openapi_lint/rules/json_schema_validation.h"
 
-#include <fmt/core.h>
-
 #include "openapi/document_schema.h"
 #include "openapi_lint/lint_context.h"
+
+#include <fmt/core.h>
 
 namespace specloom::openapi_lint {
 namespace {

@@ -1,11 +1,11 @@
 #include "openapi_lint/rules/operation_id_unique.h"
 
-#include <string>      // std::string
-#include <string_view> // std::string_view
-
 #include "foundation/text_tables.h"
 #include "openapi/operation.h"
 #include "openapi_lint/rule_handler.h"
+
+#include <string>      // std::string
+#include <string_view> // std::string_view
 
 namespace specloom::openapi_lint {
 namespace {

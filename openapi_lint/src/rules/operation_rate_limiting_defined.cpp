@@ -1,11 +1,11 @@
 #include "openapi_lint/rules/operation_rate_limiting_defined.h"
 
+#include "openapi/responses.h"
+#include "openapi_lint/rule_handler.h"
+
 #include <algorithm>   // std::any_of
 #include <array>       // std::array
 #include <string_view> // std::string_view
-
-#include "openapi/responses.h"
-#include "openapi_lint/rule_handler.h"
 
 namespace specloom::openapi_lint {
 namespace {

@@ -1,10 +1,10 @@
 #include "openapi_lint/rules/operation_success_response.h"
 
-#include <algorithm>   // std::none_of
-#include <string_view> // std::string_view
-
 #include "openapi/operation.h"
 #include "openapi_lint/rule_handler.h"
+
+#include <algorithm>   // std::none_of
+#include <string_view> // std::string_view
 
 namespace specloom::openapi_lint {
 namespace {

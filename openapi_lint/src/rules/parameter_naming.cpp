@@ -1,11 +1,11 @@
 #include "openapi_lint/rules/parameter_naming.h"
 
-#include <string>      // std::string
-#include <string_view> // std::string_view
-
 #include "configuration/section.h"
 #include "openapi_lint/rule_handler.h"
 #include "openapi_lint/rule_options.h"
+
+#include <string>      // std::string
+#include <string_view> // std::string_view
 
 #include <fmt/format.h>
 

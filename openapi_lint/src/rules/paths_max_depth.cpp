@@ -1,11 +1,11 @@
 #include "openapi_lint/rules/paths_max_depth.h"
 
+#include "openapi_lint/lint_context.h"
+#include "openapi_lint/rule_options.h"
+
 #include <algorithm>   // std::count
 #include <cstddef>     // std::size_t
 #include <string_view> // std::string_view
-
-#include "openapi_lint/lint_context.h"
-#include "openapi_lint/rule_options.h"
 
 #include <fmt/format.h>
 

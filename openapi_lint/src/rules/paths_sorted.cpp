@@ -1,13 +1,13 @@
 #include "openapi_lint/rules/paths_sorted.h"
 
+#include "openapi_lint/disabling.h"
+#include "openapi_lint/lint_context.h"
+
 #include <algorithm>   // std::stable_sort
 #include <string>      // std::string
 #include <string_view> // std::string_view
 #include <tuple>       // std::tie
 #include <vector>      // std::vector
-
-#include "openapi_lint/disabling.h"
-#include "openapi_lint/lint_context.h"
 
 namespace specloom::openapi_lint {
 namespace {

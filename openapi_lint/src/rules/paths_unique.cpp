@@ -1,12 +1,12 @@
 #include "openapi_lint/rules/paths_unique.h"
 
-#include <string>      // std::string
-#include <string_view> // std::string_view
-
 #include "foundation/text_tables.h"
 #include "openapi_lint/disabling.h"
 #include "openapi_lint/lint_context.h"
 #include "openapi_lint/texts.h"
+
+#include <string>      // std::string
+#include <string_view> // std::string_view
 
 namespace specloom::openapi_lint {
 namespace {

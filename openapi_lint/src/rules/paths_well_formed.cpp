@@ -1,11 +1,11 @@
 #include "openapi_lint/rules/paths_well_formed.h"
 
-#include <string>      // std::string
-#include <string_view> // std::string_view
-
 #include "foundation/strings.h"
 #include "openapi_lint/lint_context.h"
 #include "openapi_lint/texts.h"
+
+#include <string>      // std::string
+#include <string_view> // std::string_view
 
 #include <fmt/format.h>
 

@@ -1,9 +1,9 @@
 #include "openapi_lint/rules/safe_markdown.h"
 
-#include <fmt/format.h>
-
 #include "markdown/safety.h"
 #include "openapi_lint/texts_handler.h"
+
+#include <fmt/format.h>
 
 namespace specloom::openapi_lint {
 namespace {

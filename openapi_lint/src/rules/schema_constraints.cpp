@@ -1,11 +1,11 @@
 #include "openapi_lint/rules/schema_constraints.h"
 
-#include <string_view> // std::string_view
-
 #include "configuration/section.h"
 #include "openapi/schema.h"
 #include "openapi_lint/rule_handler.h"
 #include "openapi_lint/rule_options.h"
+
+#include <string_view> // std::string_view
 
 namespace specloom::openapi_lint {
 namespace {

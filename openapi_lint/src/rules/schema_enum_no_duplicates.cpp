@@ -1,12 +1,12 @@
 #include "openapi_lint/rules/schema_enum_no_duplicates.h"
 
-#include <unordered_set> // std::unordered_set
-#include <vector>        // std::vector
-
 #include "jv/equal_values.h"
 #include "openapi/node_visitor.h"
 #include "openapi/schema.h"
 #include "openapi_lint/rule_handler.h"
+
+#include <unordered_set> // std::unordered_set
+#include <vector>        // std::vector
 
 namespace specloom::openapi_lint {
 namespace {

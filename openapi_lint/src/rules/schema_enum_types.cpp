@@ -1,10 +1,10 @@
 #include "openapi_lint/rules/schema_enum_types.h"
 
-#include <algorithm> // std::all_of
-
 #include "foundation/unreachable.h"
 #include "openapi/schema.h"
 #include "openapi_lint/rule_handler.h"
+
+#include <algorithm> // std::all_of
 
 namespace specloom::openapi_lint {
 namespace {

@@ -1,13 +1,5 @@
 #include "openapi_lint/rules/spell_check.h"
 
-#include <algorithm> // std::find, std::ranges::find
-#include <array>     // std::array
-#include <optional>  // std::optional
-#include <stdexcept> // std::runtime_error
-#include <utility>   // std::move
-
-#include <fmt/format.h>
-
 #include "foundation/file_system.h"
 #include "foundation/message.h"
 #include "foundation/strings.h"
@@ -18,6 +10,14 @@
 #include "openapi_lint/rule_options.h"
 #include "openapi_lint/texts_handler.h"
 #include "openapi_lint/words.h"
+
+#include <algorithm> // std::find, std::ranges::find
+#include <array>     // std::array
+#include <optional>  // std::optional
+#include <stdexcept> // std::runtime_error
+#include <utility>   // std::move
+
+#include <fmt/format.h>
 
 namespace specloom::openapi_lint {
 namespace {

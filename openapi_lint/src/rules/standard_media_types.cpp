@@ -1,13 +1,13 @@
 #include "openapi_lint/rules/standard_media_types.h"
 
-#include <fmt/format.h>
-
 #include "foundation/validators/validators.h"
 #include "openapi/header.h"
 #include "openapi/parameter.h"
 #include "openapi/request_body.h"
 #include "openapi/response.h"
 #include "openapi_lint/rule_handler.h"
+
+#include <fmt/format.h>
 
 namespace specloom::openapi_lint {
 namespace {

@@ -1,11 +1,11 @@
 #include "openapi_lint/rules/standard_response_codes.h"
 
-#include <string>      // std::string
-#include <string_view> // std::string_view
-
 #include "openapi/responses.h"
 #include "openapi_lint/response_codes.h"
 #include "openapi_lint/rule_handler.h"
+
+#include <string>      // std::string
+#include <string_view> // std::string_view
 
 #include <fmt/format.h>
 

@@ -1,15 +1,15 @@
 #include "openapi_lint/rules/standard_response_errors.h"
 
-#include <initializer_list> // std::initializer_list
-#include <string_view>      // std::string_view
-#include <unordered_set>    // std::unordered_set
-#include <vector>           // std::vector
-
 #include "foundation/message.h"
 #include "foundation/unreachable.h"
 #include "openapi/responses.h"
 #include "openapi_lint/rule_handler.h"
 #include "openapi_lint/rule_options.h"
+
+#include <initializer_list> // std::initializer_list
+#include <string_view>      // std::string_view
+#include <unordered_set>    // std::unordered_set
+#include <vector>           // std::vector
 
 namespace specloom::openapi_lint {
 namespace {

@@ -1,11 +1,11 @@
 #include "openapi_lint/rules/tag_description_defined.h"
 
-#include <fmt/format.h>
-
 #include "openapi_lint/disabling.h"
 #include "openapi_lint/lint_context.h"
 #include "openapi_lint/rule_options.h"
 #include "openapi_lint/texts.h"
+
+#include <fmt/format.h>
 
 namespace specloom::openapi_lint {
 namespace {

@@ -1,9 +1,9 @@
 #include "openapi_lint/rules/tags_sorted.h"
 
-#include <fmt/format.h>
-
 #include "openapi_lint/disabling.h"
 #include "openapi_lint/lint_context.h"
+
+#include <fmt/format.h>
 
 namespace specloom::openapi_lint {
 namespace {

@@ -1,10 +1,10 @@
 #include "openapi_lint/rules/tags_unique.h"
 
-#include <fmt/format.h>
-
 #include "foundation/text_tables.h"
 #include "openapi_lint/disabling.h"
 #include "openapi_lint/lint_context.h"
+
+#include <fmt/format.h>
 
 namespace specloom::openapi_lint {
 namespace {

@@ -1,11 +1,11 @@
 #include "openapi_lint/rules/unambiguous_response_codes.h"
 
-#include <algorithm>   // std::any_of
-#include <string_view> // std::string_view
-
 #include "openapi/responses.h"
 #include "openapi_lint/response_codes.h"
 #include "openapi_lint/rule_handler.h"
+
+#include <algorithm>   // std::any_of
+#include <string_view> // std::string_view
 
 namespace specloom::openapi_lint {
 namespace {

@@ -1,9 +1,9 @@
 #include "openapi_lint/rules/unused_request_body.h"
 
-#include <array> // std::array
-
 #include "openapi/path_item.h"
 #include "openapi_lint/rule_handler.h"
+
+#include <array> // std::array
 
 namespace specloom::openapi_lint {
 namespace {

@@ -1,14 +1,14 @@
 #include "openapi_lint/rules/unused_shared_component.h"
 
-#include <algorithm>   // std::any_of
-#include <string_view> // std::string_view
-#include <vector>      // std::vector
-
 #include "foundation/text_tables.h"
 #include "openapi/components.h"
 #include "openapi/reference.h"
 #include "openapi/security_requirement.h"
 #include "openapi_lint/rule_handler.h"
+
+#include <algorithm>   // std::any_of
+#include <string_view> // std::string_view
+#include <vector>      // std::vector
 
 namespace specloom::openapi_lint {
 namespace {

@@ -5,6 +5,11 @@
 //
 // in the order of the reports; `null` when the document cannot be read.
 
+#include "jv/deser.h"
+#include "openapi_lint/lint_context.h"
+#include "openapi_lint/rule_registry.h"
+#include "test_support/read_tree.h"
+
 #include <cstdint>   // std::uint64_t
 #include <exception> // std::exception
 #include <iostream>  // std::cout, std::cerr
@@ -13,11 +18,6 @@
 #include <stdexcept> // std::runtime_error
 #include <string>    // std::string
 #include <utility>   // std::pair
-
-#include "jv/deser.h"
-#include "openapi_lint/lint_context.h"
-#include "openapi_lint/rule_registry.h"
-#include "test_support/read_tree.h"
 
 namespace specloom::openapi_lint {
 namespace {
