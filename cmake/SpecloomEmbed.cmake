@@ -1,4 +1,4 @@
-# Turns the files of a folder and its sub-folders into one generated source, so that the program carries them.
+# Turns the files of a folder and its sub-folders into one generated source, so that the program contains them.
 #
 #   specloom_embed(cli FOLDER texts PATTERN *.txt NAMESPACE specloom::cli FUNCTION carriedText TABLE carriedTexts)
 #

@@ -30,7 +30,7 @@ set(definitions "")
 if(FUNCTION)
   string(APPEND includes "#include <string_view> // std::string_view\n")
   string(APPEND declarations "
-/// The content of the carried file of this name; a view with a null data pointer when there is none.
+/// The content of the embedded file of this name; a view with a null data pointer when there is none.
 std::string_view ${FUNCTION}(std::string_view name) noexcept;
 ")
   string(APPEND definitions "

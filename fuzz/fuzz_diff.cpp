@@ -18,7 +18,7 @@ namespace jv = specloom::jv;
 namespace openapi = specloom::openapi;
 namespace diff = specloom::openapi_diff;
 
-/// A changed copy of a document as a tree; null when it is refused, which is told in words.
+/// A changed copy of a document as a tree; null when it is refused, which is reported in words.
 [[nodiscard]] std::unique_ptr<openapi::ReadResult>
 changed(const std::string& text, std::size_t changes, fuzz::Choices& choices,
         const std::shared_ptr<const openapi::SchemaFormatRegistry>& known) {

@@ -140,7 +140,7 @@ void report(const lint::LintContext& context) {
     return jv::documentToText(document, format);
 }
 
-/// Null when it is refused as an OpenAPI document, which is told in words.
+/// Null when it is refused as an OpenAPI document, which is reported in words.
 [[nodiscard]] std::unique_ptr<openapi::ReadResult> read(std::string_view text, DocumentFormat format) {
     static const auto known = std::make_shared<const openapi::SchemaFormatRegistry>();
     auto document = fuzz::readIfGood(text, format);

@@ -34,7 +34,7 @@ template <typename Character>
     return isDigit(c) || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F');
 }
 
-/// Blank, \t, \n, \v, \f, \r.
+/// Space, \t, \n, \v, \f, \r.
 template <typename Character>
 [[nodiscard]] constexpr bool isSpace(Character c) noexcept {
     return c == ' ' || (c >= '\t' && c <= '\r');

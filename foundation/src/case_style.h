@@ -23,7 +23,7 @@ enum class CaseStyle {
 /// The conversion that belongs to `style`; an unreachable path for any other value.
 [[nodiscard]] std::string convertCase(std::string_view text, CaseStyle style);
 
-// Each conversion finds its words by a rule of its own, and they differ on purpose. Separators are the blank
+// Each conversion finds its words by a rule of its own, and they differ on purpose. Separators are the space
 // and
 // - / _ { } (the dot is none).
 

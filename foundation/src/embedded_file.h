@@ -4,7 +4,7 @@
 
 namespace specloom {
 
-/// A text that the program carries. The sources that cmake/SpecloomEmbed.cmake writes hold tables of them.
+/// A text that the program contains. The sources that cmake/SpecloomEmbed.cmake writes hold tables of them.
 struct EmbeddedFile {
     std::string_view name; ///< relative to the folder that was embedded, with "/" on every system
     std::string_view content;

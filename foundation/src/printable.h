@@ -19,7 +19,7 @@ namespace specloom {
 /// All else, the backslash included, stays. A printable text comes out as it is.
 [[nodiscard]] std::string printable(std::string_view text);
 
-/// The same for a text that begins a line: the first of two colons at its beginning, blanks before them
+/// The same for a text that begins a line: the first of two colons at its beginning, spaces before them
 /// aside, becomes \u003a, because "::" at the beginning of a line begins a command there.
 [[nodiscard]] std::string printableAtLineStart(std::string_view text);
 

@@ -30,19 +30,19 @@ void replaceAll(std::string& text, std::string_view from, std::string_view to);
 /// Replaces each byte that is one of `characters` by `to`.
 void replaceAny(std::string& text, std::string_view characters, std::string_view to);
 
-/// `text` without its leading and trailing white space (blank, \t, \n, \v, \f, \r).
+/// `text` without its leading and trailing white space (space, \t, \n, \v, \f, \r).
 [[nodiscard]] std::string trim(std::string_view text);
 
 /// Whether `text` is a letter or "_" followed by letters, digits and "_".
 [[nodiscard]] bool isIdentifier(std::string_view text) noexcept;
 
-/// Each line of `text` behind `count` blanks, joined by line feeds. A line feed at the end of the text ends
+/// Each line of `text` behind `count` spaces, joined by line feeds. A line feed at the end of the text ends
 /// its last line and is not repeated; an empty text has no lines.
 [[nodiscard]] std::string indentLines(std::string_view text, std::size_t count);
 
 /// A block of text without the lines and the indentation that come from where it stands: split into lines at
 /// line feeds; the first line loses its leading and the last its trailing white space, and each is dropped if
-/// that leaves it empty; then each line loses as many leading blanks as the first has, or as many as it has
+/// that leaves it empty; then each line loses as many leading spaces as the first has, or as many as it has
 /// if they are fewer. The lines are joined by line feeds.
 [[nodiscard]] std::string trimLines(std::string_view text);
 

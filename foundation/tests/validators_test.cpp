@@ -13,7 +13,7 @@ namespace {
 
 using test_support::formatValidators;
 
-/// The names of all predicates that accept `text`, with blanks between.
+/// The names of all predicates that accept `text`, with spaces between.
 std::string acceptedAs(std::string_view text) {
     std::string names;
     for (const auto& [name, predicate] : formatValidators()) {

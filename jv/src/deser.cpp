@@ -91,7 +91,6 @@ class RefInliner {
 } // namespace
 
 // ---- formats
-// --------------------------------------------------------------------------------------------------
 
 std::optional<DocumentFormat> formatFromPath(std::string_view path) {
     std::string_view name = path.substr(path.rfind('/') + 1);
@@ -119,7 +118,6 @@ std::string_view extensionOf(DocumentFormat format) {
 }
 
 // ---- reading
-// --------------------------------------------------------------------------------------------------
 
 LoadedDocument loadDocument(const FileSystem& files, std::string_view path, const LoadOptions& options) {
     const std::unique_ptr<Input> file = files.open(path);
@@ -162,7 +160,6 @@ std::unique_ptr<JVDocument> readDocument(std::istream& stream, const LoadOptions
 }
 
 // ---- writing
-// --------------------------------------------------------------------------------------------------
 
 std::string documentToText(const JVDocument& document, const SaveOptions& options) {
     const auto render = [&](auto writer) {

@@ -28,7 +28,7 @@ struct LoadOptions {
 
 struct SaveOptions {
     std::optional<DocumentFormat> format; ///< when absent, taken from the file's extension
-    std::int32_t indent = 2;              ///< blanks for each level
+    std::int32_t indent = 2;              ///< spaces for each level
     PropertySorter sorter;                ///< when empty, the document's own order
 };
 

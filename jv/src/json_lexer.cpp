@@ -11,7 +11,6 @@
 namespace specloom::jv {
 
 // ---- chunks and positions
-// -------------------------------------------------------------------------------------
 
 void JSONLexer::feed(std::string_view chunk) {
     base_ += tokenStart_ - begin_;
@@ -58,7 +57,6 @@ void JSONLexer::skipWhiteSpace() noexcept {
 }
 
 // ---- tokens
-// ---------------------------------------------------------------------------------------------------
 
 JSONLexer::Token JSONLexer::fail(Error error) noexcept {
     error_ = error;
@@ -200,7 +198,6 @@ JSONLexer::Token JSONLexer::scanComment() {
 }
 
 // ---- strings
-// --------------------------------------------------------------------------------------------------
 
 JSONLexer::Token JSONLexer::scanString() {
     bool escapes = resumeEscapes_;

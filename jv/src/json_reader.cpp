@@ -50,7 +50,7 @@ JSONReader::Status JSONReader::parse(std::string_view chunk) {
 }
 
 JSONReader::Status JSONReader::finish() {
-    // A blank ends a number that stands at the very end.
+    // A space ends a number that stands at the very end.
     if (const Status status = parse(" "); status != Status::Good)
         return status;
     if (top() == State::ParseComplete || top() == State::GotValue || (flags_ & AllowPartialValues) != 0)

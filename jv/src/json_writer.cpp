@@ -76,7 +76,6 @@ void JSONWriter::writeNumber(const number::Number& value) {
 }
 
 // ---- strings
-// --------------------------------------------------------------------------------------------------
 
 void JSONWriter::writeString(std::string_view text) {
     const bool solidus = (flags_ & escapeSolidus) != 0;
@@ -124,7 +123,6 @@ void JSONWriter::writeString(std::string_view text) {
 }
 
 // ---- containers
-// -----------------------------------------------------------------------------------------------
 
 void JSONWriter::lineEnd() {
     if (indent_ > 0)

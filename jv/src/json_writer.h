@@ -43,9 +43,9 @@ class JSONWriter {
 
     /// Without one, the order is JVDocument::orderedMembers().
     void setSorter(PropertySorter sorter) { sorter_ = std::move(sorter); }
-    /// Blanks for each level; 0 or less, as at first, gives compact output without any white space.
-    void setIndent(std::int64_t blanks) noexcept {
-        indent_ = blanks > 0 ? static_cast<std::size_t>(blanks) : 0;
+    /// Spaces for each level; 0 or less, as at first, gives compact output without any white space.
+    void setIndent(std::int64_t spaces) noexcept {
+        indent_ = spaces > 0 ? static_cast<std::size_t>(spaces) : 0;
     }
 
     /// Writes the whole document, one without a root as null; once for each writer. Throws JSONWriterError.

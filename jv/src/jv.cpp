@@ -51,7 +51,6 @@ void JV::require(Kind kind) const {
 }
 
 // ---- content
-// --------------------------------------------------------------------------------------------------
 
 bool JV::boolean() const {
     require(Kind::Boolean);
@@ -130,7 +129,6 @@ const JV* JV::enclosingObject() const noexcept {
 }
 
 // ---- destruction
-// ----------------------------------------------------------------------------------------------
 
 /// Frees the block of `value` and puts its children on the heap into the list `pending`. Children in slabs
 /// stay where they are: their document frees what they own when it ends.
@@ -185,7 +183,6 @@ void JV::dropContent() noexcept {
 }
 
 // ---- setters
-// --------------------------------------------------------------------------------------------------
 
 void JV::become(Kind kind) noexcept {
     dropContent();
@@ -287,7 +284,6 @@ void JV::clear() {
 }
 
 // ---- arrays
-// ---------------------------------------------------------------------------------------------------
 
 JV* JV::append(std::unique_ptr<JV> child) {
     require(Kind::Array);

@@ -50,7 +50,6 @@ Location JVDocument::nearestLocationOf(const JV* value) const noexcept {
 }
 
 // ---- root and index
-// -------------------------------------------------------------------------------------------
 
 void JVDocument::replaceRoot(JV* root) noexcept {
     if (root != root_)
@@ -177,7 +176,6 @@ const JV* JVDocument::childAt(const JV& parent, std::uint32_t slot) {
 }
 
 // ---- key order
-// ------------------------------------------------------------------------------------------------
 
 /// The side table's list for `object`, started from what its entries say.
 JVDocument::KeyOrder& JVDocument::explicitOrderOf(JV* object) {
@@ -276,7 +274,6 @@ std::vector<Member> JVDocument::orderedMembers(const JV* object) const {
 }
 
 // ---- copies
-// ---------------------------------------------------------------------------------------------------
 
 std::unique_ptr<JV> JVDocument::clone(const JV& source) {
     return TreeCloner().clone(source);

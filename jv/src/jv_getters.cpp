@@ -81,7 +81,6 @@ const JV* JV::getString(std::string_view name) const {
 }
 
 // ---- numbers
-// --------------------------------------------------------------------------------------------------
 
 bool JV::isInteger() const {
     return kind_ == Kind::Number && number().isInteger();
@@ -110,7 +109,6 @@ bool JV::fitsInt64() const {
 }
 
 // ---- pointers
-// -------------------------------------------------------------------------------------------------
 
 const JV* JV::resolve(const JVPointer& tokens) const {
     const JV* value = this;

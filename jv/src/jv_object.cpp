@@ -62,7 +62,6 @@ std::uint32_t JV::listedCount() const noexcept {
 }
 
 // ---- byte-wise order
-// ------------------------------------------------------------------------------------------
 
 void JV::sortEntries() const {
     if (static_cast<Order>(detail_) != Order::Unknown)
@@ -83,7 +82,6 @@ void JV::sortEntries() const {
 }
 
 // ---- finding
-// --------------------------------------------------------------------------------------------------
 
 /// The slot of `key`, which may be a gap, or noSlot.
 std::uint32_t JV::findSlot(std::string_view key) const {
@@ -161,7 +159,6 @@ JV* JV::indexedChild(std::uint32_t slot) const noexcept {
 }
 
 // ---- changing
-// -------------------------------------------------------------------------------------------------
 
 /// Moves the entries to a block of the object's own with room for `capacity`.
 void JV::growEntries(std::size_t capacity) {

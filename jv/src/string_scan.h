@@ -38,14 +38,14 @@ template <bool StopAtNonAscii>
     return end;
 }
 
-/// The first byte of [p, end) that is no blank; `end` when there is none. Indentation makes up much of a
+/// The first byte of [p, end) that is no space; `end` when there is none. Indentation makes up much of a
 /// text.
 [[nodiscard]] inline const char* skipBlanks(const char* p, const char* end) noexcept {
 #if defined(__SSE2__)
-    const __m128i blanks = _mm_set1_epi8(' ');
+    const __m128i spaces = _mm_set1_epi8(' ');
     while (end - p >= 16) {
         const __m128i block = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p));
-        const auto mask = static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi8(block, blanks)));
+        const auto mask = static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi8(block, spaces)));
         if (mask != 0xffff)
             return p + std::countr_one(mask);
         p += 16;

@@ -12,7 +12,6 @@ namespace specloom::jv {
 TreeBuilder::TreeBuilder(std::unique_ptr<JVDocument> document) : document_(std::move(document)) {}
 
 // ---- values
-// ---------------------------------------------------------------------------------------------------
 
 void TreeBuilder::addBoolean(bool value, Pos pos) {
     JV* added = newValue(pos);
@@ -83,7 +82,6 @@ void TreeBuilder::addUnderEmptyKey(JV* value) {
 }
 
 // ---- containers
-// -----------------------------------------------------------------------------------------------
 
 void TreeBuilder::open(Kind kind, Pos pos) {
     JV* container = newValue(pos);

@@ -17,7 +17,7 @@ namespace specloom::jv {
 namespace {
 
 /// Output may grow beyond what it holds by this factor, and by what any document may have. Indentation alone
-/// does that: 9,000 levels of 20 bytes each would be indented by 160 million blanks.
+/// does that: 9,000 levels of 20 bytes each would be indented by 160 million spaces.
 constexpr std::size_t mostGrowth = 32;
 constexpr std::size_t freeGrowth = std::size_t{16} << 20; // bytes
 constexpr const char* tooLarge = "YAML output is too large for its content: values are nested too deeply";

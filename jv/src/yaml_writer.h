@@ -16,8 +16,8 @@ class YAMLWriter {
   public:
     /// Without one, the order is JVDocument::orderedMembers().
     void setSorter(PropertySorter sorter) { sorter_ = std::move(sorter); }
-    /// Blanks for each level, 2 at first; libyaml takes 2 to 9 and uses 2 for others. 0 selects flow style.
-    void setIndent(std::int64_t blanks) noexcept { indent_ = blanks; }
+    /// Spaces for each level, 2 at first; libyaml takes 2 to 9 and uses 2 for others. 0 selects flow style.
+    void setIndent(std::int64_t spaces) noexcept { indent_ = spaces; }
 
     /// Writes the whole document, one without a root as null. Throws std::runtime_error with "Failed to
     /// initialize X event" or "Failed to emit X event", where X names the event: "string scalar" when a text

@@ -3,7 +3,7 @@
 #include "foundation/message.h"
 #include "jv/jv_document.h"
 #include "jv/jv_pointer.h"
-#include "jv_schema/carried_schemas.h"
+#include "jv_schema/embedded_schemas.h"
 #include "jv_schema/keywords/references.h"
 #include "jv_schema/messages.h"
 #include "jv_schema/uri.h"
@@ -262,7 +262,7 @@ void Compiler::nameAnchors(Place& place) {
 // ---- dialects
 
 std::shared_ptr<const JV> Compiler::findDocument(std::string_view uri) const {
-    return options_.registry == nullptr ? carriedSchema(uri) : options_.registry->find(uri);
+    return options_.registry == nullptr ? embeddedSchema(uri) : options_.registry->find(uri);
 }
 
 const Dialect& Compiler::dialectOf(const Place& place, std::string_view metaSchema) {

@@ -1,7 +1,7 @@
 #include "jv_schema/schema_registry.h"
 
 #include "jv/jv_document.h"
-#include "jv_schema/carried_schemas.h"
+#include "jv_schema/embedded_schemas.h"
 #include "jv_schema/uri.h"
 
 namespace specloom::jv::schema {
@@ -24,7 +24,7 @@ void SchemaRegistry::add(std::string_view uri, const JV& schema) {
 
 std::shared_ptr<const JV> SchemaRegistry::find(std::string_view uri) const {
     const auto found = schemas_.find(uri);
-    return found == schemas_.end() ? carriedSchema(uri) : found->second;
+    return found == schemas_.end() ? embeddedSchema(uri) : found->second;
 }
 
 } // namespace specloom::jv::schema

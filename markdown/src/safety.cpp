@@ -12,7 +12,7 @@ namespace {
 constexpr std::array<std::string_view, 4> safeSchemes = {"http", "https", "mailto", "tel"};
 
 /// The scheme of a URL (RFC 3986, section 3.1), in lower case; empty when the destination has none. Browsers
-/// drop control characters and blanks in front, and tabs and line ends anywhere (WHATWG URL, section 4.4):
+/// drop control characters and spaces in front, and tabs and line ends anywhere (WHATWG URL, section 4.4):
 /// dropping all of them everywhere is simpler and errs on the safe side.
 std::string schemeOf(std::string_view destination) {
     std::string scheme;

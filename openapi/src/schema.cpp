@@ -49,7 +49,7 @@ const std::array<std::string_view, 5>& schemaDialects() {
     return uris;
 }
 
-// ---- texts -----------------------------------------------------------------------------------------------
+// ---- texts
 
 void Schema::setDialect(std::string_view uri) {
     const auto& dialects = schemaDialects();
@@ -76,7 +76,7 @@ std::optional<std::string_view> Schema::text(SchemaKeyword keyword) const {
     return field == nullptr ? std::nullopt : field->get();
 }
 
-// ---- types and values ------------------------------------------------------------------------------------
+// ---- types and values
 
 const SchemaFormat* Schema::format() const {
     const auto* field = fields_.find<const SchemaFormat*>(SchemaKeyword::Format);
@@ -112,7 +112,7 @@ void Schema::setExamples(std::vector<Value> entries) {
     setExamples(std::move(unnamed));
 }
 
-// ---- limits and flags ------------------------------------------------------------------------------------
+// ---- limits and flags
 
 std::optional<std::uint64_t> Schema::count(SchemaKeyword limit) const {
     const auto* field = fields_.find<std::uint64_t>(limit);
@@ -171,7 +171,7 @@ void Schema::setDependentRequired(Text property, std::vector<Text> required) {
         map.add(std::move(property), std::move(required));
 }
 
-// ---- sub-schemas -----------------------------------------------------------------------------------------
+// ---- sub-schemas
 
 const Node* Schema::node(SchemaKeyword field) const {
     return childOf<Node>(fields_, field);
@@ -222,7 +222,7 @@ Reference* Schema::addReference(SchemaKeyword map, Text name, Node& target) {
     return static_cast<Reference*>(schemas.add(std::move(name), target.createReference(this)).get());
 }
 
-// ---- OpenAPI's own ---------------------------------------------------------------------------------------
+// ---- OpenAPI's own
 
 const Discriminator* Schema::discriminator() const {
     return childOf<Discriminator>(fields_, SchemaKeyword::Discriminator);
@@ -263,7 +263,7 @@ ExternalDocumentation* Schema::createExternalDocs(Text url) {
     return created;
 }
 
-// ---- questions -------------------------------------------------------------------------------------------
+// ---- questions
 
 void Schema::requireOpenAPI30() const {
     if (!documentOf(*this).isVersion30())

@@ -201,7 +201,7 @@ constexpr MemberShape only(NodeType type, MemberShape row) {
     return row;
 }
 
-// ---- the document ----------------------------------------------------------------------------------------
+// ---- the document
 
 using enum Arrangement;
 using K = ObjectKind;
@@ -264,7 +264,7 @@ inline constexpr MemberShape components[] = {
     map("pathItems", K::PathItem),
 };
 
-// ---- paths and operations --------------------------------------------------------------------------------
+// ---- paths and operations
 
 inline constexpr MemberShape pathItem[] = {
     text("summary"),
@@ -303,7 +303,7 @@ inline constexpr MemberShape response[] = {
     map("links", K::Link),
 };
 
-// ---- what requests and responses consist of --------------------------------------------------------------
+// ---- what requests and responses consist of
 
 inline constexpr MemberShape parameter[] = {
     toBeginAt(text("name")),
@@ -366,7 +366,7 @@ inline constexpr MemberShape link[] = {
 
 inline constexpr MemberShape reference[] = {toBeginAt(text("$ref")), text("summary"), text("description")};
 
-// ---- schemas ---------------------------------------------------------------------------------------------
+// ---- schemas
 
 using enum Content;
 using S = SchemaKeyword;
@@ -485,7 +485,7 @@ inline constexpr MemberShape xml[] = {
     text("name"), text("namespace"), text("prefix"), flag("attribute"), flag("wrapped"),
 };
 
-// ---- security --------------------------------------------------------------------------------------------
+// ---- security
 
 inline constexpr MemberShape securityScheme[] = {
     toBeginAt(text("type")),
@@ -514,7 +514,7 @@ inline constexpr MemberShape oauthFlow[] = {
 
 } // namespace shape
 
-// ---- all kinds -------------------------------------------------------------------------------------------
+// ---- all kinds
 
 // A path item may have a "$ref" beside its own members and stays a path item. A schema with a "$ref" and
 // further keywords is a schema too, as of OpenAPI 3.1, whereas one that has only what a reference may have is
@@ -594,7 +594,7 @@ inline constexpr auto kindsByType = [] {
     return member.content == Content::Object && member.kind == ObjectKind::Operation;
 }
 
-// ---- what the tables promise -----------------------------------------------------------------------------
+// ---- what the tables promise
 
 static_assert(std::size(objectShapes) == objectKindCount, "a shape for each kind of object");
 

@@ -47,7 +47,7 @@ std::string schemaAgain(std::string_view schema, std::string_view version = "3.1
     return text.substr(start, text.find(R"(}},"paths")") - start);
 }
 
-// ---- whole documents -------------------------------------------------------------------------------------
+// ---- whole documents
 
 class WriterGolden : public testing::TestWithParam<const char*> {
   protected:
@@ -71,7 +71,7 @@ TEST_P(WriterGolden, boundWriterGivesBackTheSource) {
 
 INSTANTIATE_TEST_SUITE_P(Documents, WriterGolden, testing::Values("every-member-3.0", "every-member-3.1"));
 
-// ---- schemas ---------------------------------------------------------------------------------------------
+// ---- schemas
 
 TEST(Writer, schemasAreWrittenByVersionAndSwitches) {
     const auto constFromEnum = [](Writer& writer) { writer.setConstFromEnum(true); };
@@ -121,7 +121,7 @@ TEST(Writer, takesSchemasAsDeepAsTheReader) {
     EXPECT_TRUE(written->root()->equals(*result->source().root()));
 }
 
-// ---- trees made in code ----------------------------------------------------------------------------------
+// ---- trees made in code
 
 TEST(Writer, writesTreesMadeInCode) {
     struct Case {
@@ -234,7 +234,7 @@ TEST(WriterDeathTest, refusesReferencesToSecuritySchemes) {
                  "Unreachable code: \\(Unsupported reference type\\)");
 }
 
-// ---- files -----------------------------------------------------------------------------------------------
+// ---- files
 
 TEST(Writer, writesFiles) {
     const test_support::TemporaryFolder folder;

@@ -28,7 +28,7 @@ namespace specloom::openapi_diff {
 /// Documents whose references all go elsewhere than before could bring every object of the one together with
 /// every object of the other. So that the work stays in proportion to the documents, the values below each
 /// pair of different names are counted before it is compared, and no such pair is followed once they would be
-/// more than `comparisonsOfAll` times those of both documents; that the reference changed is told all the
+/// more than `comparisonsOfAll` times those of both documents; that the reference changed is reported all the
 /// same.
 class ComponentComparisons {
   public:

@@ -152,14 +152,14 @@ void readEntry(
 // ---- reading
 
 Configuration Configuration::recommended() {
-    static const Configuration carried = [] {
+    static const Configuration embedded = [] {
         const auto document = jv::parseDocument(embeddedConfiguration("recommended.yaml"),
                                                 {.format = jv::DocumentFormat::Yaml, .refLoader = {}});
         Configuration configuration;
         configuration.overlay(Section(document->root()->getRequiredObject("rules")));
         return configuration;
     }();
-    return carried;
+    return embedded;
 }
 
 Configuration Configuration::load(const jv::JV* section) {

@@ -18,7 +18,7 @@ namespace specloom::openapi_diff {
 
 /// How each change is classified.
 ///
-///     extends: [recommended]        # the carried table; may be missing
+///     extends: [recommended]        # the embedded table; may be missing
 ///     rules:
 ///       defaults:
 ///         extensions: none          # of all nodes that have no entry of their own
@@ -33,7 +33,7 @@ class Configuration {
     /// None for everything.
     Configuration() = default;
 
-    /// The carried table: what is used without a configuration file.
+    /// The embedded table: what is used without a configuration file.
     [[nodiscard]] static Configuration recommended();
 
     /// Reads a section, an object; without one, recommended(). What "extends" names comes first, then the

@@ -86,7 +86,6 @@ bool DiffContext::areEqual(const openapi::SchemaExamples& a, const openapi::Sche
 }
 
 // ---- scopes
-// ------------------------------------------------------------------------------------------------
 
 DiffContext::Scope DiffContext::enter(const openapi::Node* source, const openapi::Node* destination,
                                       ConfigKey key) {
@@ -220,7 +219,6 @@ void DiffContext::forward(const DiffScope& scope) {
 }
 
 // ---- changes
-// -----------------------------------------------------------------------------------------------
 
 void DiffContext::mark(const openapi::Node* source, const openapi::Node* destination) {
     if (source == nullptr && destination == nullptr)
@@ -355,7 +353,6 @@ void DiffContext::report(const Change& change) {
 }
 
 // ---- comparisons on their own
-// -------------------------------------------------------------------------------
 
 void DiffContext::openCollecting(const openapi::Node& source, const openapi::Node& destination) {
     open({.key = ConfigKey{}, .source = &source, .destination = &destination});

@@ -28,7 +28,8 @@ class ComponentComparisons;
 /// - Else the change of the node itself (mark()) comes first. A level "nested" becomes that of the worst
 /// below
 ///   it; "none" silences the node and all below it.
-/// - A field of strings or values has no nodes of its own: an item of it is told by one change, whatever was
+/// - A field of strings or values has no nodes of its own: an item of it is reported by one change, whatever
+/// was
 ///   recorded in its scope.
 class DiffContext {
   public:

@@ -36,7 +36,7 @@ constexpr Choices<PropertyOrder (*)(), 2> shortcuts{
 } // namespace
 
 Configuration Configuration::recommended() {
-    return carried("recommended.yaml");
+    return embedded("recommended.yaml");
 }
 
 Configuration Configuration::load(const jv::JV* section) {
@@ -44,12 +44,12 @@ Configuration Configuration::load(const jv::JV* section) {
         return recommended();
     Configuration configuration;
     if (const jv::JV* base = section->get("extends"); base != nullptr)
-        configuration = carried(choiceOf(*base, bases, message::extendsNotString, message::unknownExtends));
+        configuration = embedded(choiceOf(*base, bases, message::extendsNotString, message::unknownExtends));
     configuration.overlay(*section);
     return configuration;
 }
 
-Configuration Configuration::carried(std::string_view fileName) {
+Configuration Configuration::embedded(std::string_view fileName) {
     const auto document = jv::parseDocument(embeddedConfiguration(fileName),
                                             {.format = jv::DocumentFormat::Yaml, .refLoader = {}});
     return load(document->root());

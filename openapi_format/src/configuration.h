@@ -22,14 +22,14 @@ namespace specloom::openapi_format {
 ///     extends: recommended          # or original; may be missing
 ///     openapi:
 ///       format: yaml                # or json; without it the format of the input is kept
-///       indent: 2                   # blanks for each level
+///       indent: 2                   # spaces for each level
 ///       property_order:
 ///         default: original         # or sorted; for kinds that are not named here
 ///         paths: sorted             # a kind of object: original, sorted or a list of keys
 ///         info: [title, version]
 class Configuration {
   public:
-    /// The largest indent. More serves no reader, and the blanks of a deep document would outgrow its text.
+    /// The largest indent. More serves no reader, and the spaces of a deep document would outgrow its text.
     static constexpr std::int32_t largestIndent = 100;
 
     /// An indent of 2 and source order everywhere.
@@ -52,7 +52,7 @@ class Configuration {
 
     /// The output format; none keeps that of the input.
     [[nodiscard]] std::optional<jv::DocumentFormat> format() const noexcept { return format_; }
-    /// Blanks for each level.
+    /// Spaces for each level.
     [[nodiscard]] std::int32_t indent() const noexcept { return indent_; }
     /// For objects whose kind has no order of its own; original or sorted.
     [[nodiscard]] const PropertyOrder& defaultOrder() const noexcept { return defaultOrder_; }
@@ -64,7 +64,7 @@ class Configuration {
     [[nodiscard]] const PropertyOrder& orderOf(std::string_view kind) const;
 
   private:
-    [[nodiscard]] static Configuration carried(std::string_view fileName);
+    [[nodiscard]] static Configuration embedded(std::string_view fileName);
     void overlay(const jv::JV& section);
     void readOrders(const configuration::Section& orders);
 

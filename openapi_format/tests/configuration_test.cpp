@@ -69,8 +69,8 @@ TEST(Configuration, extendsNothingByItself) {
 }
 
 TEST(Configuration, indentIsAnIntegerInAnySpelling) {
-    for (const auto& [text, blanks] : {std::pair{"0", 0}, {"3.0", 3}, {"1e1", 10}, {"100", 100}})
-        EXPECT_EQ(configured(std::string("openapi: {indent: ") + text + "}").indent(), blanks) << text;
+    for (const auto& [text, spaces] : {std::pair{"0", 0}, {"3.0", 3}, {"1e1", 10}, {"100", 100}})
+        EXPECT_EQ(configured(std::string("openapi: {indent: ") + text + "}").indent(), spaces) << text;
 }
 
 TEST(Configuration, faults) {

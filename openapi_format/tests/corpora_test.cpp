@@ -1,5 +1,6 @@
 // Every real document of the corpora: nothing but key orders changes, and the orders are those of the
-// recommended configuration. The kind of an object is told by what tests know of the structure of documents.
+// recommended configuration. The kind of an object is determined by what tests know of the structure of
+// documents.
 
 #include "openapi_format/formatter.h"
 #include "test_support/corpora.h"

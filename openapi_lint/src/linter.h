@@ -25,10 +25,10 @@ class Linter {
     /// Takes the rules from a configuration: rulesets from the array "extends", then single rules from the
     /// object "rules". A null pointer leaves the rule set empty.
     ///
-    /// A ruleset that cannot be loaded is told on the stream ("Cannot load ruleset: ") and passed over. A
-    /// rule that cannot is told there too ("Cannot load rule: ") and ends in RuleConfigurationError, with the
-    /// rule's own text when the rule refused its options and else with "Invalid rule configuration". Throws
-    /// jv::JVError when "extends" is no array of strings or "rules" no object.
+    /// A ruleset that cannot be loaded is reported on the stream ("Cannot load ruleset: ") and passed over. A
+    /// rule that cannot is reported there too ("Cannot load rule: ") and ends in RuleConfigurationError, with
+    /// the rule's own text when the rule refused its options and else with "Invalid rule configuration".
+    /// Throws jv::JVError when "extends" is no array of strings or "rules" no object.
     void configure(const jv::JV* config);
     /// The ruleset "recommended".
     void configureDefaults();

@@ -17,7 +17,7 @@ namespace specloom::openapi_lint {
 [[nodiscard]] nlohmann::json describeFiles(const LintContext& context, reporting::EscapeText escape,
                                            nlohmann::json (*describeIssue)(const LintResult& result));
 
-/// The text of the carried template of that name, filled with `data`. What is no UTF-8 must have been
+/// The text of the embedded template of that name, filled with `data`. What is no UTF-8 must have been
 /// replaced in the data, or the report has it, too.
 [[nodiscard]] std::string renderReport(std::string_view templateName, const nlohmann::json& data);
 

@@ -11,7 +11,7 @@
 namespace specloom::openapi_lint {
 
 /// Whether a text says something: it is there, has at least `minimumLength` bytes, is not white space alone
-/// (blank, \t, \n, \v, \f, \r), and is not "TODO", "FIXME" or "TBD" in any case of letters.
+/// (space, \t, \n, \v, \f, \r), and is not "TODO", "FIXME" or "TBD" in any case of letters.
 [[nodiscard]] bool isMeaningfulText(std::optional<std::string_view> text,
                                     const number::Number& minimumLength);
 

@@ -39,7 +39,7 @@ struct Function {
 ///
 /// What stands in the data is put in as it is: it is neither taken for template code nor escaped nor checked
 /// for being UTF-8. Line ends of a template are kept, be they line feeds or carriage returns with line feeds;
-/// a line that holds nothing but statements ({% ... %}) or comments ({# ... #}) and blanks leaves no trace.
+/// a line that holds nothing but statements ({% ... %}) or comments ({# ... #}) and spaces leaves no trace.
 /// There are no line statements: "##" at the start of a line is text. Files are never looked for. A template
 /// cannot include itself, nor through others, so that rendering nests no deeper than the templates do.
 ///

@@ -121,7 +121,6 @@ TEST(FormatCorporaTables, nameDocumentsThatExist) {
 }
 
 // ---- big numbers
-// ----------------------------------------------------------------------------------------------
 
 /// By the text alone: 21 digits and more, or an integer beyond 64 bits.
 bool isBig(const std::string& text) {
@@ -167,7 +166,6 @@ TEST(FormatCorporaDeathTest, jsonOutputOfBigNumbersEndsTheProcess) {
 }
 
 // ---- the judge
-// ------------------------------------------------------------------------------------------------
 
 TEST(Judge, dropsALineFeed) {
     // YAML 1.2.2, section 7.3.2: in a quoted scalar the first of several line breaks goes, the others stay.

@@ -144,7 +144,7 @@ template <typename Item>
     return text + std::string(size, '}') + "\n";
 }
 
-/// The first path is told in a message.
+/// The first path is reported in a message.
 [[nodiscard]] std::string oneLongName(std::size_t size) {
     const std::string paths = listOf(size, [&](std::size_t i) {
         return fmt::format(R"("/{}":{{"get":{{"operationId":"o{}","responses":{{}}}}}})",

@@ -53,7 +53,6 @@ class Assembler {
 };
 
 // ---- JSON
-// -----------------------------------------------------------------------------------------------------
 
 class JsonSax : public nlohmann::json_sax<nlohmann::json> {
   public:
@@ -102,7 +101,6 @@ class JsonSax : public nlohmann::json_sax<nlohmann::json> {
 };
 
 // ---- YAML
-// -----------------------------------------------------------------------------------------------------
 
 [[nodiscard]] bool isOneOf(std::string_view text, std::initializer_list<std::string_view> words) {
     return std::find(words.begin(), words.end(), text) != words.end();
@@ -211,7 +209,6 @@ class YamlEvents : public YAML::EventHandler {
 };
 
 // ---- ours
-// -----------------------------------------------------------------------------------------------------
 
 class TreeMaker {
   public:

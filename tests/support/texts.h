@@ -17,7 +17,7 @@ namespace specloom::test_support {
     return result;
 }
 
-/// The texts between the blanks and line ends of a text.
+/// The texts between the spaces and line ends of a text.
 [[nodiscard]] inline std::vector<std::string> wordsOf(const std::string& text) {
     std::istringstream stream(text);
     std::vector<std::string> words;

@@ -17,7 +17,7 @@ using jv::JV;
 using K = ObjectKind;
 using W = WriteBackClass;
 
-// ---- short texts -----------------------------------------------------------------------------------------
+// ---- short texts
 
 constexpr std::size_t longestText = 80;
 
@@ -101,7 +101,7 @@ void appendShort(std::string& out, const JV& value) {
     return container.isArray() ? *array : *object;
 }
 
-// ---- the comparison --------------------------------------------------------------------------------------
+// ---- the comparison
 
 class Comparison {
   public:

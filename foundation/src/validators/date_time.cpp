@@ -54,19 +54,19 @@ Date dayAfter(const Date& date) {
 /// Reads fields off the front of a text.
 class FieldReader {
   public:
-    explicit FieldReader(std::string_view text) : m_rest(text) {}
+    explicit FieldReader(std::string_view text) : rest_(text) {}
 
     /// The number of exactly `digits` digits that stands next, when it is in the range.
     std::optional<int> number(std::size_t digits, int least, int most) {
-        if (m_rest.size() < digits)
+        if (rest_.size() < digits)
             return std::nullopt;
         int value = 0;
-        for (const char byte : m_rest.substr(0, digits)) {
+        for (const char byte : rest_.substr(0, digits)) {
             if (!ascii::isDigit(byte))
                 return std::nullopt;
             value = value * 10 + (byte - '0');
         }
-        m_rest.remove_prefix(digits);
+        rest_.remove_prefix(digits);
         if (value < least || value > most)
             return std::nullopt;
         return value;
@@ -74,26 +74,26 @@ class FieldReader {
 
     /// Steps over the next byte when it is one of `bytes`.
     bool take(std::string_view bytes) {
-        if (m_rest.empty() || bytes.find(m_rest.front()) == std::string_view::npos)
+        if (rest_.empty() || bytes.find(rest_.front()) == std::string_view::npos)
             return false;
-        m_rest.remove_prefix(1);
+        rest_.remove_prefix(1);
         return true;
     }
 
     /// Steps over all digits that stand next, and returns them.
     std::string_view digits() {
         std::size_t count = 0;
-        while (count < m_rest.size() && ascii::isDigit(m_rest[count]))
+        while (count < rest_.size() && ascii::isDigit(rest_[count]))
             ++count;
-        const std::string_view found = m_rest.substr(0, count);
-        m_rest.remove_prefix(count);
+        const std::string_view found = rest_.substr(0, count);
+        rest_.remove_prefix(count);
         return found;
     }
 
-    [[nodiscard]] bool atEnd() const { return m_rest.empty(); }
+    [[nodiscard]] bool atEnd() const { return rest_.empty(); }
 
   private:
-    std::string_view m_rest;
+    std::string_view rest_;
 };
 
 std::optional<Date> readDate(FieldReader& reader) {

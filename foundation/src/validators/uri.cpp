@@ -15,7 +15,7 @@
 namespace specloom {
 namespace {
 
-/// The parser drops line ends and tabs anywhere, and blanks and control characters around the text.
+/// The parser drops line ends and tabs anywhere, and spaces and control characters around the text.
 bool isDropped(char byte) {
     return static_cast<unsigned char>(byte) <= ' ';
 }

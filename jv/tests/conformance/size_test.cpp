@@ -45,7 +45,6 @@ const JV* innermost(const JV* value) {
 }
 
 // ---- depth
-// ----------------------------------------------------------------------------------------------------
 
 TEST(Depth, refusesBracketsThatNobodyCloses) {
     EXPECT_EQ(jsonError(std::string(million, '[')), "JSON parse error");
@@ -182,7 +181,6 @@ TEST(Depth, writesTheDeepestYaml) {
 }
 
 // ---- size
-// -----------------------------------------------------------------------------------------------------
 
 TEST(Size, keepsAStringOf100Megabytes) {
     const std::string text(100 * million, 'x');

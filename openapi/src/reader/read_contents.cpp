@@ -8,7 +8,7 @@ namespace specloom::openapi {
 
 namespace {
 
-// ---- shared rows -----------------------------------------------------------------------------------------
+// ---- shared rows
 
 /// `example` excludes `examples`, whose row stands behind it.
 template <typename Owner>
@@ -70,7 +70,7 @@ void readStyle(ReaderContext& context, T& node, const Member& member) {
                           [](ParameterStyle style) { return Parameter::allowsStyle(location, style); }));
 }
 
-// ---- parameters ------------------------------------------------------------------------------------------
+// ---- parameters
 
 void readPathRequired(ReaderContext& context, PathParameter& parameter, const Member& member) {
     if (!member.boolean())
@@ -141,7 +141,7 @@ constexpr ObjectReader<Header, 11, NodeType::Header> headerReader({
     {"content", readContentMember<Header>},
 });
 
-// ---- media types -----------------------------------------------------------------------------------------
+// ---- media types
 
 constexpr ObjectReader<Encoding, 5, NodeType::Encoding> encodingReader({
     {"contentType", readText<Encoding, &Encoding::setContentType>},
@@ -178,7 +178,7 @@ constexpr ObjectReader<Example, 4, NodeType::Example> exampleReader({
     {"externalValue", readText<Example, &Example::setExternalValue>},
 });
 
-// ---- bodies, responses, links ----------------------------------------------------------------------------
+// ---- bodies, responses, links
 
 constexpr ObjectReader<RequestBody, 3, NodeType::RequestBody> requestBodyReader({
     {"description", readText<RequestBody, &RequestBody::setDescription>},

@@ -9,7 +9,7 @@ namespace specloom::openapi {
 
 namespace {
 
-// ---- info ------------------------------------------------------------------------------------------------
+// ---- info
 
 constexpr ObjectReader<Contact, 3, NodeType::Contact> contactReader({
     {"name", readText<Contact, &Contact::setName>},
@@ -47,7 +47,7 @@ constexpr ObjectReader<Info, 7, NodeType::Info> infoReader({
     {"version", readRequiredText<Info, &Info::setVersion>},
 });
 
-// ---- servers ---------------------------------------------------------------------------------------------
+// ---- servers
 
 void readEnumeration(ReaderContext& context, ServerVariable& variable, const Member& member) {
     variable.setEnumeration(readTexts(context, variable, member.asArray()));
@@ -74,7 +74,7 @@ constexpr ObjectReader<Server, 2, NodeType::Server> serverReader({
     {"variables", readServerVariables},
 });
 
-// ---- tags and others -------------------------------------------------------------------------------------
+// ---- tags and others
 
 constexpr ObjectReader<ExternalDocumentation, 1, NodeType::ExternalDocumentation>
     externalDocumentationReader({
@@ -91,7 +91,7 @@ constexpr ObjectReader<Reference, 2, NodeType::Reference> referenceReader({
     {"description", readText<Reference, &Reference::setDescription>},
 });
 
-// ---- the root --------------------------------------------------------------------------------------------
+// ---- the root
 
 void readVersion(ReaderContext& context, OpenAPI& root, const Member& member) {
     root.setVersion(member.text());

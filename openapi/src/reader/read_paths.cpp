@@ -19,7 +19,7 @@ void readNamed(T& node, const jv::JV& value, Read read) {
     }
 }
 
-// ---- operations ------------------------------------------------------------------------------------------
+// ---- operations
 
 void readOperationTags(ReaderContext& context, Operation& operation, const Member& member) {
     for (const Text& name : readTexts(context, operation, member.asArray()))
@@ -74,7 +74,7 @@ constexpr ObjectReader<Operation, 12, NodeType::Operation> operationReader({
     {"servers", readServers<Operation>},
 });
 
-// ---- path items ------------------------------------------------------------------------------------------
+// ---- path items
 
 template <OperationType type>
 void readOperation(ReaderContext& context, PathItem& item, const Member& member) {

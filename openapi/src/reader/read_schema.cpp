@@ -14,7 +14,7 @@ namespace {
 
 using enum SchemaKeyword;
 
-// ---- kinds of rows ---------------------------------------------------------------------------------------
+// ---- kinds of rows
 
 /// A null counts as an absent text, as with readText().
 template <SchemaKeyword keyword>
@@ -105,7 +105,7 @@ void schemaMap(ReaderContext& context, Schema& schema, const Member& member) {
     }
 }
 
-// ---- single rows -----------------------------------------------------------------------------------------
+// ---- single rows
 
 void dialect(ReaderContext& context, Schema& schema, const Member& member) {
     const Text uri = member.text();
@@ -263,7 +263,7 @@ void xml(ReaderContext& context, Schema& schema, const Member& member) {
     xmlReader.read(context, *schema.createXML(), member.asObject());
 }
 
-// ---- the table -------------------------------------------------------------------------------------------
+// ---- the table
 
 using SchemaRow = MemberReader<Schema>;
 

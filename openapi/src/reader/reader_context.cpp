@@ -52,7 +52,7 @@ void ReaderContext::addExtensions(Node& node) {
     extensions.clear();
 }
 
-// ---- errors ----------------------------------------------------------------------------------------------
+// ---- errors
 
 jv::Pos ReaderContext::positionOf(const ReadError& error) const {
     const jv::Location location = result_.source().nearestLocationOf(error.value);

@@ -11,7 +11,7 @@ namespace specloom::openapi {
 
 namespace {
 
-// ---- kinds of rows ---------------------------------------------------------------------------------------
+// ---- kinds of rows
 
 void text(ObjectWriter& out, std::string_view name, const Schema& schema, SchemaKeyword keyword) {
     out.text(name, schema.text(keyword));
@@ -55,7 +55,7 @@ void exclusiveLimit(ObjectWriter& out, std::string_view name, const Schema& sche
     }
 }
 
-// ---- single rows -----------------------------------------------------------------------------------------
+// ---- single rows
 
 void types(ObjectWriter& out, std::string_view name, const Schema& schema, SchemaKeyword) {
     const SchemaTypes& types = schema.types();
@@ -131,7 +131,7 @@ void additionalProperties(ObjectWriter& out, std::string_view name, const Schema
     out.node(name, node);
 }
 
-// ---- the table -------------------------------------------------------------------------------------------
+// ---- the table
 
 using Write = void (*)(ObjectWriter& out, std::string_view name, const Schema& schema, SchemaKeyword keyword);
 

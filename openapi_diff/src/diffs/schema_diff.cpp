@@ -31,7 +31,7 @@ struct Row {
     Compare compare;
 };
 
-// ---- values ----------------------------------------------------------------------------------------------
+// ---- values
 
 /// Compares what a getter by keyword returns.
 template <auto get>
@@ -75,7 +75,7 @@ const std::vector<openapi::Value>& enumerationOf(const Schema& schema) {
     return hasConstant(schema) ? none : schema.enumeration();
 }
 
-/// The values are a set. A value that went away is told where the source has it.
+/// The values are a set. A value that went away is reported where the source has it.
 void enumeration(const Row& row, const Schema* source, const Schema* destination, DiffContext& context) {
     static const std::vector<openapi::Value> none;
     const auto& before = source == nullptr ? none : enumerationOf(*source);
@@ -130,7 +130,7 @@ void required(const Row& row, const Schema* source, const Schema* destination, D
         }
 }
 
-// ---- nodes -----------------------------------------------------------------------------------------------
+// ---- nodes
 
 void schema(const Row& row, const Schema* source, const Schema* destination, DiffContext& context) {
     diffField<SchemaDiff>(row.key, source, destination, context,
@@ -143,7 +143,7 @@ bool saysNothing(const Schema& node) {
 }
 
 /// A schema that says nothing refuses everything when it stands here: so the tree keeps `false`. That it came
-/// or went is all there is to tell of it, and is told as of a value.
+/// or went is all there is to tell of it, and is reported as of a value.
 void notSchema(const Row& row, const Schema* source, const Schema* destination, DiffContext& context) {
     const auto refusesAll = [](const Schema* node) {
         const openapi::Node* inner = node == nullptr ? nullptr : node->node(SchemaKeyword::Not);
@@ -174,7 +174,7 @@ void object(const Row& row, const Schema* source, const Schema* destination, Dif
     diffField<Diff>(row.key, source, destination, context, get);
 }
 
-// ---- the section -----------------------------------------------------------------------------------------
+// ---- the section
 
 constexpr Compare text = value<&Schema::text>;
 constexpr Compare count = value<&Schema::count>;

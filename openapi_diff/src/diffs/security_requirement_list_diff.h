@@ -9,8 +9,8 @@
 namespace specloom::openapi_diff {
 
 /// One requirement, which stands at a position of a list. There is nothing in it to compare: requirements
-/// belong together when they say the same. One that came or went is told twice, as an element of its list and
-/// as a requirement, each with a classification of its own.
+/// belong together when they say the same. One that came or went is reported twice, as an element of its list
+/// and as a requirement, each with a classification of its own.
 class SecurityRequirementDiff final : public NodeDiff {
   public:
     explicit SecurityRequirementDiff(std::int64_t index) noexcept : index_(index) {}

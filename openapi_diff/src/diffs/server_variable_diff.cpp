@@ -5,7 +5,7 @@
 namespace specloom::openapi_diff {
 namespace {
 
-/// The texts are a set. A text that went away is told where the source has it.
+/// The texts are a set. A text that went away is reported where the source has it.
 void diffEnumeration(const openapi::ServerVariable* source, const openapi::ServerVariable* destination,
                      DiffContext& context) {
     const auto before = textsOf(childOf(source, &openapi::ServerVariable::enumeration));

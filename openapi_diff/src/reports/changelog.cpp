@@ -58,8 +58,8 @@ NamedChange namedChange(const Change& change) {
 }
 
 /// Whether the operations of a path item are told. Those of callbacks belong to what the operation that calls
-/// back does. A path item under `components` is told with the operations that changed in it; one that came or
-/// went means nothing to users of the API until a path refers to it, and is told there.
+/// back does. A path item under `components` is reported with the operations that changed in it; one that
+/// came or went means nothing to users of the API until a path refers to it, and is reported there.
 bool tellsOperations(const EnclosingEntry& pathItem) noexcept {
     return pathItem.key == ConfigKey::ComponentsPathItems ? pathItem.isOnBothSides()
                                                           : pathItem.key != ConfigKey::Callback;
@@ -78,7 +78,7 @@ unsigned shiftOf(ChangeKind kind) noexcept {
 
 void SecurityCounters::count(ChangeKind kind) noexcept {
     const unsigned shift = shiftOf(kind);
-    const std::uint32_t next = (std::uint32_t{get(kind)} + 1) & 0xFFU; // wraps without a carry to the next
+    const std::uint32_t next = (std::uint32_t{get(kind)} + 1) & 0xFFU; // wraps, as it is published: 256 changes read as none
     counters_ = (counters_ & ~(0xFFU << shift)) | (next << shift);
 }
 

@@ -84,9 +84,10 @@ struct ModifiedOperation : OperationChange {
 /// on; changes that are none of these leave it as it is.
 ///
 /// The operations of callbacks belong to the operation that calls back and get no entries. Those of webhooks
-/// have the webhook's name for a path. Those of path items under `components` are told under their reference
-/// ("#/components/pathItems/NAME") when they change; when such an item comes or goes, it is told at the paths
-/// that refer to it.
+/// have the webhook's name for a path. Those of path items under `components` are reported under their
+/// reference
+/// ("#/components/pathItems/NAME") when they change; when such an item comes or goes, it is reported at the
+/// paths that refer to it.
 class ChangelogReport final : public Report {
   public:
     static constexpr std::string_view name = "changelog";

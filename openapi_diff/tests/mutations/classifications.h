@@ -6,7 +6,7 @@
 
 namespace specloom::openapi_diff::mutations {
 
-/// The carried table, read by lines: a second reading, apart from that of the program.
+/// The embedded table, read by lines: a second reading, apart from that of the program.
 class Classifications {
   public:
     /// Takes the text of the file.

@@ -146,7 +146,7 @@ std::string Expectation::sideOf(const Spot& spot, bool inSource) {
     return (inSource ? "-" : "+") + spot.pointer;
 }
 
-/// What stands in a place is told by a change of the place and the changes below it.
+/// What stands in a place is reported by a change of the place and the changes below it.
 void Expectation::place(Changes& found, const Scope& scope, const std::string& section, const Pair& pair) {
     close(found, scope, pair, between(section, scope.key, pair));
 }

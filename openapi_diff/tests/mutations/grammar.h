@@ -29,7 +29,7 @@ enum class Shape {
     Requirements, ///< a list of security requirements
     Schemas,      ///< a list of schemas or references to some
     Set,          ///< a list whose order is no matter; told by position
-    NameSet,      ///< one that is told by its texts
+    NameSet,      ///< one that is reported by its texts
 };
 
 struct Field {

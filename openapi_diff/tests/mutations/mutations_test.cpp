@@ -94,7 +94,7 @@ const Classifications& table() {
     return classifications;
 }
 
-/// The carried table with other levels in a third of its places.
+/// The embedded table with other levels in a third of its places.
 std::string anotherTable(std::mt19937& random) {
     const std::vector<std::string> levels{"none", "non_functional", "non_breaking", "breaking", "nested"};
     const std::string table = carriedTable();
@@ -304,7 +304,7 @@ TEST_P(Mutations, areReportedAsTheTableTells) {
 
 class Pairs : public testing::TestWithParam<const char*> {};
 
-/// Two versions of an API, by the carried table and by others: many changes at once.
+/// Two versions of an API, by the embedded table and by others: many changes at once.
 TEST_P(Pairs, areReportedAsTheTableTells) {
     SPECLOOM_NEEDS_CORPORA();
     const fs::path folder = test_support::corporaFolder() / "pairs";

@@ -21,6 +21,7 @@ constexpr std::size_t widestMessage = 200; // columns
 
 std::string_view severityText(Severity severity) {
     if (severity != Severity::Error && severity != Severity::Warning)
+        // The place is part of a published text, which outlives the files that it names.
         unreachable(nullptr, "openapi_lint/src/formatters/stylish", __LINE__);
     return severityName(severity);
 }

@@ -20,7 +20,8 @@ struct WrittenPath {
     jv::Pos pos;
 };
 
-/// The tree holds the paths in the order of their names; that of the source is told by the positions alone.
+/// The tree holds the paths in the order of their names; that of the source is known from the positions
+/// alone.
 std::vector<WrittenPath> inSourceOrder(const LintContext& context) {
     std::vector<WrittenPath> paths;
     for (const auto& entry : context.root().paths())

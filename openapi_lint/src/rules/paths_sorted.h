@@ -7,7 +7,7 @@ namespace specloom::openapi_lint {
 /// `paths-sorted`: paths stand in order.
 ///
 /// Finds paths that the document has behind one whose name is byte-wise greater. The tree holds the paths
-/// by name, so the order is told by their positions. Counted as fixable: the tree has nothing to sort,
+/// by name, so the order is known from their positions. Counted as fixable: the tree has nothing to sort,
 /// and the order of a rewritten file is that of the writer. Can be disabled on the document.
 ///
 /// Fails: `paths: {/tides: {}, /ports: {}}`.

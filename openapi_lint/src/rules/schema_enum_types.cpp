@@ -28,6 +28,7 @@ bool isOfType(const jv::JV& value, const openapi::SchemaTypes& types) {
     case jv::Kind::Object:
         return types.has(SchemaType::Object);
     }
+    // The place is part of a published text, which outlives the files that it names.
     unreachable(nullptr, "openapi_lint/src/rules/schema_enum_types", 58);
 }
 

@@ -89,6 +89,7 @@ class StandardResponseErrorsHandler final : public RuleHandler {
         case StandardResponseErrors::Convention::JsonApi:
             return judge(response, "application/vnd.api+json", isErrorDocument, noJsonApi, wrongJsonApi);
         }
+        // The place is part of a published text, which outlives the files that it names.
         unreachable(nullptr, "openapi_lint/src/rules/standard_response_errors", __LINE__);
     }
 

@@ -7,8 +7,8 @@
 
 namespace specloom::jv::schema {
 
-/// The published schema with a URI without fragment, among those that the program carries: the meta-schemas
+/// The published schema with a URI without fragment, among those that the program contains: the meta-schemas
 /// of all drafts. Null for any other. Read when it is first asked for.
-[[nodiscard]] std::shared_ptr<const JV> carriedSchema(std::string_view uri);
+[[nodiscard]] std::shared_ptr<const JV> embeddedSchema(std::string_view uri);
 
 } // namespace specloom::jv::schema
