@@ -1,19 +1,19 @@
 # Turns the files of a folder and its sub-folders into one generated source, so that the program contains them.
 #
-#   specloom_embed(cli FOLDER texts PATTERN *.txt NAMESPACE specloom::cli FUNCTION carriedText TABLE carriedTexts)
+#   specloom_embed(cli FOLDER texts PATTERN *.txt NAMESPACE specloom::cli FUNCTION embeddedText TABLE embeddedTexts)
 #
 # gives the module a generated header "<FUNCTION, or else TABLE, in lower_snake_case>.h" that declares what is
 # asked for of
 #
-#   std::string_view carriedText(std::string_view name) noexcept;
-#   std::span<const EmbeddedFile> carriedTexts() noexcept;
+#   std::string_view embeddedText(std::string_view name) noexcept;
+#   std::span<const EmbeddedFile> embeddedTexts() noexcept;
 #
 # The first returns the content of the file of that name, or an empty view with a null data pointer; the second
 # all of them (foundation/src/embedded_file.h), sorted by their names. A name is the path from the folder, with
 # "/" between its parts. Files that come and go are noticed by the next build.
 #
 # CRLF turns each line feed into a carriage return and a line feed: templates are kept with plain line feeds, so
-# that neither an editor nor git can spoil them. Without it the files are carried as they are.
+# that neither an editor nor git can spoil them. Without it the files are embedded as they are.
 
 set(SPECLOOM_EMBED_SCRIPT "${CMAKE_CURRENT_LIST_DIR}/embed_files.cmake")
 

@@ -45,7 +45,7 @@ endif()
 if(TABLE)
   string(PREPEND includes "#include \"foundation/embedded_file.h\"\n\n#include <span> // std::span\n")
   string(APPEND declarations "
-/// The carried files, sorted by their names.
+/// The embedded files, sorted by their names.
 std::span<const EmbeddedFile> ${TABLE}() noexcept;
 ")
   string(APPEND definitions "

@@ -90,6 +90,7 @@ SemanticVersion raise(SemanticVersion version, ChangeLevel level) {
 SemanticVersion SemanticVersion::parse(std::string_view text) {
     const std::optional<SemanticVersion> version = scan(text);
     if (!version)
+        // Published texts; the functions that they name are not this program's.
         throw std::runtime_error("semver::version::from_string invalid version.");
     return *version;
 }

@@ -102,7 +102,7 @@ TEST(Documentation, theColumnsTellAllThatIsInAnEntry) {
     }
 }
 
-TEST(Documentation, theTableIsTheCarriedOne) {
+TEST(Documentation, theTableIsTheEmbeddedOne) {
     const std::string table = tableOf(Configuration::recommended());
     EXPECT_NE(page().find("\n\n" + table + "\n"), std::string::npos) << table;
 }

@@ -85,19 +85,19 @@ std::multiset<std::string> changesBetween(const openapi::ReadResult& source,
     return report.lines;
 }
 
-std::string carriedTable() {
+std::string embeddedTable() {
     return test_support::fileBytes(fs::path(SPECLOOM_TEST_DIR) / "configurations" / "recommended.yaml");
 }
 
 const Classifications& table() {
-    static const Classifications classifications(carriedTable());
+    static const Classifications classifications(embeddedTable());
     return classifications;
 }
 
 /// The embedded table with other levels in a third of its places.
 std::string anotherTable(std::mt19937& random) {
     const std::vector<std::string> levels{"none", "non_functional", "non_breaking", "breaking", "nested"};
-    const std::string table = carriedTable();
+    const std::string table = embeddedTable();
     std::string result;
     for (std::size_t at = 0; at < table.size();) {
         const std::size_t length =
@@ -319,7 +319,7 @@ TEST_P(Pairs, areReportedAsTheTableTells) {
 
     std::mt19937 random(seed);
     std::cout << name << ", seed " << seed << ':';
-    for (const std::string& levels : {carriedTable(), anotherTable(random), anotherTable(random)}) {
+    for (const std::string& levels : {embeddedTable(), anotherTable(random), anotherTable(random)}) {
         const auto document =
             jv::parseDocument(levels, {.format = jv::DocumentFormat::Yaml, .refLoader = {}});
         const auto expected = Expectation(before, after, Classifications(levels)).lines();
