@@ -78,7 +78,8 @@ unsigned shiftOf(ChangeKind kind) noexcept {
 
 void SecurityCounters::count(ChangeKind kind) noexcept {
     const unsigned shift = shiftOf(kind);
-    const std::uint32_t next = (std::uint32_t{get(kind)} + 1) & 0xFFU; // wraps, as it is published: 256 changes read as none
+    const std::uint32_t next =
+        (std::uint32_t{get(kind)} + 1) & 0xFFU; // wraps, which reports have always shown
     counters_ = (counters_ & ~(0xFFU << shift)) | (next << shift);
 }
 
