@@ -59,13 +59,17 @@ std::optional<std::string> withoutDeepContainers(std::string_view text) {
     std::optional<std::string> result;
     std::size_t copied = 0;
     for (std::size_t begin = 0; begin < text.size();) {
-        const std::size_t end = std::min(text.find_first_of("\r\n", begin), text.size());
-        const std::size_t mark = deepMark(text.substr(begin, end - begin));
-        if (mark != std::string_view::npos) {
-            if (!result)
-                result.emplace();
-            result->append(text.substr(copied, begin + mark - copied)).append("\\");
-            copied = begin + mark;
+        std::size_t end = std::min(text.find('\n', begin), text.size());
+        // No byte takes more than the four columns of a tab, so short lines need not be looked into.
+        if (4 * (end - begin) >= deepestContainer) {
+            end = std::min(text.substr(0, end).find('\r', begin), end);
+            if (const std::size_t mark = deepMark(text.substr(begin, end - begin));
+                mark != std::string_view::npos) {
+                if (!result)
+                    result.emplace();
+                result->append(text.substr(copied, begin + mark - copied)).append("\\");
+                copied = begin + mark;
+            }
         }
         begin = end + 1;
     }

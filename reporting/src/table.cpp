@@ -16,24 +16,33 @@ void Table::addRow(std::initializer_list<std::string_view> cells) {
     }
 }
 
-std::string Table::line(std::size_t row) const {
-    std::string text;
+void Table::appendLine(std::string& text, std::size_t row) const {
     for (std::size_t column = 0; column < columns_.size(); ++column) {
         const std::size_t index = row * columns_.size() + column;
         const std::size_t begin = index == 0 ? 0 : ends_[index - 1];
         const std::string_view cell = std::string_view(text_).substr(begin, ends_[index] - begin);
         // By hand, because fmt counts bytes or cells of a terminal, and refuses what is no UTF-8.
-        const std::string padding(widths_[column] - std::min(widths_[column], columnsOf(cell)), ' ');
-        text.append(columns_[column].before);
-        text.append(columns_[column].align == Align::Right ? padding : cell);
-        text.append(columns_[column].align == Align::Right ? cell : padding);
+        const std::size_t widest = widths_[column];
+        const std::size_t padding = widest == 0 ? 0 : widest - std::min(widest, columnsOf(cell));
+        const bool isRight = columns_[column].align == Align::Right;
+        text.append(columns_[column].before).append(isRight ? padding : 0, ' ');
+        text.append(cell).append(isRight ? 0 : padding, ' ');
     }
+}
+
+std::string Table::line(std::size_t row) const {
+    std::string text;
+    appendLine(text, row);
     return text;
 }
 
 void Table::write(std::ostream& stream) const {
-    for (std::size_t row = 0; row < rowCount(); ++row)
-        stream << line(row) << '\n';
+    std::string text;
+    for (std::size_t row = 0; row < rowCount(); ++row) {
+        text.clear();
+        appendLine(text, row);
+        stream << (text += '\n');
+    }
 }
 
 } // namespace specloom::reporting

@@ -36,6 +36,8 @@ class Table {
     void write(std::ostream& stream) const;
 
   private:
+    void appendLine(std::string& text, std::size_t row) const;
+
     std::vector<Column> columns_;
     std::vector<std::size_t> widths_; ///< by column
     std::string text_;                ///< of all cells: there may be millions
