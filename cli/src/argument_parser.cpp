@@ -56,11 +56,15 @@ struct ArgumentParser::Parser : argparse::ArgumentParser {
     }
 
     argparse::Argument& add(std::string_view name, const ArgumentHelp& help) {
-        argparse::Argument& argument = add_argument(name).help(std::string(help.help));
+        argparse::Argument& argument =
+            help.briefName.empty() ? add_argument(name) : add_argument(help.briefName, name);
+        argument.help(std::string(help.help));
         if (!help.metavar.empty())
             argument.metavar(std::string(help.metavar));
         auto& list = name.starts_with('-') ? described.options : described.positionals;
         list.push_back({.names = {std::string(name)}, .help = std::string(help.help)});
+        if (!help.briefName.empty())
+            list.back().names.emplace(list.back().names.begin(), help.briefName);
         return argument;
     }
 
@@ -106,7 +110,23 @@ void ArgumentParser::addFlag(std::string_view name, const ArgumentHelp& help) {
 }
 
 void ArgumentParser::addOption(std::string_view name, const ArgumentHelp& help) {
-    parser_->addValued(name, help).nargs(1);
+    argparse::Argument& argument = parser_->addValued(name, help);
+    switch (help.count) {
+    case ValueCount::One:
+        argument.nargs(1);
+        break;
+    case ValueCount::Required:
+        argument.nargs(1);
+        parser_->lastOf(name).required = true;
+        break;
+    case ValueCount::AtMostOne:
+        argument.nargs(argparse::nargs_pattern::optional);
+        break;
+    case ValueCount::AnyRepeatedly:
+        argument.nargs(argparse::nargs_pattern::any).append();
+        parser_->lastOf(name).repeats = true;
+        break;
+    }
 }
 
 void ArgumentParser::addOption(std::string_view name, const ArgumentHelp& help, std::string_view defaultValue,
@@ -160,6 +180,14 @@ bool ArgumentParser::flag(std::string_view name) const {
 
 std::optional<std::string> ArgumentParser::option(std::string_view name) const {
     return parser_->present<std::string>(name);
+}
+
+std::vector<std::string> ArgumentParser::options(std::string_view name) const {
+    return parser_->present<std::vector<std::string>>(name).value_or(std::vector<std::string>{});
+}
+
+std::string ArgumentParser::requiredOption(std::string_view name) const {
+    return parser_->get<std::string>(name);
 }
 
 std::string ArgumentParser::optionOrDefault(std::string_view name) const {

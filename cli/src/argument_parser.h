@@ -10,12 +10,22 @@
 
 namespace specloom::cli {
 
+/// How many values an option takes.
+enum class ValueCount {
+    One,
+    Required,      ///< one, and requiredOption() asks for it; parsing does not
+    AtMostOne,     ///< where it has none, it counts as left out
+    AnyRepeatedly, ///< all words up to the next option, and the option may be given again
+};
+
 /// How an argument stands in usage and help texts, and what is known of its value.
 struct ArgumentHelp {
     std::string_view help;
     std::string_view metavar = {}; // the value's place holder; none leaves the parser's own
     ValueKind kind = ValueKind::Text;
     std::vector<std::string_view> values = {}; // that are offered; unlike choices they are not checked
+    std::string_view briefName = {};           // a second name of an option, such as "-o"
+    ValueCount count = ValueCount::One;        // of an option
 };
 
 /// The command line's grammar and, after parse(), what it holds. A thin layer over argparse: that header
@@ -36,7 +46,8 @@ class ArgumentParser {
     /// An argument without value, such as "--list".
     void addFlag(std::string_view name, const ArgumentHelp& help);
 
-    /// An argument with one value that may be left out altogether, such as "--config".
+    /// An argument with a value, or as many as `help.count` says, that may be left out altogether, such as
+    /// "--config".
     void addOption(std::string_view name, const ArgumentHelp& help);
 
     /// The same with the value that it has when it is left out. Where there are choices, of which the default
@@ -66,6 +77,11 @@ class ArgumentParser {
     [[nodiscard]] bool isSubcommandUsed(std::string_view name) const;
     [[nodiscard]] bool flag(std::string_view name) const;
     [[nodiscard]] std::optional<std::string> option(std::string_view name) const;
+    /// Of an option that takes any number of values: all of them, in their order.
+    [[nodiscard]] std::vector<std::string> options(std::string_view name) const;
+    /// Of an option that may not be left out. Throws std::logic_error "No value provided for '--output'.",
+    /// with the option's name, when it was.
+    [[nodiscard]] std::string requiredOption(std::string_view name) const;
     /// Of an option with a default value.
     [[nodiscard]] std::string optionOrDefault(std::string_view name) const;
     [[nodiscard]] std::string positional(std::string_view name) const;

@@ -29,12 +29,12 @@ class Command {
   protected:
     explicit Command(std::string_view name) : parser(name, commandVersion), name_(name) {}
 
-    ArgumentParser parser;
-
-  private:
     // Commands count on their own: `specloom --version` gives the program's version.
     static constexpr std::string_view commandVersion = "1.0";
 
+    ArgumentParser parser;
+
+  private:
     std::string name_;
 };
 

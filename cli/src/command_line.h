@@ -23,7 +23,8 @@ struct ArgumentDescription {
     std::string defaultValue = {}; // empty when there is none
     std::vector<std::string> values = {}; // those that are known, empty when they are not
     ValueKind kind = ValueKind::Text;
-    bool repeats = false; // whether several values may be given
+    bool repeats = false;  // whether several values may be given
+    bool required = false; // whether an option may not be left out
 
     friend bool operator==(const ArgumentDescription&, const ArgumentDescription&) = default;
 };

@@ -64,10 +64,10 @@ std::string ellipsis(const cli::ArgumentDescription& argument) {
 std::string usage(const cli::CommandDescription& root, const CommandWithPath& entry) {
     std::string result = "\\&" + bold(entry.path);
     for (const cli::ArgumentDescription* option : ownOptions(root, *entry.command)) {
-        result += " [" + bold(option->names.back());
+        result += (option->required ? " " : " [") + bold(option->names.back());
         if (!option->metavar.empty())
             result += "\\ " + italic(option->metavar);
-        result += ']' + ellipsis(*option);
+        result += (option->required ? "" : "]") + ellipsis(*option);
     }
     for (const cli::ArgumentDescription& positional : entry.command->positionals)
         result += ' ' + italic(positional.metavar) + ellipsis(positional);

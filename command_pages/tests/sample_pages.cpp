@@ -24,6 +24,7 @@ cli::CommandDescription leaf(const std::string& name) {
                  .help = ".so hurt",
                  .metavar = "OUTPUT",
                  .kind = ValueKind::Path},
+                {.names = {"-f", "--from"}, .help = "from where", .metavar = "FROM", .required = true},
                 {.names = {"--text"}, .help = "any text", .metavar = "A:B]"},
                 {.names = {"--odd"},
                  .help = "it's 100% \\odd~^`",

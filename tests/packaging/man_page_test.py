@@ -45,7 +45,7 @@ def rows(text, heading):
     found = []
     for line in block.splitlines():
         names, _, explanation = line.strip().partition("  ")
-        found.append((names, re.sub(r" *\[(default|nargs): .*$", "", explanation).strip()))
+        found.append((names, re.sub(r" *\[(default: |nargs[:=]).*$", "", explanation).strip()))
     return found
 
 
@@ -91,10 +91,14 @@ def main():
     seen = check_command(program, [], sections(text), common)
     check(seen > 20, f"only {seen} arguments were found in help texts")
 
+    check("   generate client fetch\n       specloom generate client fetch --output OUTPUT [--config CONFIG] INPUT\n" in text,
+          "the page lacks the usage of a command below commands")
+
     odd = rendered(os.path.join(sample, "sample.1"))
     for literal in ["'Tis a \"leaf\": $(touch hurt) `touch hurt` [x]:y \\fBnot bold\\fR", ".so hurt", "--text A:B]",
                     "it's 100% \\odd~^`", "Values: {a,b}, $HOME, it's, back\\slash, two words, co:lon, *, -dash.",
-                    "[--many MANY]... INPUT", "sample make client fly-by", "1.2é"]:
+                    "[--many MANY]... INPUT", "[--output OUTPUT] --from FROM [--text A:B]]",
+                    "sample make client fly-by", "1.2é"]:
         check(literal in odd, f"the sample lacks: {literal}")
 
     print("\n".join(failures) or f"the page has {seen} arguments as the program's help has them")

@@ -1,0 +1,207 @@
+#include "cli/commands/generate_leaves.h"
+
+#include "foundation/message.h"
+#include "openapi_generator/named_plugins.h"
+#include "openapi_generator/plugin_runner.h"
+
+#include <array>     // std::to_array
+#include <iostream>  // std::cout
+#include <optional>  // std::optional
+#include <stdexcept> // std::runtime_error
+
+namespace specloom::cli {
+namespace {
+
+using openapi_generator::Plugin;
+using openapi_generator::PluginRunner;
+
+// Ways of a value.
+
+void giveInputPath(const LeafArgument& argument, const ArgumentParser& parser, PluginRunner& runner,
+                   Plugin& /*plugin*/) {
+    runner.setInputPath(parser.positional(argument.name));
+}
+
+void giveConfigPath(const LeafArgument& argument, const ArgumentParser& parser, PluginRunner& runner,
+                    Plugin& /*plugin*/) {
+    if (const std::optional<std::string> path = parser.option(argument.name))
+        runner.setConfigPath(*path);
+}
+
+void giveLocales(const LeafArgument& argument, const ArgumentParser& parser, PluginRunner& runner,
+                 Plugin& /*plugin*/) {
+    for (const std::string& value : parser.options(argument.name)) {
+        const std::size_t cut = value.find('=');
+        if (cut == std::string::npos)
+            throw std::runtime_error("Invalid --i18n argument");
+        runner.addLocaleFile(value.substr(0, cut), value.substr(cut + 1));
+    }
+}
+
+void giveParameter(const LeafArgument& argument, const ArgumentParser& parser, PluginRunner& /*runner*/,
+                   Plugin& plugin) {
+    if (argument.count == ValueCount::Required)
+        plugin.setParam(argument.key, parser.requiredOption(argument.name));
+    else if (const std::optional<std::string> value = parser.option(argument.name))
+        plugin.setParam(argument.key, *value);
+}
+
+/// Of an option that is declared for what a generator may come to need.
+void leaveUnread(const LeafArgument& /*argument*/, const ArgumentParser& /*parser*/, PluginRunner& /*runner*/,
+                 Plugin& /*plugin*/) {}
+
+// Arguments.
+
+constexpr LeafArgument fileNamed(std::string_view help) {
+    return {{}, "file", help, "INPUT", ValueCount::One, ValueKind::Document, {}, giveInputPath};
+}
+
+constexpr LeafArgument outputTo(std::string_view help) {
+    return {"-o",         "--output",   help, "OUTPUT", ValueCount::Required, ValueKind::Path,
+            "outputPath", giveParameter};
+}
+
+constexpr LeafArgument inputFile = fileNamed("Path to the OpenAPI file.");
+constexpr LeafArgument outputFolder = outputTo("Path to the output directory.");
+
+constexpr LeafArgument configOf(decltype(LeafArgument::handOver) handOver) {
+    return {"-c",
+            "--config",
+            "Path to the configuration file.",
+            "CONFIG",
+            ValueCount::AtMostOne,
+            ValueKind::Document,
+            {},
+            handOver};
+}
+
+constexpr LeafArgument config = configOf(giveConfigPath);
+
+constexpr LeafArgument packageName{{},
+                                   "--package-name",
+                                   "Name of the generated package.",
+                                   "PACKAGE_NAME",
+                                   ValueCount::AtMostOne,
+                                   ValueKind::Text,
+                                   "packageName",
+                                   giveParameter};
+
+constexpr LeafArgument packageVersion{{},
+                                      "--package-version",
+                                      "Version of the generated package.",
+                                      "PACKAGE_VERSION",
+                                      ValueCount::AtMostOne,
+                                      ValueKind::Text,
+                                      "packageVersion",
+                                      giveParameter};
+
+constexpr auto fileAndOutput = std::to_array<LeafArgument>({inputFile, outputFolder});
+
+constexpr auto withUnreadConfig =
+    std::to_array<LeafArgument>({inputFile, outputFolder, configOf(leaveUnread)});
+
+constexpr auto withPackage =
+    std::to_array<LeafArgument>({inputFile, outputFolder, config, packageName, packageVersion});
+
+constexpr auto ofDocHtml = std::to_array<LeafArgument>({
+    inputFile,
+    outputFolder,
+    config,
+    {{},
+     "--i18n",
+     "Localization file as 'locale=filename'",
+     "LOCALE=FILE",
+     ValueCount::AnyRepeatedly,
+     ValueKind::Text,
+     {},
+     giveLocales},
+    packageName,
+    packageVersion,
+});
+
+constexpr auto ofData = std::to_array<LeafArgument>({
+    fileNamed("Path to the OpenAPI spec."),
+    outputTo("Path to the output file."),
+    config,
+    {"-p", "--pointer", "JSON Pointer to the schema.", "POINTER", ValueCount::Required, ValueKind::Text,
+     "pointer", giveParameter},
+    {"-m", "--mime-type", "MIME type of the output.", "MIME_TYPE", ValueCount::One, ValueKind::Text,
+     "mimeType", giveParameter},
+    {"-n", "--number", "Number of items to generate.", "NUMBER", ValueCount::One, ValueKind::Text, "quantity",
+     giveParameter},
+});
+
+// Plugins.
+
+/// Of those that print a line and generate nothing.
+std::unique_ptr<Plugin> named(PluginRunner& host, const GenerateLeaf& leaf) {
+    return openapi_generator::makeNamedPlugin(leaf.path('_'), host, std::cout);
+}
+
+/// Takes the place of a generator that is still to come: the configuration and the document are read, and
+/// then the run fails.
+class PluginToCome final : public Plugin {
+  public:
+    PluginToCome(PluginRunner& host, const GenerateLeaf& leaf) : Plugin(host), leaf_(&leaf) {}
+
+    void run(const openapi::OpenAPI& /*root*/) override {
+        throw std::runtime_error(formatMessage("The generator of '{}' is not built yet.", leaf_->path(' ')));
+    }
+
+  private:
+    const GenerateLeaf* leaf_;
+};
+
+std::unique_ptr<Plugin> toCome(PluginRunner& host, const GenerateLeaf& leaf) {
+    return std::make_unique<PluginToCome>(host, leaf);
+}
+
+constexpr auto groupTable = std::to_array<GenerateGroup>({
+    {"doc", "Generate documentation from an OpenAPI file."},
+    {"client", "Generate a client from an OpenAPI file."},
+    {"mock", "Generate a mock server from an OpenAPI file."},
+    {"server", "Generate a server from an OpenAPI file."},
+});
+
+constexpr auto leafTable = std::to_array<GenerateLeaf>({
+    {"", "data", "Generate data from an OpenAPI file.", ofData, toCome},
+    {"doc", "html", "Generate HTML documentation from an OpenAPI file.", ofDocHtml, toCome},
+    {"doc", "markdown", "Generate Markdown documentation from an OpenAPI file.", fileAndOutput, named},
+    {"client", "fetch", "Generate a TypeScript client using the fetch API.", withUnreadConfig, toCome},
+    {"client", "cpp", "Generate a C++ client using the fetch API.", fileAndOutput, named},
+    {"client", "python", "Generate a Python client.", fileAndOutput, named},
+    {"client", "swift", "Generate a Swift client.", fileAndOutput, named},
+    {"client", "kotlin", "Generate a Kotlin client.", fileAndOutput, named},
+    {"client", "elixir", "Generate an Elixir client.", fileAndOutput, named},
+    {"client", "rust", "Generate a Rust client.", fileAndOutput, named},
+    {"mock", "miragejs", "Generate a mock server based on Mirage.js.", fileAndOutput, named},
+    {"mock", "msw", "Generate a mock server based on MSW.", fileAndOutput, named},
+    {"server", "cpp", "Generate a C++ server.", fileAndOutput, named},
+    {"server", "nestjs", "Generate a NestJS server.", withUnreadConfig, toCome},
+    {"server", "express", "Generate an Express server.", withPackage, toCome},
+    {"server", "fastapi", "Generate a FastAPI server.", fileAndOutput, named},
+    {"server", "fastify", "Generate a Fastify server.", withUnreadConfig, named},
+    {"server", "csharp", "Generate a C# server.", fileAndOutput, named},
+    {"server", "spring", "Generate a Java Spring server.", withPackage, toCome},
+    {"server", "elixir", "Generate an Elixir server.", fileAndOutput, named},
+    {"server", "rust", "Generate a Rust server.", fileAndOutput, named},
+    {"server", "rails", "Generate a Rails server.", fileAndOutput, named},
+    {"server", "go", "Generate a Go server.", fileAndOutput, named},
+    {"server", "php", "Generate a PHP server.", fileAndOutput, named},
+});
+
+} // namespace
+
+std::string GenerateLeaf::path(char separator) const {
+    return group.empty() ? std::string(name) : std::string(group) + separator + std::string(name);
+}
+
+std::span<const GenerateGroup> generateGroups() noexcept {
+    return groupTable;
+}
+
+std::span<const GenerateLeaf> generateLeaves() noexcept {
+    return leafTable;
+}
+
+} // namespace specloom::cli
