@@ -16,7 +16,7 @@ TEST(CommandLine, helpShowsWhatThereIs) {
     };
     const std::vector<Row> rows = {
         {{"--help"},
-         {"{credits,diff,format,license,lint,server}",
+         {"{credits,diff,format,generate,license,lint,server}",
           "Show credits to 3rd party libraries used in this project.", "Format one or more OpenAPI files.",
           "Show licenses of 3rd party libraries used in this project.", "Starts mock server.",
           "Compares two OpenAPI files and prints the differences."}},

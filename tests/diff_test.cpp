@@ -1,17 +1,15 @@
 // `specloom diff` as a user runs it, and the page of the manual about it: what the page shows is what the
 // program prints. With SPECLOOM_UPDATE_GOLDEN set the page is written anew, for review.
 
+#include "manual.h"
 #include "test_support/corpora.h"
-#include "test_support/golden.h"
 #include "test_support/read_tree.h"
 #include "test_support/write_back.h"
 #include "workspace.h"
 
 #include <filesystem> // std::filesystem
-#include <fstream>    // std::ofstream
 #include <set>        // std::set
-#include <sstream>    // std::istringstream
-#include <string>     // std::string, std::getline
+#include <string>     // std::string
 #include <vector>     // std::vector
 
 #include <gmock/gmock.h>
@@ -27,18 +25,7 @@ using testing::StartsWith;
 namespace fs = std::filesystem;
 using test_support::fileBytes;
 
-/// The commands of a block, which begin with "$ ".
-std::vector<std::string> commandsOf(const std::string& block) {
-    std::istringstream lines(block);
-    std::vector<std::string> commands;
-    for (std::string line; std::getline(lines, line);)
-        if (line.starts_with("$ "))
-            commands.push_back(line.substr(2));
-    return commands;
-}
-
 TEST(Diff, doesWhatTheManualShows) {
-    const bool isUpdating = test_support::isUpdatingGolden();
     const fs::path root = SPECLOOM_SOURCE_DIR;
     const Workspace workspace;
     for (const char* name :
@@ -50,24 +37,7 @@ TEST(Diff, doesWhatTheManualShows) {
     workspace.write("additions-old.yaml", additions);
     workspace.write("additions-new.yaml",
                     additions + "    put:\n      responses: {\"204\": {description: Noted.}}\n");
-    std::string page = fileBytes(root / "docs/diff.md");
-    const std::string opening = "\n```console\n";
-    std::size_t blocks = 0;
-    for (std::size_t at = page.find(opening); at != std::string::npos; at = page.find(opening, at)) {
-        const std::size_t begin = at + opening.size();
-        const std::size_t end = page.find("```\n", begin);
-        ASSERT_NE(end, std::string::npos);
-        const std::string block = page.substr(begin, end - begin);
-        const std::string shown = workspace.transcript(commandsOf(block), Workspace::Statuses::Hidden);
-        if (isUpdating)
-            page.replace(begin, end - begin, shown);
-        EXPECT_EQ(isUpdating ? shown : block, shown);
-        at = begin;
-        ++blocks;
-    }
-    EXPECT_GT(blocks, 5u);
-    if (isUpdating)
-        std::ofstream(root / "docs/diff.md", std::ios::binary) << page;
+    EXPECT_GT(expectManualShows(workspace, "docs/diff.md"), 5u);
 }
 
 // ---- the versions of published documents

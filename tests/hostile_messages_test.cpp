@@ -147,6 +147,15 @@ TEST(HostileMessages, areHarmlessWithTextsOfTheCommandLine) {
         {"a format of a report", files, {"diff", "--formatter", "@", "a.json", "a.json"}},
         {"an output", files, {"format", "a.json", "--output", "@"}},
         {"an output in a folder that is not there", files, {"format", "a.json", "--output", "b/@.json"}},
+        {"a generator", files, {"generate", "@"}},
+        {"a generator's document", files, {"generate", "server", "go", "@.json", "-o", "out"}},
+        {"a generator's configuration",
+         files,
+         {"generate", "data", "a.json", "-o", "o", "-p", "/", "-c", "@.json"}},
+        {"a locale file", files, {"generate", "doc", "html", "a.json", "-o", "out", "--i18n", "de=@.json"}},
+        {"a text of a locale file",
+         {{"a.json", R"({"@": 1})"}},
+         {"generate", "doc", "html", "a.json", "-o", "out", "--i18n", "de=a.json"}},
         {"a library", files, {"license", "--library", "@"}},
     });
 }

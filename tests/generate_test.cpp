@@ -1,0 +1,258 @@
+// `specloom generate`: each command of its tree, as a user runs it, and the page of the manual about it.
+
+#include "manual.h"
+#include "test_support/corpora.h"
+#include "workspace.h"
+
+#include <csignal>     // SIGABRT
+#include <filesystem>  // std::filesystem
+#include <sstream>     // std::istringstream
+#include <string>      // std::string
+#include <string_view> // std::string_view
+#include <utility>     // std::pair
+#include <vector>      // std::vector
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace specloom::tests {
+namespace {
+
+using testing::HasSubstr;
+using testing::Not;
+
+const std::string documentOfLeaves = "openapi: 3.1.0\ninfo: {title: Tides, version: 1.0.0}\npaths: {}\n";
+
+/// What a leaf does with a document that can be read.
+enum class LeafOutcome {
+    Line,   ///< prints its line
+    ToCome, ///< fails, because the generator is still to come
+};
+
+struct LeafRow {
+    std::string words; ///< behind "generate"
+    std::string description;
+    std::vector<std::string> options; ///< besides --help, --version and --output
+    LeafOutcome outcome;
+    std::string line = {};
+};
+
+using Options = std::vector<std::string>;
+const Options configAlone = {"--config"};
+const Options configAndPackage = {"--config", "--package-name", "--package-version"};
+
+const std::vector<LeafRow> leafRows = {
+    {"data",
+     "Generate data from an OpenAPI file.",
+     {"--config", "--pointer", "--mime-type", "--number"},
+     LeafOutcome::ToCome},
+    {"doc html",
+     "Generate HTML documentation from an OpenAPI file.",
+     {"--config", "--i18n", "--package-name", "--package-version"},
+     LeafOutcome::ToCome},
+    {"doc markdown",
+     "Generate Markdown documentation from an OpenAPI file.",
+     {},
+     LeafOutcome::Line,
+     "Running DocMarkdownPlugin"},
+    {"client cpp",
+     "Generate a C++ client using the fetch API.",
+     {},
+     LeafOutcome::Line,
+     "Running ClientCPPPlugin"},
+    {"client fetch", "Generate a TypeScript client using the fetch API.", configAlone, LeafOutcome::ToCome},
+    {"client python", "Generate a Python client.", {}, LeafOutcome::Line, "Running ClientPythonPluin"},
+    {"client swift", "Generate a Swift client.", {}, LeafOutcome::Line, "Running ClientSwiftPlugin"},
+    {"client kotlin", "Generate a Kotlin client.", {}, LeafOutcome::Line, "Running ClientKotlinPlugin"},
+    {"client elixir", "Generate an Elixir client.", {}, LeafOutcome::Line, "Running ClientElixirPlugin"},
+    {"client rust", "Generate a Rust client.", {}, LeafOutcome::Line, "Running ClientRustPlugin"},
+    {"mock miragejs",
+     "Generate a mock server based on Mirage.js.",
+     {},
+     LeafOutcome::Line,
+     "Running MockMirageJS plugin"},
+    {"mock msw", "Generate a mock server based on MSW.", {}, LeafOutcome::Line, "Running MockMSW plugin"},
+    {"server cpp", "Generate a C++ server.", {}, LeafOutcome::Line, "Running ServerCPPPlugin"},
+    {"server nestjs", "Generate a NestJS server.", configAlone, LeafOutcome::ToCome},
+    {"server express", "Generate an Express server.", configAndPackage, LeafOutcome::ToCome},
+    {"server fastapi", "Generate a FastAPI server.", {}, LeafOutcome::Line, "Running ServerFastAPIPlugin"},
+    {"server fastify", "Generate a Fastify server.", configAlone, LeafOutcome::Line,
+     "Running ServerFastifyPlugin"},
+    {"server csharp", "Generate a C# server.", {}, LeafOutcome::Line, "Running ServerCSharpPlugin"},
+    {"server spring", "Generate a Java Spring server.", configAndPackage, LeafOutcome::ToCome},
+    {"server elixir", "Generate an Elixir server.", {}, LeafOutcome::Line, "Running ServerElixirPlugin"},
+    {"server rust", "Generate a Rust server.", {}, LeafOutcome::Line, "Running ServerRustPlugin"},
+    {"server rails", "Generate a Rails server.", {}, LeafOutcome::Line, "Running ServerRailsPlugin"},
+    {"server go", "Generate a Go server.", {}, LeafOutcome::Line, "Running ServerGoPlugin"},
+    {"server php", "Generate a PHP server.", {}, LeafOutcome::Line, "Running ServerPHPPlugin"},
+};
+
+/// The options of a help text: "  -o, --output OUTPUT        Path to the output directory.", with the rest of
+/// the line behind the first blank after the name.
+std::vector<std::string> longOptionsOf(const std::string& help) {
+    std::vector<std::string> result;
+    std::istringstream lines(help);
+    for (std::string line; std::getline(lines, line);)
+        if (line.starts_with("  -")) {
+            const std::size_t begin = line.find("--");
+            result.push_back(line.substr(begin, line.find(' ', begin) - begin));
+        }
+    return result;
+}
+
+class GenerateLeaves : public testing::Test {
+  protected:
+    GenerateLeaves() { workspace.write("api.yaml", documentOfLeaves); }
+
+    [[nodiscard]] Outcome run(const LeafRow& row, std::vector<std::string> arguments) const {
+        std::vector<std::string> words = {"generate"};
+        std::istringstream stream(row.words);
+        for (std::string word; stream >> word;)
+            words.push_back(word);
+        words.insert(words.end(), arguments.begin(), arguments.end());
+        Outcome outcome = workspace.run(words);
+        EXPECT_EQ(outcome.err, "");
+        return outcome;
+    }
+
+    /// The arguments, with those that the leaf needs besides.
+    static std::vector<std::string> with(const LeafRow& row, std::vector<std::string> arguments) {
+        if (row.words == "data")
+            arguments.insert(arguments.end(), {"--pointer", "/info"});
+        return arguments;
+    }
+
+    const Workspace workspace;
+};
+
+TEST_F(GenerateLeaves, printTheirLineOrFailInOne) {
+    for (const LeafRow& row : leafRows) {
+        SCOPED_TRACE(row.words);
+        const Outcome outcome = run(row, with(row, {"api.yaml", "-o", "out"}));
+        const bool isLine = row.outcome == LeafOutcome::Line;
+        EXPECT_EQ(outcome.out,
+                  isLine ? row.line + "\n" : "The generator of '" + row.words + "' is not built yet.\n");
+        EXPECT_EQ(outcome.status, isLine ? 0 : 1);
+        EXPECT_FALSE(std::filesystem::exists(workspace.path("out")));
+    }
+}
+
+TEST_F(GenerateLeaves, sayWhatIsMissing) {
+    for (const LeafRow& row : leafRows) {
+        SCOPED_TRACE(row.words);
+        const std::pair<std::vector<std::string>, std::string> cases[] = {
+            {with(row, {"api.yaml"}), "No value provided for '--output'.\n"},
+            {with(row, {"-o", "out"}), "file: 1 argument(s) expected. 0 provided.\n"},
+            {with(row, {"missing.yaml", "-o", "out"}), "Cannot open file: missing.yaml\n"},
+        };
+        for (const auto& [arguments, text] : cases) {
+            const Outcome outcome = run(row, arguments);
+            EXPECT_EQ(outcome.out, text);
+            EXPECT_EQ(outcome.status, 1);
+        }
+    }
+}
+
+TEST_F(GenerateLeaves, readTheConfigurationWhereTheyHaveOne) {
+    workspace.write("old.yaml", "version: '0.1'\n");
+    for (const LeafRow& row : leafRows) {
+        SCOPED_TRACE(row.words);
+        if (row.options.empty())
+            continue;
+        const bool isRead =
+            row.words != "client fetch" && row.words != "server nestjs" && row.words != "server fastify";
+        const Outcome broken = run(row, with(row, {"api.yaml", "-o", "out", "-c", "missing.yaml"}));
+        EXPECT_EQ(broken.out.starts_with("Error reading configuration file: "), isRead) << broken.out;
+        // Versions are not looked at.
+        EXPECT_THAT(run(row, with(row, {"api.yaml", "-o", "out", "-c", "old.yaml"})).out,
+                    Not(HasSubstr("configuration")));
+    }
+}
+
+TEST_F(GenerateLeaves, haveTheirHelp) {
+    for (const LeafRow& row : leafRows) {
+        SCOPED_TRACE(row.words);
+        const Outcome outcome = run(row, {"--help"});
+        EXPECT_EQ(outcome.status, 0);
+        EXPECT_THAT(outcome.out, HasSubstr("\n" + row.description + "\n"));
+        EXPECT_THAT(outcome.out, HasSubstr("INPUT"));
+        std::vector<std::string> options = {"--help", "--version", "--output"};
+        options.insert(options.end(), row.options.begin(), row.options.end());
+        EXPECT_EQ(longOptionsOf(outcome.out), options);
+    }
+}
+
+TEST(Generate, groupsHaveTheirHelp) {
+    struct Row {
+        std::vector<std::string> words;
+        std::vector<std::string> parts;
+    };
+    const std::vector<Row> rows = {
+        {{"generate"},
+         {"Generate code and documentation from an OpenAPI file.", "{client,data,doc,mock,server}",
+          "Generate data from an OpenAPI file.", "Generate documentation from an OpenAPI file.",
+          "Generate a client from an OpenAPI file.", "Generate a mock server from an OpenAPI file.",
+          "Generate a server from an OpenAPI file."}},
+        {{"generate", "doc"}, {"Generate documentation from an OpenAPI file.", "{html,markdown}"}},
+        {{"generate", "client"},
+         {"Generate a client from an OpenAPI file.", "{cpp,elixir,fetch,kotlin,python,rust,swift}"}},
+        {{"generate", "mock"}, {"Generate a mock server from an OpenAPI file.", "{miragejs,msw}"}},
+        {{"generate", "server"},
+         {"Generate a server from an OpenAPI file.",
+          "{cpp,csharp,elixir,express,fastapi,fastify,go,nestjs,php,rails,rust,spring}"}},
+        {{"generate", "data"},
+         {"-o, --output OUTPUT        Path to the output file.",
+          "INPUT                      Path to the OpenAPI spec.",
+          "-p, --pointer POINTER      JSON Pointer to the schema.",
+          "-m, --mime-type MIME_TYPE  MIME type of the output.",
+          "-n, --number NUMBER        Number of items to generate."}},
+        {{"generate", "doc", "html"},
+         {"-o, --output OUTPUT  Path to the output directory.",
+          "INPUT                Path to the OpenAPI file.",
+          "-c, --config         Path to the configuration file. ",
+          "--i18n               Localization file as 'locale=filename' ",
+          "--package-name       Name of the generated package. ",
+          "--package-version    Version of the generated package. ", "[--i18n LOCALE=FILE...]...",
+          "[--config CONFIG]", "[--package-name PACKAGE_NAME]", "[--package-version PACKAGE_VERSION]"}},
+    };
+    const Workspace workspace;
+    for (const Row& row : rows) {
+        SCOPED_TRACE(testing::PrintToString(row.words));
+        std::vector<std::string> words = row.words;
+        words.emplace_back("--help");
+        const Outcome outcome = workspace.run(words);
+        for (const std::string& part : row.parts)
+            EXPECT_THAT(outcome.out, HasSubstr(part));
+    }
+}
+
+TEST(Generate, withoutALeafIsUnreachable) {
+    const Workspace workspace;
+    for (const char* words : {"", "doc", "client", "mock", "server"}) {
+        SCOPED_TRACE(words);
+        const Outcome outcome =
+            workspace.runScript(std::string("ulimit -c 0; exec \"$@\" ") + words, {"generate"});
+        EXPECT_EQ(outcome.status, 128 + SIGABRT);
+        EXPECT_EQ(outcome.out, "");
+        EXPECT_THAT(outcome.err,
+                    testing::ContainsRegex("^Unreachable code at .*generate_command\\.cpp:[0-9]+\n"));
+    }
+}
+
+TEST(Generate, doesWhatTheManualShows) {
+    const Workspace workspace;
+    workspace.write("api.yaml", documentOfLeaves);
+    EXPECT_GT(expectManualShows(workspace, "docs/generating.md"), 0u);
+}
+
+TEST(Generate, theManualSaysOfEachLeafWhatItIs) {
+    const std::string page = test_support::fileBytes(SPECLOOM_SOURCE_DIR "/docs/generating.md");
+    for (const LeafRow& row : leafRows) {
+        const std::string state = row.outcome == LeafOutcome::Line ? "named, not built: prints a line"
+                                                                   : "not built yet: ends with status 1";
+        EXPECT_THAT(page, HasSubstr("| `" + row.words + "` | " + state + " |\n"));
+    }
+}
+
+} // namespace
+} // namespace specloom::tests
