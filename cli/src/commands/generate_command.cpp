@@ -7,21 +7,6 @@
 #include "telemetry/telemetry.h"
 
 namespace specloom::cli {
-namespace {
-
-void addLeafArgument(ArgumentParser& parser, const LeafArgument& argument) {
-    const ArgumentHelp help = {.help = argument.help,
-                               .metavar = argument.metavar,
-                               .kind = argument.kind,
-                               .briefName = argument.briefName,
-                               .count = argument.count};
-    if (argument.name.starts_with('-'))
-        parser.addOption(argument.name, help);
-    else
-        parser.addPositional(argument.name, help);
-}
-
-} // namespace
 
 void GenerateCommand::configure(App& app) {
     parser.addDescription("Generate code and documentation from an OpenAPI file.");
@@ -29,8 +14,7 @@ void GenerateCommand::configure(App& app) {
         groups_.emplace_back(row);
     for (const GenerateLeaf& row : generateLeaves()) {
         ArgumentParser& leaf = leaves_.emplace_back(row).parser;
-        for (const LeafArgument& argument : row.arguments)
-            addLeafArgument(leaf, argument);
+        row.declareArguments(leaf);
         parentOf(row).addSubparser(leaf);
     }
     for (Branch<GenerateGroup>& group : groups_)
@@ -57,8 +41,7 @@ std::int32_t GenerateCommand::run() {
     openapi_generator::PluginRunner runner;
     const Branch<GenerateLeaf>& leaf = chosenLeaf();
     openapi_generator::Plugin& plugin = runner.addPlugin(leaf.row->makePlugin(runner, *leaf.row));
-    for (const LeafArgument& argument : leaf.row->arguments)
-        argument.handOver(argument, leaf.parser, runner, plugin);
+    leaf.row->handOverArguments(leaf.parser, runner, plugin);
     runner.run();
     return exit_status::success;
 }

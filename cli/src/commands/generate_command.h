@@ -15,9 +15,8 @@ class GenerateCommand final : public Command {
     ~GenerateCommand() override = default;
     void configure(App& app) override;
 
-    /// Throws std::logic_error "No value provided for '--output'.", or "'--pointer'.", std::runtime_error
-    /// "Invalid --i18n argument" for a value without "=", and what PluginRunner throws. A command line that
-    /// ends before a leaf is an unreachable path.
+    /// Throws what GenerateLeaf::handOverArguments() and PluginRunner::run() throw. A command line that ends
+    /// before a leaf is an unreachable path.
     [[nodiscard]] std::int32_t run() override;
 
   private:

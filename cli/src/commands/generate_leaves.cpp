@@ -61,8 +61,8 @@ constexpr LeafArgument outputTo(std::string_view help) {
             "outputPath", giveParameter};
 }
 
-constexpr LeafArgument inputFile = fileNamed("Path to the OpenAPI file.");
-constexpr LeafArgument outputFolder = outputTo("Path to the output directory.");
+constexpr LeafArgument inputArgument = fileNamed("Path to the OpenAPI file.");
+constexpr LeafArgument outputArgument = outputTo("Path to the output directory.");
 
 constexpr LeafArgument configOf(decltype(LeafArgument::handOver) handOver) {
     return {"-c",
@@ -75,38 +75,38 @@ constexpr LeafArgument configOf(decltype(LeafArgument::handOver) handOver) {
             handOver};
 }
 
-constexpr LeafArgument config = configOf(giveConfigPath);
+constexpr LeafArgument configArgument = configOf(giveConfigPath);
 
-constexpr LeafArgument packageName{{},
-                                   "--package-name",
-                                   "Name of the generated package.",
-                                   "PACKAGE_NAME",
-                                   ValueCount::AtMostOne,
-                                   ValueKind::Text,
-                                   "packageName",
-                                   giveParameter};
+constexpr LeafArgument packageNameArgument{{},
+                                           "--package-name",
+                                           "Name of the generated package.",
+                                           "PACKAGE_NAME",
+                                           ValueCount::AtMostOne,
+                                           ValueKind::Text,
+                                           "packageName",
+                                           giveParameter};
 
-constexpr LeafArgument packageVersion{{},
-                                      "--package-version",
-                                      "Version of the generated package.",
-                                      "PACKAGE_VERSION",
-                                      ValueCount::AtMostOne,
-                                      ValueKind::Text,
-                                      "packageVersion",
-                                      giveParameter};
+constexpr LeafArgument packageVersionArgument{{},
+                                              "--package-version",
+                                              "Version of the generated package.",
+                                              "PACKAGE_VERSION",
+                                              ValueCount::AtMostOne,
+                                              ValueKind::Text,
+                                              "packageVersion",
+                                              giveParameter};
 
-constexpr auto fileAndOutput = std::to_array<LeafArgument>({inputFile, outputFolder});
+constexpr auto fileAndOutput = std::to_array<LeafArgument>({inputArgument, outputArgument});
 
 constexpr auto withUnreadConfig =
-    std::to_array<LeafArgument>({inputFile, outputFolder, configOf(leaveUnread)});
+    std::to_array<LeafArgument>({inputArgument, outputArgument, configOf(leaveUnread)});
 
-constexpr auto withPackage =
-    std::to_array<LeafArgument>({inputFile, outputFolder, config, packageName, packageVersion});
+constexpr auto withPackage = std::to_array<LeafArgument>(
+    {inputArgument, outputArgument, configArgument, packageNameArgument, packageVersionArgument});
 
 constexpr auto ofDocHtml = std::to_array<LeafArgument>({
-    inputFile,
-    outputFolder,
-    config,
+    inputArgument,
+    outputArgument,
+    configArgument,
     {{},
      "--i18n",
      "Localization file as 'locale=filename'",
@@ -115,14 +115,14 @@ constexpr auto ofDocHtml = std::to_array<LeafArgument>({
      ValueKind::Text,
      {},
      giveLocales},
-    packageName,
-    packageVersion,
+    packageNameArgument,
+    packageVersionArgument,
 });
 
 constexpr auto ofData = std::to_array<LeafArgument>({
     fileNamed("Path to the OpenAPI spec."),
     outputTo("Path to the output file."),
-    config,
+    configArgument,
     {"-p", "--pointer", "JSON Pointer to the schema.", "POINTER", ValueCount::Required, ValueKind::Text,
      "pointer", giveParameter},
     {"-m", "--mime-type", "MIME type of the output.", "MIME_TYPE", ValueCount::One, ValueKind::Text,
@@ -194,6 +194,26 @@ constexpr auto leafTable = std::to_array<GenerateLeaf>({
 
 std::string GenerateLeaf::path(char separator) const {
     return group.empty() ? std::string(name) : std::string(group) + separator + std::string(name);
+}
+
+void GenerateLeaf::declareArguments(ArgumentParser& parser) const {
+    for (const LeafArgument& argument : arguments) {
+        const ArgumentHelp argumentHelp = {.help = argument.help,
+                                           .metavar = argument.metavar,
+                                           .kind = argument.kind,
+                                           .briefName = argument.briefName,
+                                           .count = argument.count};
+        if (argument.name.starts_with('-'))
+            parser.addOption(argument.name, argumentHelp);
+        else
+            parser.addPositional(argument.name, argumentHelp);
+    }
+}
+
+void GenerateLeaf::handOverArguments(const ArgumentParser& parser, PluginRunner& runner,
+                                     Plugin& plugin) const {
+    for (const LeafArgument& argument : arguments)
+        argument.handOver(argument, parser, runner, plugin);
 }
 
 std::span<const GenerateGroup> generateGroups() noexcept {

@@ -46,6 +46,13 @@ struct GenerateLeaf {
 
     /// The group and the name, or the name alone, with `separator` between them: "client fetch".
     [[nodiscard]] std::string path(char separator) const;
+    /// Adds the arguments to the parser of the command.
+    void declareArguments(ArgumentParser& parser) const;
+    /// Gives their values to the runner and the plugin. Throws std::logic_error "No value provided for
+    /// '--output'.", or "'--pointer'.", std::runtime_error "Invalid --i18n argument" for a value without "=",
+    /// and what PluginRunner::addLocaleFile() throws.
+    void handOverArguments(const ArgumentParser& parser, openapi_generator::PluginRunner& runner,
+                           openapi_generator::Plugin& plugin) const;
 };
 
 [[nodiscard]] std::span<const GenerateGroup> generateGroups() noexcept;
