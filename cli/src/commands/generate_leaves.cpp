@@ -138,6 +138,12 @@ std::unique_ptr<Plugin> named(PluginRunner& host, const GenerateLeaf& leaf) {
     return openapi_generator::makeNamedPlugin(leaf.path('_'), host, std::cout);
 }
 
+/// Of those that have a class.
+template <typename T>
+std::unique_ptr<Plugin> made(PluginRunner& host, const GenerateLeaf& /*leaf*/) {
+    return std::make_unique<T>(host);
+}
+
 /// Takes the place of a generator that is still to come: the configuration and the document are read, and
 /// then the run fails.
 class PluginToCome final : public Plugin {
