@@ -1,5 +1,4 @@
 #include "openapi_generator/document_name.h"
-
 #include "openapi_generator/notes.h"
 #include "test_support/temporary_folder.h"
 
@@ -43,7 +42,7 @@ std::string failureWithTag(const std::string& tag) {
     return "";
 }
 
-TEST(DocumentName, RefusesWithNamePlaceAndReason) {
+TEST(DocumentName, refusesWithNamePlaceAndReason) {
     EXPECT_EQ(failureWithTag("a/b"), "");
     EXPECT_EQ(failureWithTag("../x"), "Tag '../x' at /tags/0/name in API: No file can be generated at "
                                       "src/x/../x: a name in it is only dots");
@@ -51,7 +50,7 @@ TEST(DocumentName, RefusesWithNamePlaceAndReason) {
                                      "module can have such a name");
 }
 
-TEST(Notes, CountOperationsWithoutTag) {
+TEST(Notes, countOperationsWithoutTag) {
     std::ostringstream out;
     for (const std::size_t count : {0U, 1U, 2U})
         noteOperationsWithoutTag(count, "route", out);

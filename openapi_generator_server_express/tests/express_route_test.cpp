@@ -6,7 +6,7 @@ namespace specloom::openapi_generator::server_express {
 namespace {
 
 // Whether Express takes them so is for the test of running servers to say, which has more of them.
-TEST(ExpressRoute, StandsForItsTemplate) {
+TEST(ExpressRoute, standsForItsTemplate) {
     EXPECT_EQ(toExpressRoute(""), "");
     EXPECT_EQ(toExpressRoute("/a/{b}/c/{d}"), "/a/:b/c/:d");
     EXPECT_EQ(toExpressRoute("/users('{id}')"), R"(/users\(':id'\))");

@@ -1,6 +1,5 @@
-#include "openapi_generator_server_express/plugin.h"
-
 #include "openapi_generator/plugin_runner.h"
+#include "openapi_generator_server_express/plugin.h"
 #include "test_support/golden_folder.h"
 #include "test_support/temporary_folder.h"
 
@@ -79,7 +78,7 @@ class ExpressServer : public testing::Test {
     }
 };
 
-TEST_F(ExpressServer, IsAsExpected) {
+TEST_F(ExpressServer, isAsExpected) {
     const std::pair<std::string, std::string> cases[] = {
         {"bookshop", "examples/bookshop-3.1.yaml"},
         {"everything", "tests/generators/documents/everything.yaml"},
@@ -93,14 +92,14 @@ TEST_F(ExpressServer, IsAsExpected) {
     }
 }
 
-TEST_F(ExpressServer, SaysHowManyOperationsHaveNoRoute) {
+TEST_F(ExpressServer, saysHowManyOperationsHaveNoRoute) {
     testing::internal::CaptureStderr();
     EXPECT_EQ(run(source / "tests/generators/documents/everything.yaml"), "");
     EXPECT_EQ(testing::internal::GetCapturedStderr(),
               "specloom: note: 2 operations have no declared tag and so no route\n");
 }
 
-TEST_F(ExpressServer, ConfigurationChoosesFiles) {
+TEST_F(ExpressServer, configurationChoosesFiles) {
     const std::string module = "src/modules/a/index.ts src/modules/a/routes.ts src/modules/index.ts ";
     const std::pair<std::string, std::string> cases[] = {
         {R"({})", "package.json src/app.ts " + module + "src/server.ts tsconfig.json "},
@@ -120,7 +119,7 @@ TEST_F(ExpressServer, ConfigurationChoosesFiles) {
               test_support::fileBytes(folder.at("api.yaml")));
 }
 
-TEST_F(ExpressServer, FailsWithoutATrace) {
+TEST_F(ExpressServer, failsWithoutATrace) {
     std::filesystem::create_directories(folder.path() / "out/src");
     folder.write("out/src/app.ts", "mine");
     const auto before = filesOf(folder.path() / "out");
