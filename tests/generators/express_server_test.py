@@ -6,7 +6,6 @@ GENERATE is the program that generates a server: "GENERATE... INPUT OUTPUT CONFI
 on is installed once for each state of the lockfile, below WORK-FOLDER, and shared by them.
 """
 
-import hashlib
 import http.client
 import json
 import os
@@ -21,9 +20,8 @@ import urllib.parse
 
 import yaml
 
-HERE = pathlib.Path(__file__).resolve().parent
-ROOT = HERE.parent.parent
-REQUIRED = "SPECLOOM_REQUIRE_CORPORA" in os.environ
+from typescript import HERE, IS_REQUIRED, ROOT, corpora, installed_dependencies, need_node
+
 METHODS = ["get", "put", "post", "delete", "options", "head", "patch", "trace"]  # in the order of their routes
 PARAMETER = re.compile(r"\{([^}]+)\}")
 VALUE = "zz9"  # of each parameter: no document has it in a path of its own
@@ -36,22 +34,6 @@ failures = []
 def check(holds, text):
     if not holds:
         failures.append(text)
-
-
-def installed_dependencies(work):
-    """The folder node_modules with what the lockfile pins."""
-    pinned = [HERE / "express" / name for name in ("package.json", "package-lock.json")]
-    state = hashlib.sha256(b"\0".join(file.read_bytes() for file in pinned)).hexdigest()[:16]
-    folder = work / f"express-dependencies-{state}"
-    if not (folder / "complete").exists():
-        shutil.rmtree(folder, ignore_errors=True)
-        folder.mkdir(parents=True)
-        for file in pinned:
-            shutil.copy(file, folder)
-        subprocess.run(["npm", "ci", "--no-audit", "--no-fund", "--ignore-scripts"], cwd=folder, check=True,
-                       stdin=subprocess.DEVNULL)
-        (folder / "complete").touch()
-    return folder / "node_modules"
 
 
 class Route:
@@ -154,19 +136,15 @@ def run_server(name, routes, folder):
 def documents():
     yield ROOT / "examples" / "bookshop-3.1.yaml"
     yield from sorted((HERE / "documents").iterdir())
-    corpora = pathlib.Path(os.environ.get("SPECLOOM_CORPORA", ROOT.parent / "shared" / "corpora"))
-    if corpora.is_dir():
-        yield corpora / "openapi" / "github-3.0.json"
+    if corpora():
+        yield corpora() / "openapi" / "github-3.0.json"
     else:
-        check(not REQUIRED, "the corpora are required: set SPECLOOM_CORPORA to their folder")
+        check(not IS_REQUIRED, "the corpora are required: set SPECLOOM_CORPORA to their folder")
 
 
 def main():
     work, generate = pathlib.Path(sys.argv[1]), sys.argv[2:]
-    missing = [tool for tool in ("node", "npm") if shutil.which(tool) is None]
-    if missing:
-        print("not installed:", ", ".join(missing))
-        return 1 if REQUIRED else 77
+    need_node()
     dependencies = installed_dependencies(work)
     for file in documents():
         routes = routes_of(file)
