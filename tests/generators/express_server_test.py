@@ -143,7 +143,7 @@ def documents():
 
 
 def main():
-    work, generate = pathlib.Path(sys.argv[1]), sys.argv[2:]
+    work, generate = pathlib.Path(sys.argv[1]).resolve(), sys.argv[2:]
     need_node()
     dependencies = installed_dependencies(work)
     for file in documents():

@@ -35,7 +35,7 @@ def generate(command, file, folder, configuration):
 def main():
     need_node()
     corpus = need(corpora(), "no corpora: set SPECLOOM_CORPORA to their folder")
-    work, name, command = pathlib.Path(sys.argv[1]), sys.argv[2], sys.argv[3:]
+    work, name, command = pathlib.Path(sys.argv[1]).resolve(), sys.argv[2], sys.argv[3:]
     modules = installed_dependencies(work)
     folder = work / "syntax" / name
     shutil.rmtree(folder, ignore_errors=True)
