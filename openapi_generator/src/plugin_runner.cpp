@@ -78,4 +78,8 @@ jv::Pos PluginRunner::nodePos(const openapi::Node& node) const {
     return document_->positionOf(node);
 }
 
+std::string_view PluginRunner::nodeFile(const openapi::Node& node) const {
+    return document_->locationOf(node).file;
+}
+
 } // namespace specloom::openapi_generator

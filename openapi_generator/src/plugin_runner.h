@@ -54,6 +54,8 @@ class PluginRunner {
     [[nodiscard]] const openapi::Node* nodeAtPointer(std::string_view pointer) const;
     /// As ReadResult::positionOf().
     [[nodiscard]] jv::Pos nodePos(const openapi::Node& node) const;
+    /// The path of the file that the node was read from.
+    [[nodiscard]] std::string_view nodeFile(const openapi::Node& node) const;
 
   private:
     void readConfiguration();

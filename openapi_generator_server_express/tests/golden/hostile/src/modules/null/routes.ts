@@ -1,0 +1,8 @@
+import type { Express, Request, Response } from 'express';
+
+export function includeMe(app: Express) {
+  app.post('/tag/28', (req: Request, res: Response) => {
+    res.json({ status: 'ok', id: '/tag/28' });
+  });
+
+}

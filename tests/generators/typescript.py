@@ -1,0 +1,50 @@
+"""What the tests of generated TypeScript projects share: Node.js, the packages that they install, the corpora."""
+
+import fcntl
+import hashlib
+import os
+import pathlib
+import shutil
+import subprocess
+import sys
+
+HERE = pathlib.Path(__file__).resolve().parent
+ROOT = HERE.parent.parent
+IS_REQUIRED = "SPECLOOM_REQUIRE_CORPORA" in os.environ
+
+
+def need(what, reason):
+    """Ends a test that lacks something: it is skipped, or fails where the corpora are required."""
+    if not what:
+        print(reason)
+        sys.exit(1 if IS_REQUIRED else 77)
+    return what
+
+
+def need_node():
+    for tool in ("node", "npm"):
+        need(shutil.which(tool), f"{tool} is not installed")
+
+
+def corpora():
+    """Their folder; None without them."""
+    folder = pathlib.Path(os.environ.get("SPECLOOM_CORPORA", ROOT.parent / "shared" / "corpora"))
+    return folder if folder.is_dir() else None
+
+
+def installed_dependencies(work):
+    """The folder node_modules, below `work`, with what the lockfile pins. It is installed once for each state of that."""
+    pinned = [HERE / "express" / name for name in ("package.json", "package-lock.json")]
+    state = hashlib.sha256(b"\0".join(file.read_bytes() for file in pinned)).hexdigest()[:16]
+    folder = work / f"express-dependencies-{state}"
+    with open(work / "express-dependencies.lock", "w", encoding="utf-8") as lock:
+        fcntl.flock(lock, fcntl.LOCK_EX)  # for tests that run at once
+        if not (folder / "complete").exists():
+            shutil.rmtree(folder, ignore_errors=True)
+            folder.mkdir(parents=True)
+            for file in pinned:
+                shutil.copy(file, folder)
+            subprocess.run(["npm", "ci", "--no-audit", "--no-fund", "--ignore-scripts"], cwd=folder, check=True,
+                           stdin=subprocess.DEVNULL)
+            (folder / "complete").touch()
+    return folder / "node_modules"
