@@ -1,0 +1,49 @@
+// Parses the TypeScript of generated projects: see parse_test.sh. Takes the file that generate_corpora wrote.
+'use strict';
+const fs = require('fs');
+const path = require('path');
+const ts = require('typescript');
+
+function syntaxErrors(name, text) {
+  const source = ts.createSourceFile(name, text, ts.ScriptTarget.Latest, true);
+  return source.parseDiagnostics.map((fault) => {
+    const { line } = source.getLineAndCharacterOfPosition(fault.start);
+    return `${name}:${line + 1}: ${ts.flattenDiagnosticMessageText(fault.messageText, ' ')}`;
+  });
+}
+
+/** Whether a function can have that name. */
+function isIdentifier(name) {
+  const source = ts.createSourceFile('name.ts', `function ${name}() {}`, ts.ScriptTarget.Latest);
+  const [statement] = source.statements;
+  return source.parseDiagnostics.length === 0 && source.statements.length === 1 && statement.name?.text === name;
+}
+
+// Files that do not parse as they stand, and say so in the manual: what the generator of that name makes of which file
+// is either left alone, or made whole first.
+const exceptions = {
+  'client_fetch src/actions.ts': (text, run) => (run.operationIds.every(isIdentifier) ? text : null),
+  'client_fetch src/utils.ts': (text) => text.replace(/\\([`$])/g, '$1'),
+};
+
+const runs = fs.readFileSync(process.argv[2], 'utf8').trimEnd().split('\n').map((line) => JSON.parse(line));
+const counts = { parsed: 0, exempt: 0, unreadable: 0, refused: 0 };
+const faults = [];
+for (const run of runs) {
+  if (!run.folder) {
+    counts[run.generator ? 'refused' : 'unreadable']++;
+    console.log(`${run.generator ?? 'not read'}: ${path.basename(run.document)}: ${run.failure.trimEnd()}`);
+    continue;
+  }
+  const files = fs.existsSync(run.folder) ? fs.readdirSync(run.folder, { recursive: true }) : [];
+  for (const name of files.filter((file) => file.endsWith('.ts'))) {
+    const text = fs.readFileSync(path.join(run.folder, name), 'utf8');
+    const exception = exceptions[`${run.generator} ${name}`];
+    const whole = exception ? exception(text, run) : text;
+    counts[whole === null ? 'exempt' : 'parsed']++;
+    if (whole !== null) faults.push(...syntaxErrors(`${path.basename(run.document)} ${run.generator} ${name}`, whole));
+  }
+}
+console.log(counts);
+for (const fault of faults.slice(0, 50)) console.log(fault);
+process.exit(faults.length > 0 || counts.parsed === 0 ? 1 : 0);
