@@ -2,6 +2,11 @@
 #include "test_support/generated_project.h"
 #include "test_support/temporary_folder.h"
 
+#include <filesystem>  // std::filesystem::path
+#include <string>      // std::string
+#include <string_view> // std::string_view
+#include <vector>      // std::vector
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -56,25 +61,24 @@ TEST(NestJSPlugin, modulesAreFirstDeclaredTagsOrOperationIdsOrDefault) {
 
 TEST(NestJSPlugin, namesThatNoFileCanHaveEndTheRun) {
     const std::string letters(300, 'a');
-    const std::string place = " at /paths/~1a/get/operationId in API: ";
     const std::string empty = "in snake case it is empty, and no module can have such a name";
+    const std::string path = "out/src/" + letters + "/" + letters + ".module.ts";
     const struct {
-        std::string name;
+        std::string name; ///< as in the document
         std::string shown;
         std::string reason;
     } cases[] = {
         {"日本", "日本", empty},
         {"...", "...", empty},
         {"/", "/", empty},
-        {"\\0", "\\0", empty},
-        {letters, letters,
-         "No file can be generated at src/" + letters + "/" + letters +
-             ".module.ts: a name in it is longer than 255 bytes"},
+        {"\\0", "\\u0000", empty},
+        {letters, letters, "No file can be generated at " + path + ": a name in it is longer than 255 bytes"},
     };
     for (const auto& [name, shown, reason] : cases) {
         const GeneratedProject byId =
             generateFrom(documentWith("", "  /a: {get: {operationId: \"" + name + "\", responses: {}}}\n"));
-        EXPECT_EQ(byId.failure, "Operation id '" + shown + "'" + place + reason);
+        EXPECT_EQ(byId.failure,
+                  "Operation id '" + shown + "' at /paths/~1a/get/operationId in API: " + reason);
         EXPECT_TRUE(byId.files.empty());
         const GeneratedProject byTag = generateFrom(documentWith(
             "{name: \"" + name + "\"}", "  /a: {get: {tags: [\"" + name + "\"], responses: {}}}\n"));

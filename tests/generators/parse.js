@@ -26,12 +26,16 @@ const exceptions = {
   'client_fetch src/utils.ts': (text) => text.replace(/\\([`$])/g, '$1'),
 };
 
+// What ends a run of a generator on a document of the corpora: two operations of one name.
+const refusals = { client_fetch: /^Function already exists / };
+
 const runs = fs.readFileSync(process.argv[2], 'utf8').trimEnd().split('\n').map((line) => JSON.parse(line));
 const counts = { parsed: 0, exempt: 0, unreadable: 0, refused: 0 };
 const faults = [];
 for (const run of runs) {
   if (!run.folder) {
     counts[run.generator ? 'refused' : 'unreadable']++;
+    if (run.generator && !refusals[run.generator]?.test(run.failure)) faults.push(`${run.generator} failed`);
     console.log(`${run.generator ?? 'not read'}: ${path.basename(run.document)}: ${run.failure.trimEnd()}`);
     continue;
   }
@@ -41,7 +45,8 @@ for (const run of runs) {
     const exception = exceptions[`${run.generator} ${name}`];
     const whole = exception ? exception(text, run) : text;
     counts[whole === null ? 'exempt' : 'parsed']++;
-    if (whole !== null) faults.push(...syntaxErrors(`${path.basename(run.document)} ${run.generator} ${name}`, whole));
+    if (whole !== null)
+      faults.push(...syntaxErrors(`${path.basename(run.document)} ${run.generator} ${name}`, whole));
   }
 }
 console.log(counts);
