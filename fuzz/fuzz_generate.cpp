@@ -1,10 +1,9 @@
 // The generators: whatever the document names, files come to stand below the output folder and nowhere else,
 // or nothing is written and one line says why; and the same document gives the same files.
 
+#include "foundation/memory_file_system.h"
 #include "fuzz/check.h"
 #include "fuzz/tree_check.h"
-
-#include "foundation/memory_file_system.h"
 #include "openapi_generator/plugin_runner.h"
 #include "test_support/generators.h"
 

@@ -28,11 +28,12 @@ Plugin::Plugin(PluginRunner& host)
 void Plugin::configureParts() {
     context_.document = document();
     context_.project.setRootPath(outputPath());
-    for (const auto& [name, source] : modules()) {
-        if (source)
-            createNamed(host(), *source, [&] { addModule(name); });
+    for (const auto& module : modules()) {
+        const auto create = [&] { addModule(module.first); };
+        if (const std::optional<DocumentName>& source = module.second)
+            createNamed(host(), *source, create);
         else
-            addModule(name);
+            create();
     }
 }
 
