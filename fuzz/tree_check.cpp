@@ -31,7 +31,9 @@ class LinkChecker final : public openapi::NodeVisitHandler {
     std::abort();
 }
 
-[[nodiscard]] std::unique_ptr<openapi::ReadResult> readIfGood(std::unique_ptr<jv::JVDocument> document) {
+} // namespace
+
+std::unique_ptr<openapi::ReadResult> readIfGood(std::unique_ptr<jv::JVDocument> document) {
     static const auto formats = std::make_shared<const openapi::SchemaFormatRegistry>();
     try {
         return openapi::read(std::move(document), formats);
@@ -40,8 +42,6 @@ class LinkChecker final : public openapi::NodeVisitHandler {
         return nullptr;
     }
 }
-
-} // namespace
 
 void checkTree(std::unique_ptr<jv::JVDocument> document) {
     const auto first = readIfGood(std::move(document));

@@ -18,9 +18,13 @@ void refuseName(const PluginRunner& host, const DocumentName& name, const Messag
 }
 
 std::string moduleNameOf(const PluginRunner& host, const openapi::Tag& tag) {
-    std::string module = toSnakeCase(tag.name());
+    return moduleNameOf(host, nameOf(tag));
+}
+
+std::string moduleNameOf(const PluginRunner& host, const DocumentName& name) {
+    std::string module = toSnakeCase(name.name);
     if (module.empty())
-        refuseName(host, nameOf(tag), "in snake case it is empty, and no module can have such a name");
+        refuseName(host, name, "in snake case it is empty, and no module can have such a name");
     return module;
 }
 

@@ -36,8 +36,9 @@ decltype(auto) createNamed(const PluginRunner& host, const DocumentName& name, C
     }
 }
 
-/// The name of the module that a generator makes for a tag: the tag's in snake case. Refuses a tag for which
+/// The name of the module that a generator makes for a name: the same in snake case. Refuses a name for which
 /// that is empty.
+[[nodiscard]] std::string moduleNameOf(const PluginRunner& host, const DocumentName& name);
 [[nodiscard]] std::string moduleNameOf(const PluginRunner& host, const openapi::Tag& tag);
 
 } // namespace specloom::openapi_generator

@@ -25,7 +25,16 @@ void PluginRunner::addLocaleFile(std::string_view locale, std::string_view path)
 
 void PluginRunner::run() {
     readConfiguration();
-    document_ = readDocument();
+    runPlugins(readDocument());
+}
+
+void PluginRunner::run(std::unique_ptr<openapi::ReadResult> document) {
+    readConfiguration();
+    runPlugins(std::move(document));
+}
+
+void PluginRunner::runPlugins(std::unique_ptr<openapi::ReadResult> document) {
+    document_ = std::move(document);
     const telemetry::Span span("run");
     for (const auto& plugin : plugins_)
         plugin->run(document_->root());

@@ -39,6 +39,8 @@ class PluginRunner {
     ///   "Error reading configuration file: {}" for any other failure of the configuration,
     /// and what openapi::readFile() and the plugins throw.
     void run();
+    /// The same for a document that was read already, in place of the input path.
+    void run(std::unique_ptr<openapi::ReadResult> document);
 
     // For plugins.
 
@@ -61,6 +63,7 @@ class PluginRunner {
     void readConfiguration();
     void applyConfiguration(const std::string& path);
     [[nodiscard]] std::unique_ptr<openapi::ReadResult> readDocument() const;
+    void runPlugins(std::unique_ptr<openapi::ReadResult> document);
 
     std::unique_ptr<FileSystem> fileSystem_;
     std::string inputPath_;

@@ -1,0 +1,3 @@
+export * from "./types";
+export * from "./actions";
+export { init, setAuthCookie, APIClientErrorKind } from "./utils";
