@@ -21,7 +21,9 @@ namespace {
 using testing::HasSubstr;
 using testing::Not;
 
-const std::string documentOfLeaves = "openapi: 3.1.0\ninfo: {title: Tides, version: 1.0.0}\npaths: {}\n";
+const std::string documentOfLeaves =
+    "openapi: 3.1.0\ninfo: {title: Tides, version: 1.0.0}\ntags: [{name: tides}]\npaths:\n"
+    "  /tides: {get: {operationId: listTides, tags: [tides], responses: {}}}\n";
 
 struct LeafRow {
     std::string words; ///< behind "generate"
@@ -35,7 +37,7 @@ constexpr const char* leafTable =
 doc html|Generate HTML documentation from an OpenAPI file.|--config --i18n --package-name --package-version|
 doc markdown|Generate Markdown documentation from an OpenAPI file.||Running DocMarkdownPlugin
 client cpp|Generate a C++ client using the fetch API.||Running ClientCPPPlugin
-client fetch|Generate a TypeScript client using the fetch API.|--config|
+client fetch|Generate a TypeScript client using the fetch API.|--config|files
 client python|Generate a Python client.||Running ClientPythonPluin
 client swift|Generate a Swift client.||Running ClientSwiftPlugin
 client kotlin|Generate a Kotlin client.||Running ClientKotlinPlugin
@@ -44,8 +46,8 @@ client rust|Generate a Rust client.||Running ClientRustPlugin
 mock miragejs|Generate a mock server based on Mirage.js.||Running MockMirageJS plugin
 mock msw|Generate a mock server based on MSW.||Running MockMSW plugin
 server cpp|Generate a C++ server.||Running ServerCPPPlugin
-server nestjs|Generate a NestJS server.|--config|
-server express|Generate an Express server.|--config --package-name --package-version|
+server nestjs|Generate a NestJS server.|--config|files
+server express|Generate an Express server.|--config --package-name --package-version|files
 server fastapi|Generate a FastAPI server.||Running ServerFastAPIPlugin
 server fastify|Generate a Fastify server.|--config|Running ServerFastifyPlugin
 server csharp|Generate a C# server.||Running ServerCSharpPlugin

@@ -104,7 +104,8 @@ TEST_F(ProjectTest, namesOfDocumentsLeadNowhereElse) {
         Project other(files);
         EXPECT_THAT(textOf([&, path = path] { other.createSourceFile(path); }), HasSubstr(anywhere)) << path;
         Project another(files);
-        EXPECT_THAT(textOf([&, path = path] { another.createSourceFileBelow(path); }), HasSubstr(below)) << path;
+        EXPECT_THAT(textOf([&, path = path] { another.createSourceFileBelow(path); }), HasSubstr(below))
+            << path;
         EXPECT_EQ(another.files().size(), below == possible ? 1U : 0U) << path;
     }
     EXPECT_EQ(creatingBelow("a\n/../x"), "No file can be generated at a\\n/../x: a name in it is only dots");

@@ -3,6 +3,9 @@
 #include "foundation/message.h"
 #include "openapi_generator/named_plugins.h"
 #include "openapi_generator/plugin_runner.h"
+#include "openapi_generator_client_fetch/plugin.h"
+#include "openapi_generator_server_express/plugin.h"
+#include "openapi_generator_server_nestjs/plugin.h"
 
 #include <array>     // std::to_array
 #include <iostream>  // std::cout
@@ -173,7 +176,8 @@ constexpr auto leafTable = std::to_array<GenerateLeaf>({
     {"", "data", "Generate data from an OpenAPI file.", ofData, toCome},
     {"doc", "html", "Generate HTML documentation from an OpenAPI file.", ofDocHtml, toCome},
     {"doc", "markdown", "Generate Markdown documentation from an OpenAPI file.", fileAndOutput, named},
-    {"client", "fetch", "Generate a TypeScript client using the fetch API.", withUnreadConfig, toCome},
+    {"client", "fetch", "Generate a TypeScript client using the fetch API.", withUnreadConfig,
+     made<openapi_generator::client_fetch::Plugin>},
     {"client", "cpp", "Generate a C++ client using the fetch API.", fileAndOutput, named},
     {"client", "python", "Generate a Python client.", fileAndOutput, named},
     {"client", "swift", "Generate a Swift client.", fileAndOutput, named},
@@ -183,8 +187,10 @@ constexpr auto leafTable = std::to_array<GenerateLeaf>({
     {"mock", "miragejs", "Generate a mock server based on Mirage.js.", fileAndOutput, named},
     {"mock", "msw", "Generate a mock server based on MSW.", fileAndOutput, named},
     {"server", "cpp", "Generate a C++ server.", fileAndOutput, named},
-    {"server", "nestjs", "Generate a NestJS server.", withUnreadConfig, toCome},
-    {"server", "express", "Generate an Express server.", withPackage, toCome},
+    {"server", "nestjs", "Generate a NestJS server.", withUnreadConfig,
+     made<openapi_generator::server_nestjs::Plugin>},
+    {"server", "express", "Generate an Express server.", withPackage,
+     made<openapi_generator::server_express::Plugin>},
     {"server", "fastapi", "Generate a FastAPI server.", fileAndOutput, named},
     {"server", "fastify", "Generate a Fastify server.", withUnreadConfig, named},
     {"server", "csharp", "Generate a C# server.", fileAndOutput, named},
