@@ -135,7 +135,8 @@ def run_server(name, routes, folder):
 
 def documents():
     yield ROOT / "examples" / "bookshop-3.1.yaml"
-    yield from sorted((HERE / "documents").iterdir())
+    for name in ("everything.yaml", "hostile.json"):  # the others have no declared tags, and so no routes
+        yield HERE / "documents" / name
     if corpora():
         yield corpora() / "openapi" / "github-3.0.json"
     else:
