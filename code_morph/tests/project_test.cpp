@@ -1,6 +1,7 @@
 #include "code_morph/generated_path.h"
 #include "code_morph/project.h"
 #include "foundation/file_system.h"
+#include "test_support/failure.h"
 #include "test_support/temporary_folder.h"
 
 #include <array>       // std::array
@@ -22,15 +23,12 @@ using namespace std::string_literals;
 using test_support::TemporaryFolder;
 using testing::HasSubstr;
 
-/// The text of the std::runtime_error that `call` throws.
+/// The text of the std::runtime_error that `call` throws; a word of its own for none, since each text holds
+/// "".
 template <typename Call>
 std::string textOf(Call call) {
-    try {
-        call();
-    } catch (const std::runtime_error& error) {
-        return error.what();
-    }
-    return "nothing thrown";
+    const std::string failure = test_support::failureOf<std::runtime_error>(call);
+    return failure.empty() ? "nothing thrown" : failure;
 }
 
 std::string readBack(const std::string& path) {

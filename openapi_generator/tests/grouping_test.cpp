@@ -4,6 +4,7 @@
 #include "openapi_generator/config_error.h"
 #include "openapi_generator/issue.h"
 #include "openapi_generator/operation_grouper.h"
+#include "test_support/failure.h"
 
 #include <memory>    // std::make_shared, std::unique_ptr
 #include <sstream>   // std::ostringstream
@@ -15,6 +16,8 @@
 
 namespace specloom::openapi_generator {
 namespace {
+
+using test_support::failureOf;
 
 std::unique_ptr<jv::JVDocument> parse(std::string_view yaml) {
     return jv::parseDocument(yaml, {.format = jv::DocumentFormat::Yaml, .refLoader = {}});
@@ -79,17 +82,6 @@ TEST(OperationGrouper, groups) {
     }
 }
 
-/// The text of the std::runtime_error that `call` throws.
-template <typename Call>
-std::string textOf(Call call) {
-    try {
-        call();
-    } catch (const std::runtime_error& error) {
-        return error.what();
-    }
-    return "nothing thrown";
-}
-
 TEST(OperationGrouper, leavesOut) {
     const auto shop = readShop();
     OperationGrouper used;
@@ -99,7 +91,7 @@ TEST(OperationGrouper, leavesOut) {
 
     OperationGrouper enabled;
     enabled.setSkipDisabled(true);
-    EXPECT_EQ(textOf([&] { enabled.group(shop->root()); }),
+    EXPECT_EQ(failureOf<std::runtime_error>([&] { enabled.group(shop->root()); }),
               "Extension '/codegen/disabled' does not represent a boolean");
 }
 
@@ -121,17 +113,18 @@ TEST(ActionNaming, readsSources) {
     const auto read = [](const std::string& yaml) {
         std::vector<NameSource> sources{NameSource::Id};
         const auto document = parse("names: " + yaml);
-        const std::string text = textOf([&] { readNameSources(*document->root()->get("names"), sources); });
+        const std::string text =
+            failureOf<std::runtime_error>([&] { readNameSources(*document->root()->get("names"), sources); });
         return text + ", " + std::to_string(sources.size());
     };
-    EXPECT_EQ(read("url"), "nothing thrown, 2");
-    EXPECT_EQ(read("[url, extension]"), "nothing thrown, 3");
+    EXPECT_EQ(read("url"), ", 2");
+    EXPECT_EQ(read("[url, extension]"), ", 3");
     EXPECT_EQ(read("[url, id]"), "Element already exists, 2");
     EXPECT_EQ(read("Url"), "Invalid name source: 'Url', 1");
     EXPECT_EQ(read("{}"), "Name sources must be a string or an array thereof, 1");
     EXPECT_EQ(read("[[url]]"), "Name sources must be a string or an array thereof, 1");
     EXPECT_EQ(parseGroupingCriterion("url"), GroupingCriterion::Url);
-    EXPECT_EQ(textOf([] { static_cast<void>(parseGroupingCriterion("urls")); }),
+    EXPECT_EQ(failureOf<std::runtime_error>([] { static_cast<void>(parseGroupingCriterion("urls")); }),
               "Unknown grouping criterium: urls");
 }
 
