@@ -16,19 +16,25 @@ std::string importNameOf(const std::string& module) {
 } // namespace
 
 void Part::generateCode() {
-    file_->setText(context_->templates.render(templateName_, data));
+    file_->setText(context_->templates.render(templateName_, *data_));
 }
 
 void ModuleRouter::collectData() {
-    nlohmann::json& list = data["operations"] = nlohmann::json::array();
-    for (const openapi::OperationRef& ref : operations_)
-        list.push_back({{"method", openapi::operationKey(ref.method)}, {"url", toExpressRoute(ref.path)}});
+    jv::JV* list = data().setArray("operations");
+    for (const openapi::OperationRef& ref : operations_) {
+        jv::JV* operation = list->appendObject();
+        operation->setString("method", openapi::operationKey(ref.method));
+        operation->setString("url", toExpressRoute(ref.path));
+    }
 }
 
 void ModulesIndex::collectData() {
-    nlohmann::json& list = data["imports"] = nlohmann::json::array();
-    for (const std::string& module : modules_)
-        list.push_back({{"name", importNameOf(module)}, {"path", "./" + module}});
+    jv::JV* list = data().setArray("imports");
+    for (const std::string& module : modules_) {
+        jv::JV* import = list->appendObject();
+        import->setString("name", importNameOf(module));
+        import->setString("path", "./" + module);
+    }
 }
 
 void OpenAPISchemaFile::generateCode() {
@@ -36,8 +42,8 @@ void OpenAPISchemaFile::generateCode() {
 }
 
 void PackageJson::collectData() {
-    data["name"] = context().configuration.packageName;
-    data["version"] = context().configuration.packageVersion;
+    data().setString("name", context().configuration.packageName);
+    data().setString("version", context().configuration.packageVersion);
 }
 
 } // namespace specloom::openapi_generator::server_express

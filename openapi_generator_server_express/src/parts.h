@@ -1,16 +1,16 @@
 #pragma once
 
 #include "code_morph_typescript/source_file.h"
+#include "jv/jv.h"
 #include "openapi/operation_ref.h"
 #include "openapi_generator/part.h"
 #include "openapi_generator_server_express/context.h"
 
+#include <memory>      // std::unique_ptr
 #include <string>      // std::string
 #include <string_view> // std::string_view
 #include <utility>     // std::move
 #include <vector>      // std::vector
-
-#include <nlohmann/json.hpp>
 
 // The files of a generated server. Each part fills one.
 namespace specloom::openapi_generator::server_express {
@@ -28,12 +28,13 @@ class Part : public openapi_generator::Part {
         : context_(&context), file_(&file), templateName_(templateName) {}
 
     [[nodiscard]] const Context& context() const noexcept { return *context_; }
-    nlohmann::json data = nlohmann::json::object();
+    [[nodiscard]] jv::JV& data() noexcept { return *data_; }
 
   private:
     const Context* context_;
     SourceFile* file_;
     std::string_view templateName_;
+    std::unique_ptr<jv::JV> data_ = jv::JV::newObject();
 };
 
 /// src/app.ts

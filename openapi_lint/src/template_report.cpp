@@ -3,32 +3,28 @@
 #include "openapi_lint/report_templates.h"
 #include "templating/template_set.h"
 
-#include <utility> // std::move
-
-#include <nlohmann/json.hpp>
-
 namespace specloom::openapi_lint {
 
-nlohmann::json describeFiles(const LintContext& context, reporting::EscapeText escape,
-                             nlohmann::json (*describeIssue)(const LintResult& result)) {
-    nlohmann::json files = nlohmann::json::array();
+void setFiles(jv::JV& data, const LintContext& context, reporting::EscapeText escape,
+              void (*describeIssue)(jv::JV& issue, const LintResult& result)) {
+    jv::JV* files = data.setArray("files");
     for (const auto& [filename, indices] : context.groupByFile()) {
-        nlohmann::json issues = nlohmann::json::array();
-        for (const std::size_t index : indices)
-            issues.push_back(describeIssue(context.results[index]));
+        jv::JV* file = files->appendObject();
         const std::string name = escape(filename);
+        file->setString("path", name);
+        file->setString("name", name);
         // Every test case of JUnit fails, because what passes is no finding: its two counts are always the
         // same.
-        files.push_back({{"path", name},
-                         {"name", name},
-                         {"totalCount", indices.size()},
-                         {"issueCount", indices.size()},
-                         {"issues", std::move(issues)}});
+        const auto count = static_cast<std::int64_t>(indices.size());
+        file->setInteger("totalCount", count);
+        file->setInteger("issueCount", count);
+        jv::JV* issues = file->setArray("issues");
+        for (const std::size_t index : indices)
+            describeIssue(*issues->appendObject(), context.results[index]);
     }
-    return files;
 }
 
-std::string renderReport(std::string_view templateName, const nlohmann::json& data) {
+std::string renderReport(std::string_view templateName, const jv::JV& data) {
     static const templating::TemplateSet templates({reportTemplates()});
     return templates.render(templateName, data);
 }

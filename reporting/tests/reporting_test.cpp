@@ -2,7 +2,6 @@
 // modules.
 
 #include "jv/deser.h"
-#include "reporting/data.h"
 #include "reporting/place.h"
 #include "reporting/table.h"
 
@@ -10,7 +9,6 @@
 #include <string>  // std::string
 
 #include <gtest/gtest.h>
-#include <nlohmann/json.hpp>
 
 namespace specloom::reporting {
 namespace {
@@ -36,12 +34,6 @@ TEST(Place, isPrintedAsZeroWhereItIsUnknown) {
     EXPECT_EQ(printedPos({3, 0}), "3:0");
     EXPECT_EQ(printedFile(""), "<unknown>");
     EXPECT_EQ(printedFile("::error::\n.yaml"), "\\u003a:error::\\n.yaml");
-}
-
-TEST(Data, isWhatTheValueIs) {
-    const char* text = R"({"a": [1, -2, true, null, "é"], "b": {}})";
-    const auto document = jv::parseDocument(text, {.format = jv::DocumentFormat::Json, .refLoader = {}});
-    EXPECT_EQ(templateData(*document), nlohmann::json::parse(text));
 }
 
 } // namespace

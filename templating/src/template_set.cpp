@@ -1,5 +1,6 @@
 #include "templating/template_set.h"
 
+#include "templating/data.h"
 #include "templating/functions.h"
 #include "templating/page_templates.h"
 
@@ -54,7 +55,7 @@ inja::CallbackFunction callbackOf(const Function& function) {
         texts.reserve(arguments.size());
         for (const nlohmann::json* argument : arguments)
             texts.push_back(textOf(*argument));
-        return call(texts);
+        return std::visit([](auto&& value) { return nlohmann::json(std::move(value)); }, call(texts));
     };
 }
 
@@ -84,13 +85,13 @@ class TemplateSet::Engine {
         add(pageTemplates());
     }
 
-    std::string render(std::string_view name, const nlohmann::json& data) {
+    std::string render(std::string_view name, const jv::JV& data) {
         const auto found = templates_.find(name);
         if (found == templates_.end())
             throw TemplateError(templateNotFound(name));
         parse(found->first, found->second);
         const CurrentPlace rendering(current_, {.templateName = found->first});
-        return renderParsed(found->second.parsed, data);
+        return renderParsed(found->second.parsed, toData(data));
     }
 
   private:
@@ -230,7 +231,7 @@ TemplateSet::TemplateSet(const std::vector<Table>& tables, std::vector<Function>
 
 TemplateSet::~TemplateSet() = default;
 
-std::string TemplateSet::render(std::string_view name, const nlohmann::json& data) const {
+std::string TemplateSet::render(std::string_view name, const jv::JV& data) const {
     return engine_->render(name, data);
 }
 

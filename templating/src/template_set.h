@@ -2,6 +2,7 @@
 
 #include "foundation/embedded_file.h"
 #include "foundation/message.h"
+#include "jv/jv.h"
 
 #include <cstddef>     // std::size_t
 #include <functional>  // std::function
@@ -10,9 +11,8 @@
 #include <stdexcept>   // std::runtime_error
 #include <string>      // std::string
 #include <string_view> // std::string_view
+#include <variant>     // std::variant
 #include <vector>      // std::vector
-
-#include <nlohmann/json_fwd.hpp>
 
 namespace specloom::templating {
 
@@ -30,9 +30,9 @@ class TemplateError final : public std::runtime_error {
 struct Function {
     std::string name;
     std::size_t parameterCount = 1;
-    /// What it returns is a text or any other value ("true" for a condition). What it throws becomes the
-    /// reason of a TemplateError; std::bad_alloc stays what it is.
-    std::function<nlohmann::json(std::span<const std::string_view> arguments)> call;
+    /// It returns a text, or whether a condition holds. What it throws becomes the reason of a TemplateError;
+    /// std::bad_alloc stays what it is.
+    std::function<std::variant<std::string, bool>(std::span<const std::string_view> arguments)> call;
 };
 
 /// Templates in the language of inja, which include and extend one another by name.
@@ -58,8 +58,8 @@ struct Function {
 /// styles from html_styles.jinja, which the set must have, and what the page shows from the block "content".
 ///
 /// What it costs: a template is parsed when it is rendered for the first time, together with those that it
-/// names, and never again. Rendering copies neither templates nor the data as a whole. It copies what it
-/// prints; a loop copies its list, and each element for its turn; an include copies the variables of the
+/// names, and never again. Rendering copies no templates, but the data once. It copies what it prints; a
+/// loop copies its list, and each element for its turn; an include copies the variables of the
 /// loops around it, so what is included for each element of a long list should not stand in a loop around
 /// that list. What functions return is kept until the rendering ends, so texts that are needed in large
 /// numbers are better escaped where the data are made.
@@ -76,9 +76,9 @@ class TemplateSet {
     TemplateSet(const TemplateSet&) = delete;
     TemplateSet& operator=(const TemplateSet&) = delete;
 
-    /// The template of that name, filled with `data`. Throws TemplateError, with "Template not found: " and
-    /// the name when there is none.
-    [[nodiscard]] std::string render(std::string_view name, const nlohmann::json& data) const;
+    /// The template of that name, filled with `data`, an object, whose texts may hold any bytes. Throws
+    /// TemplateError, with "Template not found: " and the name when there is none.
+    [[nodiscard]] std::string render(std::string_view name, const jv::JV& data) const;
 
   private:
     class Engine;

@@ -1,25 +1,34 @@
+#include "jv/deser.h"
 #include "templating/template_set.h"
 
 #include <array>     // std::array
+#include <memory>    // std::unique_ptr
 #include <stdexcept> // std::runtime_error
 #include <string>    // std::string
 #include <vector>    // std::vector
 
 #include <gtest/gtest.h>
-#include <nlohmann/json.hpp>
 
 namespace specloom::templating {
 namespace {
 
+std::unique_ptr<jv::JVDocument> dataOf(std::string_view json) {
+    return jv::parseDocument(json, {.format = jv::DocumentFormat::Json, .refLoader = {}});
+}
+
+std::string render(const TemplateSet& set, std::string_view name, std::string_view json = "{}") {
+    return set.render(name, *dataOf(json)->root());
+}
+
 /// Of one template without a name.
-std::string render(std::string_view text, const nlohmann::json& data) {
+std::string render(std::string_view text, const jv::JV& data) {
     const std::array<EmbeddedFile, 1> table = {{{"", text}}};
     return TemplateSet({table}).render("", data);
 }
 
-std::string errorOf(const TemplateSet& set, std::string_view name, const nlohmann::json& data) {
+std::string errorOf(const TemplateSet& set, std::string_view name, std::string_view json) {
     try {
-        return "rendered: " + set.render(name, data);
+        return "rendered: " + render(set, name, json);
     } catch (const TemplateError& error) {
         return error.what();
     }
@@ -35,15 +44,17 @@ TEST(TemplateSet, rendersWhatStandsThere) {
         {"<{{ nasty }}>", "<{{ list }} {% endif %} {# \" & < \xff>"},
         {"a\r\n{% for x in list %}\r\n  - {{ x }}\r\n{% endfor %}\r\nb\r\n", "a\r\n  - 1\r\n  - 2\r\nb\r\n"},
         {"{% if 1 == 2 %}\n{% else %}\n  {# why #}\nyes\n{% endif %}", "yes\n"},
+        {"{{ values }}", R"([-1,1.5,true,null,{"a":[[]]}])"},
         {"## heading\n{ {{ list }} }\n# {{ list.0 }}", "## heading\n{ [1,2] }\n# 1"},
     };
-    const nlohmann::json data = {{"list", {1, 2}}, {"nasty", "{{ list }} {% endif %} {# \" & < \xff"}};
+    const auto data = dataOf(R"({"list": [1, 2], "values": [-1, 1.5, true, null, {"a": [[]]}]})");
+    data->root()->setString("nasty", "{{ list }} {% endif %} {# \" & < \xff");
     for (const Row& row : rows)
-        EXPECT_EQ(render(row.text, data), row.expected) << row.text;
+        EXPECT_EQ(render(row.text, *data->root()), row.expected) << row.text;
 }
 
 TEST(TemplateSet, offersFunctions) {
-    const nlohmann::json data = {{"text", "  pet_{\"'&"}, {"name", "XMLParser/pet_store"}};
+    const auto data = dataOf(R"({"text": "  pet_{\"'&", "name": "XMLParser/pet_store"})");
     const std::vector<std::array<std::string, 2>> rows = {
         {"{{ escapeHtml(text) }}", "  pet_&lcub;&quot;'&amp;"},
         {"{{ toJsonLiteral(text) }}", "\"  pet_{\\\"'&\""},
@@ -54,7 +65,7 @@ TEST(TemplateSet, offersFunctions) {
         {"{% if isString(trim(\" a\\n\")) %}{{ trim(\" a\\n\") }}.{% endif %}", "a."},
     };
     for (const auto& [text, expected] : rows)
-        EXPECT_EQ(render(text, data), expected) << text;
+        EXPECT_EQ(render(text, *data->root()), expected) << text;
 }
 
 /// Templates that use and fail one another.
@@ -77,18 +88,17 @@ const std::array<EmbeddedFile, 13> family = {{
 
 TEST(TemplateSet, includesAndExtendsByName) {
     const TemplateSet set({family});
-    const nlohmann::json data = {
-        {"title", "T"}, {"list", {{{"name", "a"}}, {{"name", "{{ title }}"}}}}, {"last", 1}};
-    const std::string page = set.render("report", data);
+    const char* data = R"({"title": "T", "list": [{"name": "a"}, {"name": "{{ title }}"}], "last": 1})";
+    const std::string page = render(set, "report", data);
     EXPECT_NE(page.find("<title>T</title>\r\n    <style>\r\n* { color: T; }    </style>"), std::string::npos)
         << page;
     EXPECT_NE(page.find("<body>\r\n- a\r\n- {{ title }}\r\n1\r\n"), std::string::npos) << page;
-    EXPECT_EQ(set.render("report", data), page);
+    EXPECT_EQ(render(set, "report", data), page);
 }
 
 TEST(TemplateSet, saysWhichTemplateFailedAndWhere) {
     const TemplateSet set({family});
-    const nlohmann::json data = {{"title", "T"}, {"list", {{{"name", "a"}}, {{"name", 1}}}}};
+    const char* data = R"({"title": "T", "list": [{"name": "a"}, {"name": 1}]})";
     const std::vector<std::array<std::string, 2>> rows = {
         {"nothing", "Template not found: nothing"},
         {"lost", "Template lost, line 2, column 13: Template not found: nothing"},
@@ -103,34 +113,32 @@ TEST(TemplateSet, saysWhichTemplateFailedAndWhere) {
     for (const auto& [name, text] : rows)
         for (const char* time : {"first", "second"})
             EXPECT_EQ(errorOf(set, name, data), text) << time;
-    EXPECT_EQ(errorOf(set, "report", {{"title", "T"}, {"list", {{{"nam", 1}}}}}),
+    EXPECT_EQ(errorOf(set, "report", R"({"title": "T", "list": [{"nam": 1}]})"),
               "Template parts/item, line 1, column 6: variable 'x.name' not found");
     EXPECT_EQ(errorOf(set, "literal", data).find("Template literal: [json.exception.parse_error"), 0u);
 }
 
 TEST(TemplateSet, takesFunctionsOfItsModule) {
     const TemplateSet* itself = nullptr;
-    const auto greet = [&](std::span<const std::string_view> names) -> nlohmann::json {
+    const auto greet = [&](std::span<const std::string_view> names) {
         if (names[0].empty())
-            return itself->render("parts/item", {{"x", {{"name", "y"}}}}) + itself->render("lost", {});
+            return render(*itself, "parts/item", R"({"x": {"name": "y"}})") + render(*itself, "lost");
         return std::string(names[0]).append("+").append(names[1]);
     };
-    const auto isShort = [](std::span<const std::string_view> texts) -> nlohmann::json {
-        return texts[0].size() < 3;
-    };
+    const auto isShort = [](std::span<const std::string_view> texts) { return texts[0].size() < 3; };
     const TemplateSet set({family}, {{"greet", 2, greet}, {"isShort", 1, isShort}});
     itself = &set;
-    EXPECT_EQ(set.render("own", {}), "a+b!");
-    EXPECT_EQ(errorOf(set, "failing", {{"x", {{"name", 1}}}}),
+    EXPECT_EQ(render(set, "own"), "a+b!");
+    EXPECT_EQ(errorOf(set, "failing", R"({"x": {"name": 1}})"),
               "Template lost, line 2, column 13: Template not found: nothing");
-    EXPECT_EQ(errorOf(set, "failing", {}),
+    EXPECT_EQ(errorOf(set, "failing", "{}"),
               "Template parts/item, line 1, column 6: variable 'x.name' not found");
 }
 
 TEST(TemplateSet, takesTheFirstOfTwoTemplatesWithOneName) {
     const std::array<EmbeddedFile, 1> first = {{{"html.jinja", "mine"}}};
     const std::array<EmbeddedFile, 1> second = {{{"html.jinja", "theirs"}}};
-    EXPECT_EQ(TemplateSet({first, second}).render("html.jinja", {}), "mine");
+    EXPECT_EQ(render(TemplateSet({first, second}), "html.jinja"), "mine");
 }
 
 } // namespace

@@ -3,7 +3,7 @@
 #include "foundation/utf8.h"
 #include "openapi_diff/formatters/changelog_value.h"
 #include "openapi_diff/formatters/utils.h"
-#include "reporting/data.h"
+#include "reporting/json.h"
 
 namespace specloom::openapi_diff {
 

@@ -8,34 +8,41 @@
 #include <ostream> // std::ostream
 #include <string>  // std::string
 
-#include <nlohmann/json.hpp>
-
 namespace specloom::openapi_diff {
 namespace {
 
-std::string render(std::string_view name, const nlohmann::json& data) {
+std::string render(std::string_view name, const jv::JV& data) {
     static const templating::TemplateSet templates({markdownTemplates()});
     return templates.render(name, data);
 }
 
-/// The changes of one level.
-nlohmann::json describeChanges(const DetailedReport& report, ChangeLevel level) {
-    nlohmann::json changes = nlohmann::json::array();
-    for (const Change& change : report.changes())
-        if (change.level == level)
-            changes.push_back(describeChange(change, reporting::markdownText));
-    return changes;
+std::string renderChanges(const DetailedReport& report, ChangeLevel level) {
+    const auto data = jv::JV::newObject();
+    data->setString("heading", changeLevelHeading(level));
+    setChanges(*data, report, reporting::markdownText, level);
+    return render("markdown_details.jinja", *data);
+}
+
+std::string renderNoChanges() {
+    const auto data = jv::JV::newObject();
+    data->setString("heading", changeLevelHeading(ChangeLevel::None));
+    data->setArray("changes");
+    return render("markdown_details.jinja", *data);
 }
 
 } // namespace
 
 void MarkdownStatusFormatter::write(const StatusReport& report) {
-    stream() << render("markdown_status.jinja",
-                       {{"level", describeLevel(report)}, {"counts", describeCounts(report)}});
+    const auto data = jv::JV::newObject();
+    setLevel(*data, report);
+    setCounts(*data, report);
+    stream() << render("markdown_status.jinja", *data);
 }
 
 void MarkdownChangelogFormatter::write(const ChangelogReport& report) {
-    stream() << render("markdown_changelog.jinja", changelogData(report, reporting::markdownText));
+    const auto data = jv::JV::newObject();
+    setChangelog(*data, report, reporting::markdownText);
+    stream() << render("markdown_changelog.jinja", *data);
 }
 
 void MarkdownDetailsFormatter::write(const DetailedReport& report) {
@@ -43,11 +50,9 @@ void MarkdownDetailsFormatter::write(const DetailedReport& report) {
     for (const ChangeLevel level :
          {ChangeLevel::Breaking, ChangeLevel::NonBreaking, ChangeLevel::NonFunctional})
         if (report.count(level) > 0)
-            stream() << render("markdown_details.jinja", {{"heading", changeLevelHeading(level)},
-                                                          {"changes", describeChanges(report, level)}});
+            stream() << renderChanges(report, level);
     if (report.level() == ChangeLevel::None)
-        stream() << render("markdown_details.jinja", {{"heading", changeLevelHeading(ChangeLevel::None)},
-                                                      {"changes", nlohmann::json::array()}});
+        stream() << renderNoChanges();
 }
 
 } // namespace specloom::openapi_diff

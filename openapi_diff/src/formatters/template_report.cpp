@@ -2,70 +2,71 @@
 
 #include "openapi_diff/formatters/changelog_value.h"
 #include "openapi_diff/formatters/utils.h"
-#include "reporting/data.h"
 #include "reporting/place.h"
-
-#include <utility> // std::move
-
-#include <nlohmann/json.hpp>
 
 namespace specloom::openapi_diff {
 namespace {
 
-using nlohmann::json;
-
-json changedFields(const ModifiedOperation& operation) {
-    json fields = json::array();
+void setChangedFields(jv::JV& metadata, const ModifiedOperation& operation) {
+    jv::JV* fields = metadata.setArray("fields");
     if (operation.summaryChanged)
-        fields.push_back("summary");
+        fields->appendString("summary");
     if (operation.descriptionChanged)
-        fields.push_back("description");
+        fields->appendString("description");
     if (operation.operationIdChanged)
-        fields.push_back("operation id");
-    return fields;
+        fields->appendString("operation id");
+}
+
+void describeChange(jv::JV& object, const Change& change, reporting::EscapeText escape) {
+    object.setString("severity", changeLevelText(change.level));
+    object.setInteger("line", reporting::printedLine(change.pos));
+    object.setInteger("column", reporting::printedColumn(change.pos));
+    object.setString("kind", changeKindText(change.kind));
+    object.setString("text", escape(changeText(change)));
 }
 
 } // namespace
 
-json describeCounts(const Report& report) {
-    const std::size_t none = report.count(ChangeLevel::None);
-    const std::size_t nonFunctional = report.count(ChangeLevel::NonFunctional);
-    const std::size_t nonBreaking = report.count(ChangeLevel::NonBreaking);
-    const std::size_t breaking = report.count(ChangeLevel::Breaking);
-    return {{"total", none + nonFunctional + nonBreaking + breaking},
-            {"none", none},
-            {"nonFunctional", nonFunctional},
-            {"nonBreaking", nonBreaking},
-            {"breaking", breaking}};
+void setCounts(jv::JV& data, const Report& report) {
+    const auto count = [&report](ChangeLevel level) {
+        return static_cast<std::int64_t>(report.count(level));
+    };
+    const std::int64_t none = count(ChangeLevel::None);
+    const std::int64_t nonFunctional = count(ChangeLevel::NonFunctional);
+    const std::int64_t nonBreaking = count(ChangeLevel::NonBreaking);
+    const std::int64_t breaking = count(ChangeLevel::Breaking);
+    jv::JV* counts = data.setObject("counts");
+    counts->setInteger("total", none + nonFunctional + nonBreaking + breaking);
+    counts->setInteger("none", none);
+    counts->setInteger("nonFunctional", nonFunctional);
+    counts->setInteger("nonBreaking", nonBreaking);
+    counts->setInteger("breaking", breaking);
 }
 
-json describeLevel(const Report& report) {
-    return {{"heading", changeLevelHeading(report.level())}, {"severity", changeLevelText(report.level())}};
+void setLevel(jv::JV& data, const Report& report) {
+    jv::JV* level = data.setObject("level");
+    level->setString("heading", changeLevelHeading(report.level()));
+    level->setString("severity", changeLevelText(report.level()));
 }
 
-json changelogData(const ChangelogReport& report, reporting::EscapeText escape) {
-    jv::JVDocument document;
-    describeChangelog(*document.makeRoot(jv::Kind::Object), report, escape);
-    json data = reporting::templateData(document);
-    json fields = json::array();
+void setChangelog(jv::JV& data, const ChangelogReport& report, reporting::EscapeText escape) {
+    describeChangelog(data, report, escape);
+    jv::JV* fields = data.get("metadata")->setArray("fields");
     for (const MetadataFieldName& name : metadataFieldNames(report))
-        fields.push_back(name.text);
-    data["metadata"]["fields"] = std::move(fields);
-    json& modified = data["modified"];
-    for (std::size_t index = 0; index < modified.size(); ++index) {
-        const ModifiedOperation& operation = report.modified()[index];
-        modified[index]["metadata"]["fields"] = changedFields(operation);
-        modified[index]["security"]["any"] = operation.securityChanged;
+        fields->appendString(name.text);
+    for (std::size_t index = 0; jv::JV * modified : data.get("modified")->elements()) {
+        const ModifiedOperation& operation = report.modified()[index++];
+        setChangedFields(*modified->get("metadata"), operation);
+        modified->get("security")->setBoolean("any", operation.securityChanged);
     }
-    return data;
 }
 
-json describeChange(const Change& change, reporting::EscapeText escape) {
-    return {{"severity", changeLevelText(change.level)},
-            {"line", reporting::printedLine(change.pos)},
-            {"column", reporting::printedColumn(change.pos)},
-            {"kind", changeKindText(change.kind)},
-            {"text", escape(changeText(change))}};
+void setChanges(jv::JV& data, const DetailedReport& report, reporting::EscapeText escape,
+                std::optional<ChangeLevel> level) {
+    jv::JV* changes = data.setArray("changes");
+    for (const Change& change : report.changes())
+        if (!level || change.level == *level)
+            describeChange(*changes->appendObject(), change, escape);
 }
 
 } // namespace specloom::openapi_diff

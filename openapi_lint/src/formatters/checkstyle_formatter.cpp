@@ -6,23 +6,22 @@
 
 #include <ostream> // std::ostream
 
-#include <nlohmann/json.hpp>
-
 namespace specloom::openapi_lint {
 namespace {
 
-nlohmann::json describeCheckstyleIssue(const LintResult& result) {
-    return {{"line", reporting::printedLine(result.pos())},
-            {"severity", severityName(result.severity)},
-            {"message", printable(result.message)},
-            {"ruleId", result.ruleId}};
+void describeCheckstyleIssue(jv::JV& issue, const LintResult& result) {
+    issue.setInteger("line", reporting::printedLine(result.pos()));
+    issue.setString("severity", severityName(result.severity));
+    issue.setString("message", printable(result.message));
+    issue.setString("ruleId", result.ruleId);
 }
 
 } // namespace
 
 void CheckstyleFormatter::format(const LintContext& context) {
-    stream() << renderReport("checkstyle.jinja",
-                             {{"files", describeFiles(context, printable, describeCheckstyleIssue)}});
+    const auto data = jv::JV::newObject();
+    setFiles(*data, context, printable, describeCheckstyleIssue);
+    stream() << renderReport("checkstyle.jinja", *data);
 }
 
 } // namespace specloom::openapi_lint

@@ -8,7 +8,6 @@
 #include <ostream> // std::ostream
 
 #include <fmt/format.h>
-#include <nlohmann/json.hpp>
 
 namespace specloom::openapi_lint {
 namespace {
@@ -18,24 +17,29 @@ std::string ruleDocUrl(std::string_view ruleId) {
     return fmt::format("{}/linter/rules/{}", documentationSite, ruleId);
 }
 
-nlohmann::json describeHtmlIssue(const LintResult& result) {
-    return {{"pos", reporting::printedPos(result.pos())},
-            {"severity", severityName(result.severity)},
-            {"message", reporting::htmlText(result.message)},
-            {"ruleId", reporting::htmlText(result.ruleId)},
-            {"ruleDocUrl", reporting::htmlText(ruleDocUrl(result.ruleId))}};
+void describeHtmlIssue(jv::JV& issue, const LintResult& result) {
+    issue.setString("pos", reporting::printedPos(result.pos()));
+    issue.setString("severity", severityName(result.severity));
+    issue.setString("message", reporting::htmlText(result.message));
+    issue.setString("ruleId", reporting::htmlText(result.ruleId));
+    issue.setString("ruleDocUrl", reporting::htmlText(ruleDocUrl(result.ruleId)));
+}
+
+void setCounts(jv::JV& data, const LintContext& context) {
+    jv::JV* counts = data.setObject("counts");
+    counts->setInteger("total", static_cast<std::int64_t>(context.results.size()));
+    counts->setInteger("errors", static_cast<std::int64_t>(context.errorCount));
+    counts->setInteger("warnings", static_cast<std::int64_t>(context.warningCount));
 }
 
 } // namespace
 
 void HTMLFormatter::format(const LintContext& context) {
-    stream() << renderReport("html_findings.jinja",
-                             {{"title", "Linter report"},
-                              {"counts",
-                               {{"total", context.results.size()},
-                                {"errors", context.errorCount},
-                                {"warnings", context.warningCount}}},
-                              {"files", describeFiles(context, reporting::htmlText, describeHtmlIssue)}});
+    const auto data = jv::JV::newObject();
+    data->setString("title", "Linter report");
+    setCounts(*data, context);
+    setFiles(*data, context, reporting::htmlText, describeHtmlIssue);
+    stream() << renderReport("html_findings.jinja", *data);
 }
 
 } // namespace specloom::openapi_lint

@@ -3,7 +3,7 @@
 #include "foundation/utf8.h"
 #include "openapi_lint/lint_context.h"
 #include "openapi_lint/result_value.h"
-#include "reporting/data.h"
+#include "reporting/json.h"
 
 namespace specloom::openapi_lint {
 

@@ -8,27 +8,27 @@
 #include <string>  // std::string
 
 #include <fmt/format.h>
-#include <nlohmann/json.hpp>
 
 namespace specloom::openapi_lint {
 namespace {
 
-nlohmann::json describeJUnitIssue(const LintResult& result) {
+void describeJUnitIssue(jv::JV& issue, const LintResult& result) {
     const std::string message = printable(result.message);
-    return {
-        {"name", fmt::format("specloom.{}", result.ruleId)},
-        {"ruleId", result.ruleId},
-        {"message", message},
-        {"description", fmt::format("line {}, col {}, {} - {}. ({})", reporting::printedLine(result.pos()),
-                                    reporting::printedColumn(result.pos()),
-                                    capitalizedSeverityName(result.severity), message, result.ruleId)}};
+    issue.setString("name", fmt::format("specloom.{}", result.ruleId));
+    issue.setString("ruleId", result.ruleId);
+    issue.setString("message", message);
+    issue.setString("description",
+                    fmt::format("line {}, col {}, {} - {}. ({})", reporting::printedLine(result.pos()),
+                                reporting::printedColumn(result.pos()),
+                                capitalizedSeverityName(result.severity), message, result.ruleId));
 }
 
 } // namespace
 
 void JUnitFormatter::format(const LintContext& context) {
-    stream() << renderReport("junit.jinja",
-                             {{"files", describeFiles(context, printable, describeJUnitIssue)}});
+    const auto data = jv::JV::newObject();
+    setFiles(*data, context, printable, describeJUnitIssue);
+    stream() << renderReport("junit.jinja", *data);
 }
 
 } // namespace specloom::openapi_lint

@@ -1,10 +1,8 @@
-#include "reporting/data.h"
+#include "reporting/json.h"
 
 #include "jv/json_writer.h"
 
 #include <ostream> // std::ostream
-
-#include <nlohmann/json.hpp>
 
 namespace specloom::reporting {
 
@@ -12,12 +10,6 @@ void writeJson(const jv::JVDocument& report, std::ostream& stream) {
     jv::JSONWriter writer;
     writer.write(report);
     stream << writer.output() << '\n';
-}
-
-nlohmann::json templateData(const jv::JVDocument& report) {
-    jv::JSONWriter writer;
-    writer.write(report);
-    return nlohmann::json::parse(writer.output());
 }
 
 } // namespace specloom::reporting
