@@ -4,6 +4,8 @@
 #     SOURCES src/jv.cpp ...
 #     HOT                             on the way from a text to the tree, where time counts: without the assertions
 #                                     of the standard library, and inlined as far as in sources on their own
+#     WARM                            near it: without those assertions too, but not optimised as far, which compiles a fifth
+#                                     sooner
 #     ONCE                            at work once in a run: optimised less, which compiles sooner
 #     USES number foundation          modules whose headers this one may include
 #     LIBRARIES PkgConfig::yaml       third-party libraries of its sources
@@ -44,7 +46,7 @@ function(specloom_unity target)
 endfunction()
 
 function(specloom_module name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "HOT;ONCE" "" "SOURCES;USES;LIBRARIES;PUBLIC_LIBRARIES")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "HOT;WARM;ONCE" "" "SOURCES;USES;LIBRARIES;PUBLIC_LIBRARIES")
   set(target specloom_${name})
   add_library(${target} STATIC ${arg_SOURCES})
   add_library(specloom::${name} ALIAS ${target})
@@ -53,13 +55,16 @@ function(specloom_module name)
   list(TRANSFORM arg_USES PREPEND specloom::)
   target_link_libraries(${target} PUBLIC ${arg_USES} ${arg_PUBLIC_LIBRARIES} PRIVATE ${arg_LIBRARIES})
   target_compile_options(${target} PRIVATE ${SPECLOOM_WARNINGS})
-  if(arg_HOT)
+  if(arg_HOT OR arg_WARM)
     # g++ inlines until a source has grown too much, beyond a size that is free and meant for one source.
     target_compile_options(${target} PRIVATE
       $<$<AND:$<BOOL:${SPECLOOM_UNITY}>,$<CXX_COMPILER_ID:GNU>>:--param=large-unit-insns=160000>)
-  else()
+  endif()
+  if(NOT arg_HOT)
     # Not CMake's -O3: it takes a fifth longer to compile and makes nothing but the hot modules faster.
     target_compile_options(${target} PRIVATE $<$<CONFIG:Release>:$<IF:$<BOOL:${arg_ONCE}>,-O1,-O2>>)
+  endif()
+  if(NOT arg_HOT AND NOT arg_WARM)
     target_compile_definitions(${target} PRIVATE $<$<BOOL:${SPECLOOM_LIBRARY_ASSERTIONS}>:_GLIBCXX_ASSERTIONS>)
   endif()
   specloom_unity(${target})

@@ -19,6 +19,11 @@ bool acts(char32_t codePoint) noexcept {
            codePoint == 0xFFFE || codePoint == 0xFFFF;
 }
 
+/// What stays as it is wherever it stands: most of nearly every text.
+bool isPlain(char byte) noexcept {
+    return byte >= 0x20 && byte < 0x7F && byte != '[';
+}
+
 void appendEscape(char32_t codePoint, std::string& text) {
     switch (codePoint) {
     case U'\n':
@@ -48,6 +53,10 @@ std::string printableUtf8(std::string_view text) {
     const char* plain = text.data(); // where what is not copied yet begins
     const char* const end = text.data() + text.size();
     for (const char* at = plain; at != end;) {
+        if (isPlain(*at)) {
+            ++at;
+            continue;
+        }
         const char* const begin = at;
         const auto codePoint = static_cast<char32_t>(utf8::unchecked::next(at));
         const bool isCommand =

@@ -10,6 +10,8 @@
 
 namespace specloom::openapi {
 
+// The keywords' own names, some of which are those of classes, are used in here only.
+namespace schema_reading {
 namespace {
 
 using enum SchemaKeyword;
@@ -341,11 +343,12 @@ struct SchemaRows<std::index_sequence<index...>> {
 constexpr ObjectReader<Schema, readMembers.size(), NodeType::Schema> schemaReader(SchemaRows<>().rows);
 
 } // namespace
+} // namespace schema_reading
 
 void readSchema(ReaderContext& context, Schema& schema, const jv::JV& value) {
     if (value.isObject()) {
         schema.reserve(value.size());
-        schemaReader.read(context, schema, value);
+        schema_reading::schemaReader.read(context, schema, value);
     } else if (value.isBoolean()) {
         schema.setSource(&value);
         if (!value.boolean())

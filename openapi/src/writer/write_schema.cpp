@@ -9,6 +9,8 @@
 
 namespace specloom::openapi {
 
+// Short names for what a row writes, which other sources of the module may use otherwise.
+namespace schema_writing {
 namespace {
 
 // ---- kinds of rows
@@ -199,9 +201,10 @@ constexpr auto schemaMembers = [] {
 }();
 
 } // namespace
+} // namespace schema_writing
 
 void writeMembers(ObjectWriter& out, const Schema& schema) {
-    for (const SchemaMember& member : schemaMembers) {
+    for (const schema_writing::SchemaMember& member : schema_writing::schemaMembers) {
         if (member.only31 && out.context().isVersion30)
             continue; // the keyword is kept in the tree, but OpenAPI 3.0 has no place for it
         if (!member.keyword)

@@ -15,6 +15,8 @@
 #include <utility>   // std::pair
 
 namespace specloom::openapi_diff {
+// Short names for what a row compares, which other sources of the module may use otherwise.
+namespace schema_rows {
 namespace {
 
 using openapi::Schema;
@@ -274,11 +276,13 @@ RowSet rowsAbout(const Schema* source, const Schema* destination) {
 }
 
 } // namespace
+} // namespace schema_rows
 
-void SchemaDiff::diff(const Schema* source, const Schema* destination, DiffContext& context) const {
+void SchemaDiff::diff(const openapi::Schema* source, const openapi::Schema* destination,
+                      DiffContext& context) const {
     context.mark(source, destination);
-    for (RowSet set = rowsAbout(source, destination); set != 0; set &= set - 1) {
-        const Row& row = rows[static_cast<std::size_t>(std::countr_zero(set))];
+    for (auto set = schema_rows::rowsAbout(source, destination); set != 0; set &= set - 1) {
+        const schema_rows::Row& row = schema_rows::rows[static_cast<std::size_t>(std::countr_zero(set))];
         row.compare(row, source, destination, context);
     }
     diffExtensions(source, destination, context);
