@@ -55,7 +55,8 @@ bool isAssertion(const Node& node) {
 /// Recursive descent: one round for each level of groups, which are limited.
 class Parser {
   public:
-    explicit Parser(std::string_view source) : source_(source) {}
+    /// Tells how the pattern is spelt, unless `spelling` is null.
+    Parser(std::string_view source, Spelling* spelling) : source_(source), spelling_(spelling) {}
 
     SyntaxTree parse() {
         tree_.root = disjunction(0);
@@ -89,11 +90,15 @@ class Parser {
         return character.codePoint;
     }
 
+    [[nodiscard]] std::uint32_t here() const { return static_cast<std::uint32_t>(position_); }
+
     Node disjunction(std::size_t depth) {
+        const std::uint32_t begin = here();
         Node first = alternative(depth);
         if (peek() != '|')
             return first;
-        Node alternation{.kind = Kind::Alternation, .zeroWidth = first.zeroWidth, .size = first.size};
+        Node alternation{
+            .kind = Kind::Alternation, .zeroWidth = first.zeroWidth, .size = first.size, .begin = begin};
         alternation.children.push_back(std::move(first));
         while (skip("|")) {
             Node other = alternative(depth);
@@ -101,11 +106,12 @@ class Parser {
             alternation.size = sum(alternation.size, other.size + 1ULL, position_);
             alternation.children.push_back(std::move(other));
         }
+        alternation.end = here();
         return alternation;
     }
 
     Node alternative(std::size_t depth) {
-        Node sequence;
+        Node sequence{.begin = here()};
         while (!atEnd() && peek() != '|' && peek() != ')') {
             const std::size_t begin = position_;
             Node part = term(depth);
@@ -116,18 +122,25 @@ class Parser {
         }
         if (sequence.children.size() == 1)
             return std::move(sequence.children.front());
+        sequence.end = here();
         return sequence;
     }
 
     Node term(std::size_t depth) {
+        const std::uint32_t begin = here();
         Node part = atom(depth);
+        part.begin = begin;
+        part.end = here();
         const std::size_t behind = position_;
         const std::optional<Quantifier> quantifier = quantifierBehind();
         if (!quantifier)
             return part;
         if (isAssertion(part))
             fail("Nothing to repeat", behind);
-        return repetition(std::move(part), *quantifier, behind);
+        Node result = repetition(std::move(part), *quantifier, behind);
+        result.begin = begin;
+        result.end = here();
+        return result;
     }
 
     static Node repetition(Node part, const Quantifier& quantifier, std::size_t offset) {
@@ -344,8 +357,11 @@ class Parser {
         const char letter = peek();
         if (isDigit(letter) || letter == 'k')
             return digitEscape(begin);
-        if (!isLetter(letter))
+        if (!isLetter(letter)) {
+            if (spelling_ != nullptr)
+                spelling_->escapes.push_back({static_cast<std::uint32_t>(begin), inClass_});
             return next(); // Flag "u" knows fewer of these; nothing else could be meant.
+        }
         ++position_;
         switch (letter) {
         case 'f':
@@ -419,12 +435,18 @@ class Parser {
         const std::size_t begin = position_;
         ++position_;
         const bool negated = skip("^");
+        if (spelling_ != nullptr)
+            spelling_->classes.push_back({static_cast<std::uint32_t>(begin), 0, negated});
         CharSet members;
+        inClass_ = true;
         while (!skip("]")) {
             if (atEnd())
                 fail("Unterminated character class", begin);
             classMember(members);
         }
+        inClass_ = false;
+        if (spelling_ != nullptr)
+            spelling_->classes.back().end = here();
         members.normalize();
         return set(negated ? members.complement() : members);
     }
@@ -435,25 +457,41 @@ class Parser {
         const std::optional<char32_t> first = classAtom(members);
         if (peek() != '-' || source_.substr(position_ + 1).starts_with(']')) {
             if (first)
-                members.add(*first, *first);
+                addRange(members, *first, *first, begin);
             return;
         }
+        const std::size_t hyphen = position_;
         ++position_;
         if (atEnd())
             return;
+        const std::size_t second = position_;
         const std::optional<char32_t> last = classAtom(members);
         if (first && last) {
             if (*first > *last)
                 fail("Range of a character class is out of order", begin);
-            members.add(*first, *last);
+            addRange(members, *first, *last, begin);
             return;
         }
         // A class such as \d quantifier no range: it, the hyphen and the other are members (Annex B.1.2.8).
-        members.add('-', '-');
+        addRange(members, '-', '-', hyphen, hyphen + 1);
         if (first)
-            members.add(*first, *first);
+            addRange(members, *first, *first, begin, hyphen);
         if (last)
-            members.add(*last, *last);
+            addRange(members, *last, *last, second);
+    }
+
+    /// What is spelt from `begin` to here.
+    void addRange(CharSet& members, char32_t first, char32_t last, std::size_t begin) {
+        addRange(members, first, last, begin, position_);
+    }
+    void addRange(CharSet& members, char32_t first, char32_t last, std::size_t begin, std::size_t end) {
+        members.add(first, last);
+        if (spelling_ != nullptr)
+            addEntry({static_cast<std::uint32_t>(begin), static_cast<std::uint32_t>(end), first, last});
+    }
+
+    void addEntry(Spelling::ClassEntry entry) {
+        spelling_->classes.back().entries.push_back(std::move(entry));
     }
 
     /// A character, or nothing when it was a class, which is then among the members.
@@ -468,6 +506,8 @@ class Parser {
         if (const std::optional<CharSet> escaped = classEscape(begin)) {
             count(escaped->ranges().size() / rangesOfPart, begin);
             members.add(*escaped);
+            if (spelling_ != nullptr)
+                addEntry({.begin = static_cast<std::uint32_t>(begin), .end = here(), .named = *escaped});
             return std::nullopt;
         }
         return characterEscape(begin);
@@ -506,7 +546,9 @@ class Parser {
     }
 
     std::string_view source_;
+    Spelling* spelling_;
     std::size_t position_ = 0;
+    bool inClass_ = false;
     std::uint32_t parts_ = 0;
     std::uint32_t lookarounds_ = 0;
     std::uint32_t lookaroundSize_ = 0;
@@ -519,7 +561,11 @@ class Parser {
 } // namespace
 
 SyntaxTree parse(std::string_view source) {
-    return Parser(source).parse();
+    return Parser(source, nullptr).parse();
+}
+
+SyntaxTree parse(std::string_view source, Spelling& spelling) {
+    return Parser(source, &spelling).parse();
 }
 
 } // namespace specloom::regex

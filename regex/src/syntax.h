@@ -50,6 +50,9 @@ struct Node {
     std::uint32_t max = 0; ///< at least `min`, or unbounded
     /// Instructions that it is compiled to, without those of the bodies of lookarounds.
     std::uint32_t size = 0;
+    /// Of its text in the pattern, in bytes from 0; `end` is behind it. A repetition's holds its quantifier.
+    std::uint32_t begin = 0;
+    std::uint32_t end = 0;
     std::vector<Node> children{};
 };
 
@@ -61,7 +64,37 @@ struct SyntaxTree {
     std::vector<std::string> groupNames;
 };
 
+/// How a pattern is spelt where its tree only says what is meant. All lists are in the order of the pattern, and
+/// all offsets count bytes from 0; an `end` is behind the text.
+struct Spelling {
+    /// A member of a class: a character, a range, or a class such as \d.
+    struct ClassEntry {
+        std::uint32_t begin;
+        std::uint32_t end;
+        char32_t first = 0; ///< of a character or range
+        char32_t last = 0;
+        CharSet named{}; ///< of an escape for a class; empty for a character or range
+    };
+    /// A text in brackets.
+    struct Class {
+        std::uint32_t begin;
+        std::uint32_t end;
+        bool negated;
+        std::vector<ClassEntry> entries{};
+    };
+    /// A backslash in front of a character that is no letter and no digit.
+    struct IdentityEscape {
+        std::uint32_t begin;
+        bool inClass;
+    };
+    std::vector<Class> classes{};
+    std::vector<IdentityEscape> escapes{};
+};
+
 /// Reads a pattern as Pattern describes it. Takes UTF-8. Throws SyntaxError.
 [[nodiscard]] SyntaxTree parse(std::string_view source);
+
+/// The same, and tells how it is spelt.
+[[nodiscard]] SyntaxTree parse(std::string_view source, Spelling& spelling);
 
 } // namespace specloom::regex

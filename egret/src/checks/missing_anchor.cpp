@@ -1,0 +1,107 @@
+#include "egret/checks/missing_anchor.h"
+
+#include "egret/analysis/anchors.h"
+#include "egret/analysis/tree.h"
+#include "egret/checks/delimiters.h"
+#include "egret/checks/matches_everything.h"
+#include "foundation/ascii.h"
+
+#include <algorithm> // std::max, std::ranges::all_of
+#include <string>    // std::string
+
+namespace specloom::egret::checks {
+
+namespace {
+
+using Kind = regex::Node::Kind;
+
+/// How plain it is, from an end of a pattern that is not anchored, that a whole text was meant.
+enum class Evidence {
+    None,
+    Weak,   ///< a repeat whose further rounds have no effect there: "[a-z]+"
+    Strong, ///< an upper bound that has none: "[a-z]{2,5}"
+};
+
+Evidence evidenceOf(const regex::Node& repetition, const regex::SyntaxTree& tree) {
+    const regex::Node& repeated = repeatedIn(repetition);
+    const bool wide = isWide(repeated, tree);
+    if (repetition.max != regex::unbounded) {
+        const bool counts = repetition.max > std::max(repetition.min, 1U);
+        return counts || (repetition.max > 1 && !wide) ? Evidence::Strong : Evidence::None;
+    }
+    const bool classes = isNarrow(repeated, tree) || (repeated.kind == Kind::Sequence && repetition.min <= 1);
+    return classes && repetition.min <= 1 ? Evidence::Weak : Evidence::None;
+}
+
+/// Looks from the end on as far as there are classes, which a literal character closes off: in "^/[a-z]+/" and
+/// "^[a-m]" a part is meant.
+Evidence evidenceAt(const regex::Node& alternative, Side side, const regex::SyntaxTree& tree) {
+    const std::span<const regex::Node> parts = partsOf(alternative);
+    Evidence found = Evidence::None;
+    for (std::size_t i = 0; i < parts.size(); ++i) {
+        const regex::Node& part = withoutGroups(side == Side::Start ? parts[i] : parts[parts.size() - 1 - i]);
+        if (part.kind == Kind::Repetition)
+            found = std::max(found, evidenceOf(part, tree));
+        else if (part.kind != Kind::Class)
+            break;
+        if (isWide(repeatedIn(part), tree))
+            break;
+    }
+    return found;
+}
+
+class MissingAnchors {
+  public:
+    MissingAnchors(const Subject& subject, Findings& findings) : subject_(subject), findings_(findings) {}
+
+    void visit(const regex::Node& root) {
+        const regex::Node& inner = withoutGroups(root);
+        if (isListOfWords(inner))
+            findings_.add(inner.begin, "The pattern finds its words anywhere in a text: '^(' and ')$' around it "
+                                       "would hold the whole text");
+        else
+            for (const regex::Node& alternative : alternativesOf(inner))
+                visitAlternative(alternative);
+    }
+
+  private:
+    static bool isListOfWords(const regex::Node& node) {
+        return node.kind == Kind::Alternation && std::ranges::all_of(node.children, [](const regex::Node& child) {
+                   const std::string text = literalOf(child);
+                   return text.size() > 1 && std::ranges::all_of(text, [](char c) {
+                              return ascii::isAlphanumeric(c) || c == '_' || c == '-';
+                          });
+               });
+    }
+
+    void visitAlternative(const regex::Node& alternative) {
+        const bool start = isAnchored(alternative, Side::Start);
+        const bool end = isAnchored(alternative, Side::End);
+        const Evidence atFront = start ? Evidence::None : evidenceAt(alternative, Side::Start, subject_.tree);
+        const Evidence atBack = end ? Evidence::None : evidenceAt(alternative, Side::End, subject_.tree);
+        if (start || end) {
+            if (std::max(atFront, atBack) != Evidence::None)
+                report(alternative, start ? "it begins with '^' and lacks '$'" : "it ends with '$' and lacks '^'");
+        } else if (std::max(atFront, atBack) == Evidence::Strong ||
+                   (atFront == Evidence::Weak && atBack == Evidence::Weak)) {
+            report(alternative, "it lacks '^' and '$'");
+        }
+    }
+
+    void report(const regex::Node& alternative, const std::string& lack) {
+        findings_.add(alternative.begin,
+                      quoted(subject_.textOf(alternative)) + " is not held to the whole text: " + lack);
+    }
+
+    const Subject& subject_;
+    Findings& findings_;
+};
+
+} // namespace
+
+void findMissingAnchor(const Subject& subject, Findings& findings) {
+    if (!splitAnchors(subject.tree.root) && !hasDelimiters(subject.source) && !isWithoutEffect(subject))
+        MissingAnchors(subject, findings).visit(subject.tree.root);
+}
+
+} // namespace specloom::egret::checks

@@ -1,0 +1,1 @@
+#include "egret/check.h"
