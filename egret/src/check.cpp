@@ -77,7 +77,8 @@ constexpr Registry checkRegistry(checkTable);
 std::vector<Warning> check(std::string_view pattern, const PatternUse& use) {
     regex::Spelling spelling;
     const regex::SyntaxTree tree = regex::parse(pattern, spelling);
-    const checks::Subject subject{pattern, tree, spelling, use};
+    const checks::ShortestLengths shortest(tree.root);
+    const checks::Subject subject{pattern, tree, spelling, use, shortest};
     std::vector<Warning> warnings;
     for (const Check& row : checkTable) {
         checks::Findings findings;

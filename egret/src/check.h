@@ -24,8 +24,8 @@ struct Warning {
     std::size_t offset;  ///< of the byte in the pattern where it begins, from 0
 };
 
-/// The likely mistakes of a pattern in the order of their places, a few for each check. What they cost is bounded
-/// whatever the pattern. Takes UTF-8. Throws regex::SyntaxError.
+/// The likely mistakes of a pattern in the order of their places, a few for each check. What they cost is
+/// bounded whatever the pattern. Takes UTF-8. Throws regex::SyntaxError.
 [[nodiscard]] std::vector<Warning> check(std::string_view pattern, const PatternUse& use = {});
 
 /// The ids of all checks, in byte-wise order.

@@ -64,8 +64,8 @@ struct SyntaxTree {
     std::vector<std::string> groupNames;
 };
 
-/// How a pattern is spelt where its tree only says what is meant. All lists are in the order of the pattern, and
-/// all offsets count bytes from 0; an `end` is behind the text.
+/// How a pattern is spelt where its tree only says what is meant. All lists are in the order of the pattern,
+/// and all offsets count bytes from 0; an `end` is behind the text.
 struct Spelling {
     /// A member of a class: a character, a range, or a class such as \d.
     struct ClassEntry {

@@ -97,6 +97,44 @@ TEST(Syntax, tellsAllOfAPattern) {
     }
 }
 
+/// The texts of a node and of all below it.
+void collectTexts(const std::string& source, const Node& node, std::string& texts) {
+    texts += source.substr(node.begin, node.end - node.begin) + '\n';
+    for (const Node& child : node.children)
+        collectTexts(source, child, texts);
+}
+
+TEST(Syntax, tellsWhereNodesStand) {
+    const std::string source = "^(é|[^a]{2}?c|)x*(?=\\d)$";
+    std::string texts;
+    collectTexts(source, parse(source).root, texts);
+    EXPECT_EQ(
+        texts,
+        "^(é|[^a]{2}?c|)x*(?=\\d)$\n^\n(é|[^a]{2}?c|)\né|[^a]{2}?c|\né\n[^a]{2}?c\n[^a]{2}?\n[^a]\nc\n\n"
+        "x*\nx\n(?=\\d)\n\\d\n$\n");
+}
+
+TEST(Syntax, tellsHowClassesAndEscapesAreSpelt) {
+    const std::string source = "\\.[^a-z\\d\\-][\\w-.\\x41-][]\\/";
+    Spelling spelling;
+    const SyntaxTree tree = parse(source, spelling);
+    EXPECT_EQ(Printer(tree).print(tree.root), Printer(tree).print(parse(source).root));
+    std::string texts;
+    for (const Spelling::Class& members : spelling.classes) {
+        texts += source.substr(members.begin, members.end - members.begin) + (members.negated ? "!" : "");
+        for (const Spelling::ClassEntry& entry : members.entries)
+            texts += ' ' + source.substr(entry.begin, entry.end - entry.begin) + '=' + number(entry.first) +
+                     '-' + number(entry.last) + '+' + std::to_string(entry.named.ranges().size());
+        texts += '\n';
+    }
+    EXPECT_EQ(texts, "[^a-z\\d\\-]! a-z=a-z+0 \\d=0-0+1 \\-=---+0\n"
+                     "[\\w-.\\x41-] \\w=0-0+4 -=---+0 .=.-.+0 \\x41=A-A+0 -=---+0\n[]\n");
+    texts.clear();
+    for (const Spelling::IdentityEscape& escape : spelling.escapes)
+        texts += source.substr(escape.begin, 2) + (escape.inClass ? "in " : " ");
+    EXPECT_EQ(texts, "\\. \\-in \\/ ");
+}
+
 TEST(Syntax, isAsDeepAsItSays) {
     std::string source = "b";
     for (std::size_t i = 0; i < maxNesting; ++i)

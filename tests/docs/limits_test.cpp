@@ -1,6 +1,7 @@
 // Holds the table of limits in docs/security.md to the constants of the program, both ways.
 
 #include "code_morph/generated_path.h"
+#include "egret/analysis/budget.h"
 #include "foundation/input_file.h"
 #include "foundation/message.h"
 #include "jv/yaml_reader.h"
@@ -35,6 +36,7 @@ using Limits = std::map<std::string, std::uint64_t>;
 const Limits declared = {
     {"code_morph/src/generated_path.h longestFileName", code_morph::base::longestFileName},
     {"code_morph/src/generated_path.h longestFilePath", code_morph::base::longestFilePath},
+    {"egret/src/analysis/budget.h mostCheckSteps", egret::checks::mostCheckSteps},
     {"foundation/src/input_file.h largestInput", largestInput},
     {"foundation/src/message.h longestMessageArgument", longestMessageArgument},
     {"jv/src/yaml_reader.h deepestYaml", jv::deepestYaml},

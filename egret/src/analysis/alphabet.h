@@ -10,9 +10,9 @@
 
 namespace specloom::egret::checks {
 
-/// The characters of one or several patterns as far as the patterns tell them apart, so that their automata can
-/// be walked together. What stands at one place of a pattern, a character or a class, is a label: a set of
-/// such classes of characters.
+/// The characters of one or several patterns as far as the patterns tell them apart, so that their automata
+/// can be walked together. What stands at one place of a pattern, a character or a class, is a label: a set
+/// of such classes of characters.
 class Alphabet {
   public:
     using Label = std::uint32_t;

@@ -81,9 +81,8 @@ class SquaredAutomaton {
 
     void begin(std::uint32_t a, std::uint32_t b, std::vector<Visit>& visits) {
         Visit visit{.pair = add(a, b), .successors = {}};
-        forEachSuccessor(a, b, [&](std::uint32_t c, std::uint32_t d, bool) {
-            visit.successors.push_back(keyOf(c, d));
-        });
+        forEachSuccessor(
+            a, b, [&](std::uint32_t c, std::uint32_t d, bool) { visit.successors.push_back(keyOf(c, d)); });
         visits.push_back(std::move(visit));
     }
 

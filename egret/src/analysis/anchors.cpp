@@ -28,8 +28,8 @@ std::span<const regex::Node> withoutAnchors(const regex::Node& node) {
 }
 
 bool isEqual(const regex::Node& a, const regex::Node& b) {
-    return a.kind == b.kind && a.negated == b.negated && a.value == b.value && a.min == b.min && a.max == b.max &&
-           std::ranges::equal(a.children, b.children, isEqual);
+    return a.kind == b.kind && a.negated == b.negated && a.value == b.value && a.min == b.min &&
+           a.max == b.max && std::ranges::equal(a.children, b.children, isEqual);
 }
 
 /// Whether it is a name as it stands in lists of names: "json", ".json", "en-US".
@@ -77,9 +77,10 @@ std::optional<SplitAnchors> splitAnchors(const regex::Node& root) {
         return [side](const regex::Node& alternative) { return isAnchored(alternative, side); };
     };
     SplitAnchors result{hasAnchor(front, Side::Start), hasAnchor(back, Side::End)};
-    const bool onlyThere = !isAnchored(front, Side::End) && !isAnchored(back, Side::Start) &&
-                           std::ranges::none_of(alternatives.subspan(1), anchored(Side::Start)) &&
-                           std::ranges::none_of(alternatives.first(alternatives.size() - 1), anchored(Side::End));
+    const bool onlyThere =
+        !isAnchored(front, Side::End) && !isAnchored(back, Side::Start) &&
+        std::ranges::none_of(alternatives.subspan(1), anchored(Side::Start)) &&
+        std::ranges::none_of(alternatives.first(alternatives.size() - 1), anchored(Side::End));
     const bool something = !withoutAnchors(front).empty() && !withoutAnchors(back).empty();
     if (!onlyThere || !something || (!result.start && !result.end))
         return std::nullopt;

@@ -15,8 +15,8 @@ enum class Side { Start, End };
 /// Whether the anchor itself stands first, or last, for certain: "^" or "$".
 [[nodiscard]] bool hasAnchor(const regex::Node& node, Side side);
 
-/// The alternatives of a pattern that is an alternation, perhaps in parentheses, of which "^" and "$" seem to be
-/// meant for all, and hold for the first and the last one alone: "^a|b$".
+/// The alternatives of a pattern that is an alternation, perhaps in parentheses, of which "^" and "$" seem to
+/// be meant for all, and hold for the first and the last one alone: "^a|b$".
 struct SplitAnchors {
     bool start; ///< "^" is there
     bool end;   ///< "$" is there

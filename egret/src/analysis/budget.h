@@ -5,9 +5,9 @@
 
 namespace specloom::egret::checks {
 
-/// What one check may spend on one pattern: edges of automata that it makes or follows. A check that would need
-/// more says nothing, so that its time is bounded whatever the pattern.
-inline constexpr std::uint64_t mostCheckSteps = 2'000'000;
+/// What one check may spend on one pattern: edges of automata that it makes or follows. A check that would
+/// need more says nothing, so that its time is bounded whatever the pattern.
+inline constexpr std::uint64_t mostCheckSteps = 100'000;
 
 /// Ends a check that has spent its budget.
 class BudgetSpent final : public std::exception {

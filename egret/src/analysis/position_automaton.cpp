@@ -160,8 +160,7 @@ class Builder {
                 continue;
             budget_.spend(ways.size());
             for (const Way& way : ways)
-                result.push_back(
-                    {way.position, way.atEdge || kind == edge, way.several || empty[kind] > 1});
+                result.push_back({way.position, way.atEdge || kind == edge, way.several || empty[kind] > 1});
         }
         return result;
     }

@@ -15,8 +15,9 @@ struct Restriction {
 };
 
 /// The automaton of an expression that has a state for each place of a character (the construction of
-/// Glushkov), counted repeats written out. It takes the ways that a backtracking engine tries (ECMA-262, section
-/// 22.2.2.3.1: no further round of a repeat is empty), and knows where there are several for the same step.
+/// Glushkov), counted repeats written out. It takes the ways that a backtracking engine tries (ECMA-262,
+/// section 22.2.2.3.1: no further round of a repeat is empty), and knows where there are several for the same
+/// step.
 struct PositionAutomaton {
     /// A way into a place or out of one.
     struct Way {
@@ -28,8 +29,8 @@ struct PositionAutomaton {
         std::uint32_t to;
         bool several;
     };
-    /// Ways to match no characters, 2 for more: without conditions, only at the beginning of the text, only at
-    /// its end, only in the empty text.
+    /// Ways to match no characters, 2 for more: without conditions, only at the beginning of the text, only
+    /// at its end, only in the empty text.
     using EmptyWays = std::array<std::uint8_t, 4>;
 
     std::vector<Alphabet::Label> labels{}; ///< of the places

@@ -96,7 +96,7 @@ std::vector<State> statesBehind(const TextAutomaton& automaton, const std::vecto
     for (const State state : states) {
         budget.spend(automaton.edgesOf(state).size() + 1);
         for (const Edge& edge : automaton.edgesOf(state)) {
-            if (rounds[edge.to] == round || !automaton.alphabet().meet(edge.label, edge.label))
+            if (rounds[edge.to] == round)
                 continue;
             rounds[edge.to] = round;
             behind.push_back(edge.to);
@@ -126,6 +126,7 @@ TextAutomaton::TextAutomaton(const Alphabet& alphabet, const PositionAutomaton& 
     if (anywhere)
         edges_[searching].push_back({found(), any});
     addPlaces(positions, budget);
+    dropDeadEnds(budget);
 }
 
 void TextAutomaton::addPlaces(const PositionAutomaton& positions, Budget& budget) {
@@ -147,8 +148,36 @@ void TextAutomaton::addPlaces(const PositionAutomaton& positions, Budget& budget
     }
 }
 
-bool matchesAnything(const TextAutomaton& automaton, Budget& budget) {
-    return haveCommonText(automaton, automaton, budget);
+/// Leaves out the edges to states from which no match can be reached any more.
+void TextAutomaton::dropDeadEnds(Budget& budget) {
+    std::vector<std::vector<State>> sources(edges_.size());
+    std::vector<State> waiting;
+    for (State state = 0; state < edges_.size(); ++state) {
+        budget.spend(edges_[state].size() + 1);
+        for (const Edge& edge : edges_[state])
+            if (alphabet_.meet(edge.label, edge.label))
+                sources[edge.to].push_back(state);
+        if (accepts_[state])
+            waiting.push_back(state);
+    }
+    std::vector<bool> useful(accepts_);
+    while (!waiting.empty()) {
+        const State state = waiting.back();
+        waiting.pop_back();
+        for (const State source : sources[state])
+            if (!useful[source]) {
+                useful[source] = true;
+                waiting.push_back(source);
+            }
+    }
+    for (std::vector<Edge>& edges : edges_)
+        std::erase_if(edges, [&](const Edge& edge) {
+            return !useful[edge.to] || !alphabet_.meet(edge.label, edge.label);
+        });
+}
+
+bool matchesAnything(const TextAutomaton& automaton) {
+    return automaton.accepts(TextAutomaton::start()) || !automaton.edgesOf(TextAutomaton::start()).empty();
 }
 
 bool haveCommonText(const TextAutomaton& a, const TextAutomaton& b, Budget& budget) {

@@ -8,8 +8,8 @@
 
 namespace specloom::egret::checks {
 
-/// An automaton for the texts in which a search with an expression finds something: for whole texts, whether or
-/// not the expression is anchored. It matches too much where `exact` is false.
+/// An automaton for the texts in which a search with an expression finds something: for whole texts, whether
+/// or not the expression is anchored. It matches too much where `exact` is false.
 class TextAutomaton {
   public:
     using State = std::uint32_t;
@@ -28,6 +28,7 @@ class TextAutomaton {
     [[nodiscard]] static State start() noexcept { return 0; }
     /// Something was found: whatever follows, the text is matched.
     [[nodiscard]] static State found() noexcept { return 1; }
+    /// Each leads to where a match can still be reached.
     [[nodiscard]] const std::vector<Edge>& edgesOf(State state) const noexcept { return edges_[state]; }
     /// Whether a text that ends here is matched.
     [[nodiscard]] bool accepts(State state) const noexcept { return accepts_[state]; }
@@ -35,6 +36,7 @@ class TextAutomaton {
 
   private:
     void addPlaces(const PositionAutomaton& positions, Budget& budget);
+    void dropDeadEnds(Budget& budget);
 
     const Alphabet& alphabet_;
     std::vector<std::vector<Edge>> edges_;
@@ -42,10 +44,10 @@ class TextAutomaton {
     bool exact_;
 };
 
-// All throw BudgetSpent.
-
 /// Whether any text is matched.
-[[nodiscard]] bool matchesAnything(const TextAutomaton& automaton, Budget& budget);
+[[nodiscard]] bool matchesAnything(const TextAutomaton& automaton);
+
+// The following throw BudgetSpent.
 
 /// Whether any text is matched by both, which have one alphabet.
 [[nodiscard]] bool haveCommonText(const TextAutomaton& a, const TextAutomaton& b, Budget& budget);

@@ -16,8 +16,9 @@ bool isClassAlternation(const Subject& subject, const regex::Spelling::Class& me
 void findClassAlternation(const Subject& subject, Findings& findings) {
     for (const regex::Spelling::Class& members : subject.spelling.classes)
         if (isClassAlternation(subject, members))
-            findings.add(members.begin, "The class " + quoted(subject.textOf(members)) +
-                                            " takes one character, '|' among them: alternatives stand in parentheses");
+            findings.add(members.begin,
+                         "The class " + quoted(subject.textOf(members)) +
+                             " takes one character, '|' among them: alternatives stand in parentheses");
 }
 
 } // namespace specloom::egret::checks

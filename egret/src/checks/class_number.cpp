@@ -11,19 +11,26 @@ bool isDigitEntry(const regex::Spelling::ClassEntry& entry) {
     return !isNamed(entry) && ascii::isDigit(entry.first) && ascii::isDigit(entry.last);
 }
 
-/// Whether nobody who meant digits would write one behind the other so: "1-12", "0-255", but not "0-35-9".
-bool isNumberSpelt(const regex::Spelling::ClassEntry& left, const regex::Spelling::ClassEntry& right) {
-    const bool adjoining = left.end == right.begin && isDigitEntry(left) && isDigitEntry(right);
-    return adjoining && (isRange(left) || isRange(right)) &&
-           (right.first <= left.last + 1 || (isRange(left) && left.first == left.last));
+/// Whether nobody who meant digits would write one behind the other so: "1-12", "0-23", but not "0-35-9".
+bool isOutOfOrder(const regex::Spelling::ClassEntry& left, const regex::Spelling::ClassEntry& right) {
+    if (!isRange(left) && !isRange(right))
+        return right.first <= left.last;
+    return right.first <= left.last + 1 || (isRange(left) && left.first == left.last);
 }
 
 } // namespace
 
 bool hasNumbers(const regex::Spelling::Class& members) {
-    for (std::size_t i = 1; i < members.entries.size(); ++i)
-        if (isNumberSpelt(members.entries[i - 1], members.entries[i]))
+    bool ranges = false;
+    bool outOfOrder = false;
+    for (std::size_t i = 0; i < members.entries.size(); ++i) {
+        const regex::Spelling::ClassEntry& entry = members.entries[i];
+        const bool adjoins = i > 0 && isDigitEntry(members.entries[i - 1]) && isDigitEntry(entry);
+        ranges = (adjoins && ranges) || isRange(entry);
+        outOfOrder = adjoins && (outOfOrder || isOutOfOrder(members.entries[i - 1], entry));
+        if (ranges && outOfOrder)
             return true;
+    }
     return false;
 }
 

@@ -63,9 +63,10 @@ void findClassOverlap(const Subject& subject, Findings& findings) {
         const regex::Spelling::ClassEntry& second = members.entries[overlap->second];
         const std::string one = quoted(subject.textOf(members.entries[overlap->first]));
         const std::string other = quoted(subject.textOf(second));
-        findings.add(second.begin, one == other ? one + " stands twice in the class " + quoted(subject.textOf(members))
-                                                : one + " and " + other + " overlap in the class " +
-                                                      quoted(subject.textOf(members)));
+        findings.add(second.begin, one == other
+                                       ? one + " stands twice in the class " + quoted(subject.textOf(members))
+                                       : one + " and " + other + " overlap in the class " +
+                                             quoted(subject.textOf(members)));
     }
 }
 

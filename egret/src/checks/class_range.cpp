@@ -25,7 +25,8 @@ bool isAlphanumericKind(CharacterKind kind) {
     return kind == CharacterKind::Digit || kind == CharacterKind::Upper || kind == CharacterKind::Lower;
 }
 
-/// Ranges such as "!-/" and "^-~" are cut out of ASCII on purpose: they begin or end where a block of it does.
+/// Ranges such as "!-/" and "^-~" are cut out of ASCII on purpose: they begin or end where a block of it
+/// does.
 bool isBlockOfAscii(char32_t first, char32_t last) {
     constexpr std::string_view firstOfBlocks = "!#:[^{";
     constexpr std::string_view lastOfBlocks = "/@`~";
@@ -54,7 +55,8 @@ void findClassRange(const Subject& subject, Findings& findings) {
             if (text.size() != 3 || isNamed(entry) || !isSlipOfRange(entry))
                 continue;
             findings.add(entry.begin, "The range " + quoted(text) + " in the class " +
-                                          quoted(subject.textOf(members)) + " takes characters of other kinds too");
+                                          quoted(subject.textOf(members)) +
+                                          " takes characters of other kinds too");
         }
 }
 

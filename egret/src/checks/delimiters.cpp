@@ -18,8 +18,9 @@ bool hasDelimiters(std::string_view source) {
 
 void findDelimiters(const Subject& subject, Findings& findings) {
     if (hasDelimiters(subject.source))
-        findings.add(0, "The slashes around the pattern, and what follows them, are part of it: a pattern has no "
-                        "delimiters and no flags");
+        findings.add(
+            0, "The slashes around the pattern, and what follows them, are part of it: a pattern has no "
+               "delimiters and no flags");
 }
 
 } // namespace specloom::egret::checks

@@ -11,8 +11,8 @@ namespace {
 
 using Kind = regex::Node::Kind;
 
-/// The alternation that is all of an anchored pattern, as in "^(|a|b)$": the empty text is meant there. Null for
-/// none.
+/// The alternation that is all of an anchored pattern, as in "^(|a|b)$": the empty text is meant there. Null
+/// for none.
 const regex::Node* wholeAlternation(const regex::Node& root) {
     const std::span<const regex::Node> parts = partsOf(root);
     if (parts.size() != 3 || parts.front().kind != Kind::TextStart || parts.back().kind != Kind::TextEnd)

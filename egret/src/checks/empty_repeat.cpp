@@ -5,16 +5,16 @@
 namespace specloom::egret::checks {
 
 void findEmptyRepeat(const Subject& subject, Findings& findings) {
-    const ShortestLengths shortest(subject.tree.root);
     forEachNode(subject.tree.root, [&](const regex::Node& node) {
         if (node.kind != regex::Node::Kind::Repetition)
             return;
         const regex::Node& body = node.children.front();
         if (node.max == 0)
-            findings.add(node.begin, quoted(subject.textOf(node)) + " is repeated 0 times: it stands for nothing");
+            findings.add(node.begin,
+                         quoted(subject.textOf(node)) + " is repeated 0 times: it stands for nothing");
         else if (body.zeroWidth && node.max > 1)
             findings.add(node.begin, quoted(subject.textOf(node)) + " repeats what has no characters");
-        else if (node.max == regex::unbounded && shortest.of(body) == 0)
+        else if (node.max == regex::unbounded && subject.shortest.of(body) == 0)
             findings.add(node.begin, quoted(subject.textOf(node)) + " repeats what may be empty");
     });
 }

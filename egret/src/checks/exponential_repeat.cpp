@@ -12,11 +12,10 @@ using Kind = regex::Node::Kind;
 class ExponentialRepeats {
   public:
     ExponentialRepeats(const Subject& subject, Findings& findings)
-        : subject_(subject), findings_(findings), trees_{&subject.tree}, alphabet_(trees_, budget_),
-          shortest_(subject.tree.root) {}
+        : subject_(subject), findings_(findings), trees_{&subject.tree}, alphabet_(trees_, budget_) {}
 
-    /// Says whether it has found something below the node. `free` is whether the match may end behind the node
-    /// whatever follows there: then nothing makes an engine go back.
+    /// Says whether it has found something below the node. `free` is whether the match may end behind the
+    /// node whatever follows there: then nothing makes an engine go back.
     bool visit(const regex::Node& node, bool free) {
         switch (node.kind) {
         case Kind::Sequence:
@@ -44,7 +43,7 @@ class ExponentialRepeats {
         for (std::size_t i = node.children.size(); i-- > 0;) {
             const regex::Node& child = node.children[i];
             found = visit(child, free) || found;
-            free = free && !child.zeroWidth && shortest_.of(child) == 0;
+            free = free && !child.zeroWidth && subject_.shortest.of(child) == 0;
         }
         return found;
     }
@@ -59,9 +58,10 @@ class ExponentialRepeats {
         // What assertions in it forbid is not known.
         if (!automaton.exact || !isExponentiallyAmbiguous(automaton, alphabet_, budget_))
             return false;
-        findings_.add(node.begin, "The rounds of " + quoted(subject_.textOf(node)) +
-                                      " can read one text in several ways: engines that go back take exponential "
-                                      "time on some texts");
+        findings_.add(node.begin,
+                      "The rounds of " + quoted(subject_.textOf(node)) +
+                          " can read one text in several ways: engines that go back take exponential "
+                          "time on some texts");
         return true;
     }
 
@@ -70,7 +70,6 @@ class ExponentialRepeats {
     Budget budget_;
     const regex::SyntaxTree* const trees_[1];
     const Alphabet alphabet_;
-    const ShortestLengths shortest_;
 };
 
 } // namespace

@@ -44,7 +44,7 @@ void findFormatContradiction(const Subject& subject, Findings& findings) {
     const TextAutomaton texts(alphabet, positionAutomaton(alphabet, 0, subject.tree.root, budget), budget);
     const TextAutomaton shaped(alphabet, positionAutomaton(alphabet, 1, other.root, budget), budget);
     // A pattern that matches nothing contradicts more than the format.
-    if (matchesAnything(texts, budget) && !haveCommonText(texts, shaped, budget))
+    if (matchesAnything(texts) && !haveCommonText(texts, shaped, budget))
         findings.add(0, "No text of the format " + quoted(shape->name) + " matches the pattern");
 }
 

@@ -5,13 +5,12 @@
 
 namespace specloom::egret::checks {
 
-/// The automaton of a pattern, and what its construction needs. It stays where it is, since its parts refer to
-/// one another.
+/// The automaton of a pattern, and what its construction needs. It stays where it is, since its parts refer
+/// to one another.
 class Language {
   public:
     /// Throws BudgetSpent.
-    Language(const Subject& subject, Budget& budget)
-        : Language(subject.tree, budget) {}
+    Language(const Subject& subject, Budget& budget) : Language(subject.tree, budget) {}
     Language(const regex::SyntaxTree& tree, Budget& budget)
         : trees{&tree}, alphabet(trees, budget), automaton(restricted({}, budget)) {}
     Language(const Language&) = delete;

@@ -27,7 +27,7 @@ void findLengthContradiction(const Subject& subject, Findings& findings) {
         return;
     Budget budget;
     const Language language(subject, budget);
-    if (matchesAnything(language.automaton, budget) && !hasLength(language.automaton, lengths, budget))
+    if (matchesAnything(language.automaton) && !hasLength(language.automaton, lengths, budget))
         findings.add(0, "No text of " + describedLengths(lengths) + " matches the pattern");
 }
 

@@ -25,8 +25,9 @@ bool isWithoutEffect(const Subject& subject) {
 void findMatchesEverything(const Subject& subject, Findings& findings) {
     if (std::ranges::any_of(alternativesOf(subject.tree.root), isEmpty) || !isWithoutEffect(subject))
         return;
-    findings.add(0, "Every text matches the pattern, which may match nothing at any place: '^' and '$' around it "
-                    "would hold the whole text");
+    findings.add(
+        0, "Every text matches the pattern, which may match nothing at any place: '^' and '$' around it "
+           "would hold the whole text");
 }
 
 } // namespace specloom::egret::checks

@@ -8,9 +8,9 @@ namespace specloom::egret::checks {
 
 void findMatchesNothing(const Subject& subject, Findings& findings) {
     Budget budget;
-    if (hasMisplacedAnchor(subject) || isMeantToMatchNothing(subject.tree.root))
+    if (hasMisplacedAnchor(subject) || isMeantToMatchNothing(subject.tree))
         return;
-    if (!matchesAnything(Language(subject, budget).automaton, budget))
+    if (!matchesAnything(Language(subject, budget).automaton))
         findings.add(0, "No text matches the pattern");
 }
 

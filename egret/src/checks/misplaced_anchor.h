@@ -10,7 +10,7 @@ void findMisplacedAnchor(const Subject& subject, Findings& findings);
 /// Whether it finds something.
 [[nodiscard]] bool hasMisplacedAnchor(const Subject& subject);
 
-/// Whether the pattern has one character at most and can only be there to match nothing: ".^", "[]".
-[[nodiscard]] bool isMeantToMatchNothing(const regex::Node& root);
+/// Whether the pattern has one character at most and can only be there to match nothing: ".^".
+[[nodiscard]] bool isMeantToMatchNothing(const regex::SyntaxTree& tree);
 
 } // namespace specloom::egret::checks

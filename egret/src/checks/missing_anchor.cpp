@@ -4,6 +4,7 @@
 #include "egret/analysis/tree.h"
 #include "egret/checks/delimiters.h"
 #include "egret/checks/matches_everything.h"
+#include "egret/checks/misplaced_anchor.h"
 #include "foundation/ascii.h"
 
 #include <algorithm> // std::max, std::ranges::all_of
@@ -24,16 +25,19 @@ enum class Evidence {
 
 Evidence evidenceOf(const regex::Node& repetition, const regex::SyntaxTree& tree) {
     const regex::Node& repeated = repeatedIn(repetition);
+    if (repeated.zeroWidth)
+        return Evidence::None;
     const bool wide = isWide(repeated, tree);
     if (repetition.max != regex::unbounded) {
         const bool counts = repetition.max > std::max(repetition.min, 1U);
         return counts || (repetition.max > 1 && !wide) ? Evidence::Strong : Evidence::None;
     }
-    const bool classes = isNarrow(repeated, tree) || (repeated.kind == Kind::Sequence && repetition.min <= 1);
+    const bool classes = isNarrow(repeated, tree) || repeated.kind == Kind::Sequence;
     return classes && repetition.min <= 1 ? Evidence::Weak : Evidence::None;
 }
 
-/// Looks from the end on as far as there are classes, which a literal character closes off: in "^/[a-z]+/" and
+/// Looks from the end on as far as there are classes, which a literal character closes off: in "^/[a-z]+/"
+/// and
 /// "^[a-m]" a part is meant.
 Evidence evidenceAt(const regex::Node& alternative, Side side, const regex::SyntaxTree& tree) {
     const std::span<const regex::Node> parts = partsOf(alternative);
@@ -57,8 +61,9 @@ class MissingAnchors {
     void visit(const regex::Node& root) {
         const regex::Node& inner = withoutGroups(root);
         if (isListOfWords(inner))
-            findings_.add(inner.begin, "The pattern finds its words anywhere in a text: '^(' and ')$' around it "
-                                       "would hold the whole text");
+            findings_.add(inner.begin,
+                          "The pattern finds its words anywhere in a text: '^(' and ')$' around it "
+                          "would hold the whole text");
         else
             for (const regex::Node& alternative : alternativesOf(inner))
                 visitAlternative(alternative);
@@ -66,7 +71,8 @@ class MissingAnchors {
 
   private:
     static bool isListOfWords(const regex::Node& node) {
-        return node.kind == Kind::Alternation && std::ranges::all_of(node.children, [](const regex::Node& child) {
+        return node.kind == Kind::Alternation &&
+               std::ranges::all_of(node.children, [](const regex::Node& child) {
                    const std::string text = literalOf(child);
                    return text.size() > 1 && std::ranges::all_of(text, [](char c) {
                               return ascii::isAlphanumeric(c) || c == '_' || c == '-';
@@ -81,7 +87,8 @@ class MissingAnchors {
         const Evidence atBack = end ? Evidence::None : evidenceAt(alternative, Side::End, subject_.tree);
         if (start || end) {
             if (std::max(atFront, atBack) != Evidence::None)
-                report(alternative, start ? "it begins with '^' and lacks '$'" : "it ends with '$' and lacks '^'");
+                report(alternative,
+                       start ? "it begins with '^' and lacks '$'" : "it ends with '$' and lacks '^'");
         } else if (std::max(atFront, atBack) == Evidence::Strong ||
                    (atFront == Evidence::Weak && atBack == Evidence::Weak)) {
             report(alternative, "it lacks '^' and '$'");
@@ -100,7 +107,8 @@ class MissingAnchors {
 } // namespace
 
 void findMissingAnchor(const Subject& subject, Findings& findings) {
-    if (!splitAnchors(subject.tree.root) && !hasDelimiters(subject.source) && !isWithoutEffect(subject))
+    if (!splitAnchors(subject.tree.root) && !hasDelimiters(subject.source) && !hasMisplacedAnchor(subject) &&
+        !isWithoutEffect(subject))
         MissingAnchors(subject, findings).visit(subject.tree.root);
 }
 

@@ -19,8 +19,10 @@ void findMissingRepeat(const Subject& subject, Findings& findings) {
     if (last == nullptr)
         return;
     const Language language(subject, budget);
-    if (hasLength(language.automaton, {1, 1}, budget) && !hasLength(language.automaton, {2, lengths.max}, budget))
-        findings.add(last->begin, quoted(subject.textOf(*last)) + " takes one character, while maxLength is " +
+    if (hasLength(language.automaton, {1, 1}, budget) &&
+        !hasLength(language.automaton, {2, lengths.max}, budget))
+        findings.add(last->begin, quoted(subject.textOf(*last)) +
+                                      " takes one character, while maxLength is " +
                                       std::to_string(lengths.max) + ": a quantifier seems to be missing");
 }
 

@@ -24,8 +24,9 @@ bool isPosixClass(const Subject& subject, const regex::Spelling::Class& members)
 void findPosixClass(const Subject& subject, Findings& findings) {
     for (const regex::Spelling::Class& members : subject.spelling.classes)
         if (isPosixClass(subject, members))
-            findings.add(members.begin, "The class " + quoted(subject.textOf(members)) +
-                                            " takes the letters of its name: there are no such names of classes");
+            findings.add(members.begin,
+                         "The class " + quoted(subject.textOf(members)) +
+                             " takes the letters of its name: there are no such names of classes");
 }
 
 } // namespace specloom::egret::checks

@@ -4,6 +4,8 @@
 #include "egret/checks/language.h"
 #include "egret/checks/matches_everything.h"
 
+#include <algorithm>     // std::ranges::none_of
+#include <map>           // std::map
 #include <optional>      // std::optional
 #include <string>        // std::string, std::to_string
 #include <unordered_map> // std::unordered_map
@@ -44,8 +46,6 @@ class ShadowedAlternatives {
     }
 
     bool isShadowed(std::size_t index) {
-        if (isEmpty(alternation_.children[index]))
-            return false;
         const TextAutomaton alone = automatonOfOne(index);
         // Where the pattern does without all of them, no one of them shadows another.
         if (isIncluded(alone, withNone_, budget_))
@@ -73,25 +73,35 @@ class ShadowedAlternatives {
     std::vector<std::optional<std::size_t>> shadows_;
 };
 
+/// What is said of `count` alternatives with the first of them.
+std::string described(const Subject& subject, const regex::Node& first, std::size_t count,
+                      const regex::Node& shadow) {
+    const std::string name = quoted(subject.textOf(first));
+    if (&first == &shadow)
+        return name + " changes nothing: the other alternatives match all that it matches";
+    const std::string other = quoted(subject.textOf(shadow));
+    if (name == other)
+        return name + " stands among the alternatives more than once";
+    if (count == 1)
+        return name + " changes nothing: " + other + " matches all that it matches";
+    return name + " and " + std::to_string(count - 1) + (count == 2 ? " other" : " others") +
+           " change nothing: " + other + " matches all that they match";
+}
+
 void report(const Subject& subject, const regex::Node& alternation,
             const std::vector<std::optional<std::size_t>>& shadows, Findings& findings) {
-    // One warning for each alternative that shadows others.
-    for (std::size_t shadow = 0; shadow < shadows.size(); ++shadow) {
-        const regex::Node* first = nullptr;
+    // One warning for each alternative that shadows others, at the first of those.
+    struct Shadowed {
+        std::size_t first;
         std::size_t count = 0;
-        for (std::size_t i = 0; i < shadows.size(); ++i) {
-            if (shadows[i] != shadow)
-                continue;
-            first = count++ == 0 ? &alternation.children[i] : first;
-        }
-        if (first == nullptr)
-            continue;
-        const bool itself = first == &alternation.children[shadow];
-        const std::string by = itself ? "the other alternatives" : quoted(subject.textOf(alternation.children[shadow]));
-        const std::string more = count == 1 ? "" : " and " + std::to_string(count - 1) + " more alternatives";
-        findings.add(first->begin, quoted(subject.textOf(*first)) + more +
-                                       (count == 1 ? " changes nothing: " : " change nothing: ") + by +
-                                       (itself ? " match" : " matches") + " all of it");
+    };
+    std::map<std::size_t, Shadowed> byShadow;
+    for (std::size_t i = 0; i < shadows.size(); ++i)
+        if (shadows[i])
+            ++byShadow.try_emplace(*shadows[i], Shadowed{i}).first->second.count;
+    for (const auto& [shadow, shadowed] : byShadow) {
+        const regex::Node& first = alternation.children[shadowed.first];
+        findings.add(first.begin, described(subject, first, shadowed.count, alternation.children[shadow]));
     }
 }
 
@@ -124,7 +134,9 @@ void findShadowedAlternative(const Subject& subject, Findings& findings) {
     if (!language.automaton.isExact())
         return;
     for (const regex::Node* alternation : alternations)
-        report(subject, *alternation, ShadowedAlternatives(language, *alternation, budget).find(), findings);
+        if (std::ranges::none_of(alternation->children, isEmpty)) // which is for another check
+            report(subject, *alternation, ShadowedAlternatives(language, *alternation, budget).find(),
+                   findings);
 }
 
 } // namespace specloom::egret::checks

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "egret/analysis/tree.h"
 #include "egret/check.h"
 #include "regex/syntax.h"
 
@@ -16,6 +17,7 @@ struct Subject {
     const regex::SyntaxTree& tree;
     const regex::Spelling& spelling;
     const PatternUse& use;
+    const ShortestLengths& shortest; ///< of the tree
 
     /// How a node, an entry of a class or another part of the pattern is spelt.
     template <typename Part>
@@ -27,8 +29,8 @@ struct Subject {
 /// What a check has found.
 class Findings {
   public:
-    /// Of a place in the pattern, in bytes from 0. What was said before is not said again, nor is more said of
-    /// one pattern than helps.
+    /// Of a place in the pattern, in bytes from 0. What was said before is not said again, nor is more said
+    /// of one pattern than helps.
     void add(std::size_t offset, const std::string& message) {
         if (warnings_.size() == enough)
             return;

@@ -7,7 +7,8 @@
 namespace specloom::egret::checks {
 
 void findSuperfluousEscape(const Subject& subject, Findings& findings) {
-    // Brackets, braces, bars, hyphens and slashes in a class are escaped for engines that read more into them.
+    // Brackets, braces, bars, hyphens and slashes in a class are escaped for engines that read more into
+    // them.
     constexpr std::string_view plainInClass = ".*+?$";
     for (const regex::Spelling::IdentityEscape& escape : subject.spelling.escapes) {
         const std::string_view text = subject.source.substr(escape.begin, 2);

@@ -14,13 +14,14 @@ namespace {
 
 using Kind = regex::Node::Kind;
 
-constexpr std::array<std::string_view, 16> topLevelDomains{"app", "cloud", "co",  "com",       "de",  "dev", "edu", "eu",
-                                                           "gov", "info",  "int", "io",        "net", "org", "uk",  "us"};
+constexpr std::array<std::string_view, 16> topLevelDomains{"app", "cloud", "co",  "com",  "de",  "dev",
+                                                           "edu", "eu",    "gov", "info", "int", "io",
+                                                           "net", "org",   "uk",  "us"};
 
 constexpr std::array<std::string_view, 36> fileExtensions{
-    "avif", "bmp", "bz2", "csv",  "css", "doc",  "docx", "gif", "gz",   "htm", "html", "ico",
-    "jpeg", "jpg", "js",  "json", "md",  "mov",  "mp3",  "mp4", "pdf",  "png", "ppt",  "pptx",
-    "svg",  "tar", "tif", "tiff", "tsv", "webp", "xls",  "xlsx", "xml", "yaml", "yml", "zip"};
+    "avif", "bmp", "bz2", "csv",  "css", "doc",  "docx", "gif",  "gz",  "htm",  "html", "ico",
+    "jpeg", "jpg", "js",  "json", "md",  "mov",  "mp3",  "mp4",  "pdf", "png",  "ppt",  "pptx",
+    "svg",  "tar", "tif", "tiff", "tsv", "webp", "xls",  "xlsx", "xml", "yaml", "yml",  "zip"};
 
 using Words = std::span<const std::string_view>;
 
@@ -52,10 +53,10 @@ class Dots {
         else if (isInHost(index))
             of = "a host name";
         else if (isBetween(index))
-            of = "these characters";
+            of = "a number or name";
         if (of != nullptr)
-            findings_.add(parts_[index].begin, std::string("'.' takes any character: the dot of ") + of +
-                                                   " is written '\\.'");
+            findings_.add(parts_[index].begin,
+                          std::string("'.' takes any character: the dot of ") + of + " is written '\\.'");
     }
 
     [[nodiscard]] bool isLiteral(std::size_t index) const {
@@ -87,7 +88,8 @@ class Dots {
         if (word.empty()) {
             const std::span<const regex::Node> choice = alternativesOf(withoutGroups(parts_[index]));
             if (parts_[index].kind != Kind::Group ||
-                !std::ranges::all_of(choice, [&](const regex::Node& one) { return isOneOf(words, literalOf(one)); }))
+                !std::ranges::all_of(choice,
+                                     [&](const regex::Node& one) { return isOneOf(words, literalOf(one)); }))
                 return false;
         } else if (!isOneOf(words, word)) {
             return false;
@@ -114,8 +116,9 @@ class Dots {
         std::string word = wordAt(next);
         while (!word.empty()) {
             next += word.size();
-            const bool dot = next < parts_.size() &&
-                             (isDot(next) || (parts_[next].kind == Kind::Character && parts_[next].value == '.'));
+            const bool dot =
+                next < parts_.size() &&
+                (isDot(next) || (parts_[next].kind == Kind::Character && parts_[next].value == '.'));
             if (!dot)
                 return false;
             if (wordsFollow(next + 1, topLevelDomains, false))
@@ -139,10 +142,9 @@ class Dots {
     [[nodiscard]] bool isNameLike(const regex::Node& node) const {
         if (node.kind != Kind::Repetition || node.max == 1 || !isNarrow(repeatedIn(node), subject_.tree))
             return false;
-        return std::ranges::none_of(subject_.tree.sets[repeatedIn(node).value].ranges(),
-                                    [](const regex::CodePointRange& range) {
-                                        return range.first <= '.' && range.last >= '.';
-                                    });
+        return std::ranges::none_of(
+            subject_.tree.sets[repeatedIn(node).value].ranges(),
+            [](const regex::CodePointRange& range) { return range.first <= '.' && range.last >= '.'; });
     }
 
     const Subject& subject_;

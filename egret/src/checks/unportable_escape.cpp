@@ -15,8 +15,9 @@ void findUnportableEscape(const Subject& subject, Findings& findings) {
         if (known || (escape.inClass && escaped.front() == '-'))
             continue;
         const std::size_t length = 1 + regex::decodeCharacter(escaped).length;
-        findings.add(escape.begin, quoted(subject.source.substr(escape.begin, length)) +
-                                       " is an error in engines that use the flag 'u': the character needs no backslash");
+        findings.add(escape.begin,
+                     quoted(subject.source.substr(escape.begin, length)) +
+                         " is an error in engines that use the flag 'u': the character needs no backslash");
     }
 }
 
