@@ -7,7 +7,7 @@
 #include "egret/checks/misplaced_anchor.h"
 #include "foundation/ascii.h"
 
-#include <algorithm> // std::max, std::ranges::all_of
+#include <algorithm> // std::max, std::min, std::ranges::all_of, std::ranges::any_of
 #include <string>    // std::string
 
 namespace specloom::egret::checks {
@@ -20,6 +20,7 @@ using Kind = regex::Node::Kind;
 enum class Evidence {
     None,
     Weak,   ///< a repeat whose further rounds have no effect there: "[a-z]+"
+    Fair,   ///< the same of several parts: "(:[a-z])+"
     Strong, ///< an upper bound that has none: "[a-z]{2,5}"
 };
 
@@ -32,8 +33,12 @@ Evidence evidenceOf(const regex::Node& repetition, const regex::SyntaxTree& tree
         const bool counts = repetition.max > std::max(repetition.min, 1U);
         return counts || (repetition.max > 1 && !wide) ? Evidence::Strong : Evidence::None;
     }
-    const bool classes = isNarrow(repeated, tree) || repeated.kind == Kind::Sequence;
-    return classes && repetition.min <= 1 ? Evidence::Weak : Evidence::None;
+    if (repetition.min > 1)
+        return Evidence::None;
+    const auto narrow = [&](const regex::Node& node) { return isNarrow(repeatedIn(node), tree); };
+    if (repeated.kind == Kind::Sequence)
+        return std::ranges::any_of(repeated.children, narrow) ? Evidence::Fair : Evidence::None;
+    return narrow(repeated) ? Evidence::Weak : Evidence::None;
 }
 
 /// Looks from the end on as far as there are classes, which a literal character closes off: in "^/[a-z]+/"
@@ -80,17 +85,24 @@ class MissingAnchors {
                });
     }
 
+    static bool hasLiterals(const regex::Node& alternative) {
+        return std::ranges::any_of(partsOf(alternative),
+                                   [](const regex::Node& part) { return part.kind == Kind::Character; });
+    }
+
     void visitAlternative(const regex::Node& alternative) {
         const bool start = isAnchored(alternative, Side::Start);
         const bool end = isAnchored(alternative, Side::End);
         const Evidence atFront = start ? Evidence::None : evidenceAt(alternative, Side::Start, subject_.tree);
         const Evidence atBack = end ? Evidence::None : evidenceAt(alternative, Side::End, subject_.tree);
         if (start || end) {
-            if (std::max(atFront, atBack) != Evidence::None)
+            // "^v[0-9]+" may be for what begins so.
+            const Evidence enough = hasLiterals(alternative) ? Evidence::Fair : Evidence::Weak;
+            if (std::max(atFront, atBack) >= enough)
                 report(alternative,
                        start ? "it begins with '^' and lacks '$'" : "it ends with '$' and lacks '^'");
         } else if (std::max(atFront, atBack) == Evidence::Strong ||
-                   (atFront == Evidence::Weak && atBack == Evidence::Weak)) {
+                   std::min(atFront, atBack) != Evidence::None) {
             report(alternative, "it lacks '^' and '$'");
         }
     }
