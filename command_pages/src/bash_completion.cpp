@@ -153,7 +153,7 @@ std::string valueCase(const std::string& path, const cli::ArgumentDescription& a
     if (argument.metavar.empty() || (argument.values.empty() && argument.kind == cli::ValueKind::Text))
         return result;
     for (const std::string& name : argument.names)
-        result += (result.empty() ? "    " : " | ") + singleQuoted(path + ' ' + name);
+        (result += result.empty() ? "    " : " | ") += singleQuoted(path + ' ' + name);
     result += ")\n";
     if (argument.kind != cli::ValueKind::Text)
         result += std::string("        kind=") +

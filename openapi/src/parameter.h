@@ -47,9 +47,11 @@ class Parameter : public Node {
   protected:
     Parameter(Node* parent, NodeType type, Text name) : Node(parent, type), name_(std::move(name)) {}
 
-    std::optional<bool> required_;
+    /// Public in those that are not always required.
+    void setRequired(std::optional<bool> required) { required_ = required; }
 
   private:
+    std::optional<bool> required_;
     std::optional<bool> deprecated_;
     std::optional<bool> explode_;
     std::optional<ParameterStyle> style_;
@@ -63,7 +65,7 @@ class Parameter : public Node {
 class PathParameter final : public Parameter {
   public:
     PathParameter(Node* parent, Text name) : Parameter(parent, NodeType::PathParameter, std::move(name)) {
-        required_ = true;
+        setRequired(true);
     }
 };
 
@@ -71,7 +73,7 @@ class QueryParameter final : public Parameter {
   public:
     QueryParameter(Node* parent, Text name) : Parameter(parent, NodeType::QueryParameter, std::move(name)) {}
 
-    void setRequired(std::optional<bool> required) { required_ = required; }
+    using Parameter::setRequired;
     [[nodiscard]] std::optional<bool> allowEmptyValue() const { return allowEmptyValue_; }
     void setAllowEmptyValue(std::optional<bool> allowEmptyValue) { allowEmptyValue_ = allowEmptyValue; }
     [[nodiscard]] std::optional<bool> allowReserved() const { return allowReserved_; }
@@ -87,7 +89,7 @@ class HeaderParameter final : public Parameter {
     HeaderParameter(Node* parent, Text name)
         : Parameter(parent, NodeType::HeaderParameter, std::move(name)) {}
 
-    void setRequired(std::optional<bool> required) { required_ = required; }
+    using Parameter::setRequired;
 };
 
 class CookieParameter final : public Parameter {
@@ -95,7 +97,7 @@ class CookieParameter final : public Parameter {
     CookieParameter(Node* parent, Text name)
         : Parameter(parent, NodeType::CookieParameter, std::move(name)) {}
 
-    void setRequired(std::optional<bool> required) { required_ = required; }
+    using Parameter::setRequired;
 };
 
 } // namespace specloom::openapi

@@ -146,10 +146,10 @@ enum class References : std::uint8_t {
 };
 
 struct ObjectShape {
-    ObjectKind kind;
     std::string_view name; ///< in configurations
-    NodeType firstType;    ///< of its types, which follow one another
-    std::span<const MemberShape> members = {};
+    std::span<const MemberShape> members;
+    ObjectKind kind;
+    NodeType firstType; ///< of its types, which follow one another
     References references = References::None;
     std::optional<ObjectKind> entries = std::nullopt; ///< of the members whose names are the author's
 
@@ -520,38 +520,38 @@ inline constexpr MemberShape oauthFlow[] = {
 // further keywords is a schema too, as of OpenAPI 3.1, whereas one that has only what a reference may have is
 // a reference in both versions.
 inline constexpr ObjectShape objectShapes[] = {
-    {ObjectKind::OpenAPI, "openapi", NodeType::OpenAPI, shape::openapi},
-    {ObjectKind::Info, "info", NodeType::Info, shape::info},
-    {ObjectKind::Contact, "contact", NodeType::Contact, shape::contact},
-    {ObjectKind::License, "license", NodeType::License, shape::license},
-    {ObjectKind::Server, "server", NodeType::Server, shape::server},
-    {ObjectKind::ServerVariable, "serverVariable", NodeType::ServerVariable, shape::serverVariable},
-    {ObjectKind::Components, "components", NodeType::Components, shape::components},
-    {ObjectKind::Paths, "paths", NodeType::Paths, {}, References::None, ObjectKind::PathItem},
-    {ObjectKind::PathItem, "pathItem", NodeType::PathItem, shape::pathItem},
-    {ObjectKind::Operation, "operation", NodeType::Operation, shape::operation},
-    {ObjectKind::ExternalDocumentation, "externalDocumentation", NodeType::ExternalDocumentation,
-     shape::externalDocumentation},
-    {ObjectKind::Parameter, "parameter", NodeType::Parameter, shape::parameter, References::All},
-    {ObjectKind::RequestBody, "requestBody", NodeType::RequestBody, shape::requestBody, References::All},
-    {ObjectKind::MediaType, "mediaType", NodeType::MediaType, shape::mediaType},
-    {ObjectKind::Encoding, "encoding", NodeType::Encoding, shape::encoding},
-    {ObjectKind::Responses, "responses", NodeType::Responses, {}, References::None, ObjectKind::Response},
-    {ObjectKind::Response, "response", NodeType::Response, shape::response, References::All},
-    {ObjectKind::Callback, "callback", NodeType::Callback, {}, References::All, ObjectKind::PathItem},
-    {ObjectKind::Example, "example", NodeType::Example, shape::example, References::All},
-    {ObjectKind::Link, "link", NodeType::Link, shape::link, References::All},
-    {ObjectKind::Header, "header", NodeType::Header, shape::header, References::All},
-    {ObjectKind::Tag, "tag", NodeType::Tag, shape::tag},
-    {ObjectKind::Reference, "reference", NodeType::Reference, shape::reference},
-    {ObjectKind::Schema, "schema", NodeType::Schema, shape::schema, References::Bare},
-    {ObjectKind::Discriminator, "discriminator", NodeType::Discriminator, shape::discriminator},
-    {ObjectKind::XML, "xml", NodeType::XML, shape::xml},
-    {ObjectKind::SecurityScheme, "securityScheme", NodeType::SecurityScheme, shape::securityScheme,
+    {"openapi", shape::openapi, ObjectKind::OpenAPI, NodeType::OpenAPI},
+    {"info", shape::info, ObjectKind::Info, NodeType::Info},
+    {"contact", shape::contact, ObjectKind::Contact, NodeType::Contact},
+    {"license", shape::license, ObjectKind::License, NodeType::License},
+    {"server", shape::server, ObjectKind::Server, NodeType::Server},
+    {"serverVariable", shape::serverVariable, ObjectKind::ServerVariable, NodeType::ServerVariable},
+    {"components", shape::components, ObjectKind::Components, NodeType::Components},
+    {"paths", {}, ObjectKind::Paths, NodeType::Paths, References::None, ObjectKind::PathItem},
+    {"pathItem", shape::pathItem, ObjectKind::PathItem, NodeType::PathItem},
+    {"operation", shape::operation, ObjectKind::Operation, NodeType::Operation},
+    {"externalDocumentation", shape::externalDocumentation, ObjectKind::ExternalDocumentation,
+     NodeType::ExternalDocumentation},
+    {"parameter", shape::parameter, ObjectKind::Parameter, NodeType::Parameter, References::All},
+    {"requestBody", shape::requestBody, ObjectKind::RequestBody, NodeType::RequestBody, References::All},
+    {"mediaType", shape::mediaType, ObjectKind::MediaType, NodeType::MediaType},
+    {"encoding", shape::encoding, ObjectKind::Encoding, NodeType::Encoding},
+    {"responses", {}, ObjectKind::Responses, NodeType::Responses, References::None, ObjectKind::Response},
+    {"response", shape::response, ObjectKind::Response, NodeType::Response, References::All},
+    {"callback", {}, ObjectKind::Callback, NodeType::Callback, References::All, ObjectKind::PathItem},
+    {"example", shape::example, ObjectKind::Example, NodeType::Example, References::All},
+    {"link", shape::link, ObjectKind::Link, NodeType::Link, References::All},
+    {"header", shape::header, ObjectKind::Header, NodeType::Header, References::All},
+    {"tag", shape::tag, ObjectKind::Tag, NodeType::Tag},
+    {"reference", shape::reference, ObjectKind::Reference, NodeType::Reference},
+    {"schema", shape::schema, ObjectKind::Schema, NodeType::Schema, References::Bare},
+    {"discriminator", shape::discriminator, ObjectKind::Discriminator, NodeType::Discriminator},
+    {"xml", shape::xml, ObjectKind::XML, NodeType::XML},
+    {"securityScheme", shape::securityScheme, ObjectKind::SecurityScheme, NodeType::SecurityScheme,
      References::All},
-    {ObjectKind::OAuthFlows, "oauthFlows", NodeType::OAuthFlows, shape::oauthFlows},
-    {ObjectKind::OAuthFlow, "oauthFlow", NodeType::OAuthFlow, shape::oauthFlow},
-    {ObjectKind::SecurityRequirement, "securityRequirement", NodeType::SecurityRequirement},
+    {"oauthFlows", shape::oauthFlows, ObjectKind::OAuthFlows, NodeType::OAuthFlows},
+    {"oauthFlow", shape::oauthFlow, ObjectKind::OAuthFlow, NodeType::OAuthFlow},
+    {"securityRequirement", {}, ObjectKind::SecurityRequirement, NodeType::SecurityRequirement},
 };
 
 [[nodiscard]] constexpr const ObjectShape& shapeOf(ObjectKind kind) noexcept {

@@ -48,6 +48,7 @@ std::string placeOf(const Issue& issue) {
 
 std::vector<const Issue*> sortedIssues(const std::vector<Issue>& issues) {
     std::vector<const Issue*> sorted;
+    sorted.reserve(issues.size());
     for (const Issue& issue : issues)
         sorted.push_back(&issue);
     const auto key = [](const Issue* issue) {

@@ -6,6 +6,7 @@
 #include "foundation/strings.h"
 
 #include <cerrno>    // errno, E2BIG
+#include <cstdint>   // std::intptr_t
 #include <optional>  // std::optional
 #include <stdexcept> // std::runtime_error
 
@@ -48,7 +49,7 @@ class EncodingConverter {
     /// Throws as Dictionary tells.
     explicit EncodingConverter(const std::string& encoding)
         : descriptor_(iconv_open(iconvName(encoding).c_str(), "UTF-8")) {
-        if (descriptor_ == invalid())
+        if (reinterpret_cast<std::intptr_t>(descriptor_) == -1)
             throw std::runtime_error(formatMessage("Affix file has an unknown encoding: {}", encoding));
     }
     ~EncodingConverter() { iconv_close(descriptor_); }
@@ -71,8 +72,6 @@ class EncodingConverter {
     }
 
   private:
-    static iconv_t invalid() { return reinterpret_cast<iconv_t>(-1); }
-
     iconv_t descriptor_;
 };
 

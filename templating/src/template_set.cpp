@@ -226,7 +226,7 @@ class TemplateSet::Engine {
     Place current_; ///< of what is being rendered
 };
 
-TemplateSet::TemplateSet(const std::vector<Table>& tables, std::vector<Function> functions)
+TemplateSet::TemplateSet(const std::vector<Table>& tables, const std::vector<Function>& functions)
     : engine_(std::make_unique<Engine>(tables, functions)) {}
 
 TemplateSet::~TemplateSet() = default;

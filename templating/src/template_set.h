@@ -71,7 +71,7 @@ class TemplateSet {
 
     /// The templates of all tables, which must outlive the set; of several with one name that of the first
     /// table. A function hides that of its name of the ones above; names of the language's own are taken.
-    explicit TemplateSet(const std::vector<Table>& tables, std::vector<Function> functions = {});
+    explicit TemplateSet(const std::vector<Table>& tables, const std::vector<Function>& functions = {});
     ~TemplateSet();
     TemplateSet(const TemplateSet&) = delete;
     TemplateSet& operator=(const TemplateSet&) = delete;

@@ -46,6 +46,7 @@ class SchemaEnumNoDuplicatesHandler final : public RuleHandler {
 /// The values themselves, copied: those of the schema go when it gets others.
 std::vector<Value> copies(const std::vector<const jv::JV*>& values) {
     std::vector<Value> result;
+    result.reserve(values.size());
     for (const jv::JV* value : values)
         result.emplace_back(*value);
     return result;
