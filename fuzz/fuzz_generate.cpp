@@ -3,9 +3,9 @@
 
 #include "foundation/memory_file_system.h"
 #include "fuzz/check.h"
+#include "fuzz/generators.h"
 #include "fuzz/tree_check.h"
 #include "openapi_generator/plugin_runner.h"
-#include "test_support/generators.h"
 
 #include <iostream>  // std::cerr
 #include <stdexcept> // std::runtime_error
@@ -21,8 +21,7 @@ struct Outcome {
     std::string failure;
 };
 
-Outcome generate(const specloom::test_support::Generator& generator,
-                 std::unique_ptr<specloom::openapi::ReadResult> document) {
+Outcome generate(const fuzz::Generator& generator, std::unique_ptr<specloom::openapi::ReadResult> document) {
     auto memory = std::make_unique<MemoryFileSystem>();
     const MemoryFileSystem& made = *memory;
     specloom::openapi_generator::PluginRunner runner(std::move(memory));
@@ -61,7 +60,7 @@ extern "C" int LLVMFuzzerInitialize(int* /*count*/, char*** /*arguments*/) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string_view text = fuzz::textOf(data, size);
-    for (const specloom::test_support::Generator& generator : specloom::test_support::generators()) {
+    for (const fuzz::Generator& generator : fuzz::generators()) {
         auto document = read(text);
         if (document == nullptr)
             return 0;

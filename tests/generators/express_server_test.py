@@ -1,9 +1,9 @@
 """Generates Express servers, compiles and runs them, and asks each of its routes.
 
-    express_server_test.py WORK-FOLDER GENERATE...
+    express_server_test.py WORK-FOLDER PROGRAM
 
-GENERATE is the program that generates a server: "GENERATE... INPUT OUTPUT CONFIGURATION" is run. What the generated projects depend
-on is installed once for each state of the lockfile, below WORK-FOLDER, and shared by them.
+PROGRAM is the built program. What the generated projects depend on is installed once for each state of the lockfile, below
+WORK-FOLDER, and shared by them.
 """
 
 import http.client
@@ -20,7 +20,7 @@ import urllib.parse
 
 import yaml
 
-from typescript import HERE, IS_REQUIRED, ROOT, corpora, installed_dependencies, need_node
+from typescript import HERE, IS_REQUIRED, ROOT, corpora, generate, installed_dependencies, need_node
 
 METHODS = ["get", "put", "post", "delete", "options", "head", "patch", "trace"]  # in the order of their routes
 PARAMETER = re.compile(r"\{([^}]+)\}")
@@ -74,9 +74,12 @@ def routes_of(file):
     return sorted(routes, key=lambda route: route.tag.encode())
 
 
-def generate_and_compile(generate, file, folder, dependencies):
+def generate_and_compile(program, file, folder, dependencies):
     shutil.rmtree(folder, ignore_errors=True)
-    subprocess.run([*generate, file, folder, HERE / "express" / "configuration.yaml"], check=True, stdin=subprocess.DEVNULL)
+    failure = generate(program, "server express", file, folder, "--config", HERE / "express" / "configuration.yaml")
+    check(not failure, f"{file.name}: {failure}")
+    if failure:
+        return False
     package = json.loads((folder / "package.json").read_text())
     lock = json.loads((HERE / "express" / "package-lock.json").read_text())["packages"][""]
     for kind in ("dependencies", "devDependencies"):
@@ -144,14 +147,14 @@ def documents():
 
 
 def main():
-    work, generate = pathlib.Path(sys.argv[1]).resolve(), sys.argv[2:]
+    work, program = pathlib.Path(sys.argv[1]).resolve(), sys.argv[2]
     need_node()
     dependencies = installed_dependencies(work)
     for file in documents():
         routes = routes_of(file)
         folder = work / "express" / file.stem
         check(routes, f"{file.name}: no routes to ask for")
-        if not generate_and_compile(generate, file, folder, dependencies):
+        if not generate_and_compile(program, file, folder, dependencies):
             continue
         written = sum(text.read_text().count(", (req: Request, res: Response) => {")
                       for text in folder.glob("src/modules/*/routes.ts"))

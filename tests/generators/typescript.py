@@ -32,6 +32,17 @@ def corpora():
     return folder if folder.is_dir() else None
 
 
+def generate(program, generator, document, folder, *options):
+    """Runs "specloom generate" beside the output folder. Returns the text of the failure; empty when there is none."""
+    folder.parent.mkdir(parents=True, exist_ok=True)
+    run = subprocess.run([program, "generate", *generator.split(), document, "--output", folder, *options],
+                         cwd=folder.parent, stdin=subprocess.DEVNULL, capture_output=True, text=True)
+    notes = [line for line in run.stderr.splitlines() if not line.startswith("specloom: note: ")]
+    if run.returncode == 0 and (run.stdout or notes):
+        return f"unexpected output: {run.stdout}{run.stderr}"
+    return "" if run.returncode == 0 else run.stdout + run.stderr or f"status {run.returncode}"
+
+
 def installed_dependencies(work):
     """The folder node_modules, below `work`, with what the lockfile pins. It is installed once for each state of that."""
     pinned = [HERE / "express" / name for name in ("package.json", "package-lock.json")]

@@ -1,6 +1,7 @@
 // Parses the TypeScript and JSON files of generated projects:
 //   node typescript_syntax.js NODE-MODULES RUNS
-// RUNS is the file with what generate_corpora printed.
+// RUNS is a file with a line for each run, a JSON object with the members "document" and "generator", and "folder" and
+// "operationIds" or in place of these "failure". Documents that cannot be read have one line, without a generator.
 'use strict';
 const fs = require('fs');
 const path = require('path');
@@ -27,12 +28,12 @@ function isIdentifier(name) {
 // Files that do not parse as they stand, and say so in the manual: what the generator of that name makes of which file
 // is either left alone, or made whole first.
 const exceptions = {
-  'client_fetch src/actions.ts': (text, run) => (run.operationIds.every(isIdentifier) ? text : null),
-  'client_fetch src/utils.ts': (text) => text.replace(/\\([`$])/g, '$1'),
+  'client fetch src/actions.ts': (text, run) => (run.operationIds.every(isIdentifier) ? text : null),
+  'client fetch src/utils.ts': (text) => text.replace(/\\([`$])/g, '$1'),
 };
 
 // What ends a run of a generator on a document of the corpora: two operations of one name.
-const refusals = { client_fetch: /^Function already exists / };
+const refusals = { 'client fetch': /^Function already exists / };
 
 const runs = fs.readFileSync(runsFile, 'utf8').trimEnd().split('\n').map((line) => JSON.parse(line));
 const counts = { parsed: 0, exempt: 0, unreadable: 0, refused: 0 };

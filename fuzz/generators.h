@@ -6,9 +6,9 @@
 #include <span>        // std::span
 #include <string_view> // std::string_view
 
-namespace specloom::test_support {
+namespace specloom::fuzz {
 
-/// A generator that makes files, as the tests and fuzz targets that ask the same of all of them see it.
+/// A generator that makes files, as a target that asks the same of all of them sees it.
 struct Generator {
     std::string_view name; ///< such as "client_fetch"
     std::unique_ptr<openapi_generator::Plugin> (*make)(openapi_generator::PluginRunner& host);
@@ -17,4 +17,4 @@ struct Generator {
 /// All of them.
 [[nodiscard]] std::span<const Generator> generators() noexcept;
 
-} // namespace specloom::test_support
+} // namespace specloom::fuzz

@@ -1,4 +1,4 @@
-#include "test_support/generators.h"
+#include "fuzz/generators.h"
 
 #include "openapi_generator_client_fetch/plugin.h"
 #include "openapi_generator_server_express/plugin.h"
@@ -6,7 +6,7 @@
 
 #include <array> // std::to_array
 
-namespace specloom::test_support {
+namespace specloom::fuzz {
 namespace {
 
 template <typename Plugin>
@@ -26,4 +26,4 @@ std::span<const Generator> generators() noexcept {
     return table;
 }
 
-} // namespace specloom::test_support
+} // namespace specloom::fuzz
