@@ -7,10 +7,7 @@
 
 namespace specloom::openapi_generator::client_fetch {
 
-Plugin::Plugin(PluginRunner& host)
-    : openapi_generator::Plugin(host), context_{.document = nullptr,
-                                                .project =
-                                                    code_morph::typescript::Project(host.fileSystem())} {}
+Plugin::Plugin(PluginRunner& host) : openapi_generator::Plugin(host), context_(host.fileSystem()) {}
 
 void Plugin::configureParts() {
     context_.document = document();

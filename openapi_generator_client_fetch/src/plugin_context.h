@@ -1,14 +1,11 @@
 #pragma once
 
 #include "code_morph_typescript/project.h"
-#include "openapi/openapi.h"
+#include "openapi_generator/plugin_context.h"
 
 namespace specloom::openapi_generator::client_fetch {
 
 /// What the parts of a fetch client share.
-struct PluginContext {
-    const openapi::OpenAPI* document = nullptr; ///< null before the parts are made
-    code_morph::typescript::Project project;
-};
+using PluginContext = PluginContextOf<code_morph::typescript::Project>;
 
 } // namespace specloom::openapi_generator::client_fetch

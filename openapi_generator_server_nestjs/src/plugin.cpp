@@ -20,10 +20,7 @@ std::optional<DocumentName> moduleSource(const openapi::Operation& operation) {
 
 } // namespace
 
-Plugin::Plugin(PluginRunner& host)
-    : openapi_generator::Plugin(host), context_{.document = nullptr,
-                                                .project =
-                                                    code_morph::typescript::Project(host.fileSystem())} {}
+Plugin::Plugin(PluginRunner& host) : openapi_generator::Plugin(host), context_(host.fileSystem()) {}
 
 void Plugin::configureParts() {
     context_.document = document();
