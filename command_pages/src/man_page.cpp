@@ -1,8 +1,8 @@
 #include "command_pages/man_page.h"
 
 #include "command_pages/commands_with_paths.h"
+#include "foundation/strings.h"
 
-#include <cctype>  // std::toupper
 #include <utility> // std::pair
 #include <vector>  // std::vector
 
@@ -108,13 +108,6 @@ std::string section(const cli::CommandDescription& root, const CommandWithPath& 
     return result;
 }
 
-std::string upperCase(std::string_view text) {
-    std::string result;
-    for (const char c : text)
-        result += static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
-    return result;
-}
-
 /// What no parser knows.
 constexpr std::string_view foot = R"(.SH EXIT STATUS
 .TP
@@ -145,7 +138,7 @@ beside the folder of the program.
 std::string manPage(const cli::CommandDescription& root, std::string_view version) {
     const std::vector<CommandWithPath> commands = commandsWithPaths(root);
     std::string page = ".\\\" Written by the build from what the program's parsers know.\n";
-    page += fmt::format(".TH {} 1 \"\" \"Spec Loom {}\" \"User Commands\"\n", roff(upperCase(root.name)),
+    page += fmt::format(".TH {} 1 \"\" \"Spec Loom {}\" \"User Commands\"\n", roff(toUpperCase(root.name)),
                         roff(version));
     page += ".nh\n.ad l\n"; // names are not parted at line ends
     page += ".SH NAME\n" + roff(root.name) + " \\- a toolchain for OpenAPI documents\n";

@@ -3,6 +3,7 @@
 #include "foundation/ascii.h"
 #include "foundation/message.h"
 #include "foundation/unreachable.h"
+#include "foundation/utf8.h"
 
 namespace specloom {
 namespace {
@@ -58,7 +59,7 @@ std::string_view firstCodePoints(std::string_view text, std::size_t count, bool 
         const bool triplet = decodes && isPercentEncoded(text, offset);
         const int octet = triplet ? ascii::hexValue(text[offset + 1]) * 16 + ascii::hexValue(text[offset + 2])
                                   : static_cast<unsigned char>(text[offset]);
-        const bool begins = (octet & 0xc0) != 0x80;
+        const bool begins = !isContinuationByte(static_cast<char>(octet));
         if (begins && begun == count)
             break;
         begun += begins ? 1 : 0;

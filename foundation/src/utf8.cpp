@@ -1,19 +1,13 @@
 #include "foundation/utf8.h"
 
-#include <algorithm> // std::count_if
-#include <iterator>  // std::back_inserter
-#include <stdexcept> // std::runtime_error
+#include <algorithm>  // std::count_if
+#include <functional> // std::not_fn
+#include <iterator>   // std::back_inserter
+#include <stdexcept>  // std::runtime_error
 
 #include <utf8cpp/utf8.h>
 
 namespace specloom {
-namespace {
-
-bool beginsCodePoint(char byte) noexcept {
-    return (static_cast<unsigned char>(byte) & 0xC0) != 0x80;
-}
-
-} // namespace
 
 std::size_t utf8Length(std::string_view text) {
     try {
@@ -35,19 +29,19 @@ std::string toValidUtf8(std::string_view text) {
 }
 
 std::size_t columnsOf(std::string_view text) noexcept {
-    return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), beginsCodePoint));
+    return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), std::not_fn(isContinuationByte)));
 }
 
 std::size_t bytesOfColumns(std::string_view text, std::size_t columns) noexcept {
     std::size_t at = 0;
     for (; at < text.size(); ++at)
-        if (beginsCodePoint(text[at]) && columns-- == 0)
+        if (!isContinuationByte(text[at]) && columns-- == 0)
             break;
     return at;
 }
 
 std::size_t wholeCodePoints(std::string_view text, std::size_t size) noexcept {
-    while (size > 0 && !beginsCodePoint(text[size]))
+    while (size > 0 && isContinuationByte(text[size]))
         --size;
     return size;
 }

@@ -7,6 +7,11 @@
 // UTF-8 (RFC 3629), by utfcpp.
 namespace specloom {
 
+/// Whether the byte goes on with a sequence that an earlier one began.
+[[nodiscard]] constexpr bool isContinuationByte(char byte) noexcept {
+    return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
+}
+
 /// The number of code points of a UTF-8 text. Throws std::runtime_error with "Not enough space" when the text
 /// ends inside a sequence, and with "Invalid UTF-8" for any other fault.
 [[nodiscard]] std::size_t utf8Length(std::string_view text);

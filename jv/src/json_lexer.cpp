@@ -1,6 +1,7 @@
 #include "jv/json_lexer.h"
 
 #include "foundation/ascii.h"
+#include "foundation/utf8.h"
 #include "jv/string_scan.h"
 
 #include <algorithm> // std::min
@@ -271,7 +272,7 @@ JSONLexer::Step JSONLexer::scanMultiByte(const char*& p) noexcept {
     for (int i = 0; good && i < continuations; ++i, ++p) {
         if (p == end_)
             return Step::Cut;
-        good = (static_cast<unsigned char>(*p) & 0xc0) == 0x80;
+        good = isContinuationByte(*p);
     }
     if (!good)
         error_ = Error::InvalidUtf8;

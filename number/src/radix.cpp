@@ -1,5 +1,6 @@
 #include "number/radix.h"
 
+#include "foundation/ascii.h"
 #include "number/big_context.h"
 
 #include <algorithm> // std::reverse
@@ -211,10 +212,10 @@ std::int64_t bitsToDigits(std::int64_t bits, unsigned radix, Bound bound) noexce
 }
 
 std::uint8_t digitValue(char c) noexcept {
-    if (c >= '0' && c <= '9')
+    if (ascii::isDigit(c))
         return static_cast<std::uint8_t>(c - '0');
-    const char lower = static_cast<char>(c | 0x20);
-    if (lower >= 'a' && lower <= 'z')
+    const char lower = ascii::toLower(c);
+    if (ascii::isLower(lower))
         return static_cast<std::uint8_t>(lower - 'a' + 10);
     return 255;
 }

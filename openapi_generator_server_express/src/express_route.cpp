@@ -1,6 +1,7 @@
 #include "openapi_generator_server_express/express_route.h"
 
 #include "foundation/ascii.h"
+#include "foundation/utf8.h"
 
 #include <cstddef> // std::size_t
 #include <utility> // std::move
@@ -12,10 +13,6 @@ namespace {
 
 bool isWordSign(char c) noexcept {
     return ascii::isAlphanumeric(c) || c == '_';
-}
-
-bool isContinuationByte(char c) noexcept {
-    return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U;
 }
 
 /// What clients percent-encode in a path (URL Standard, the path percent-encode set); and the backslash,
