@@ -35,6 +35,9 @@ void benchFormat(const Input& input, int rounds, Table& table);
 /// Nothing for a document that is refused.
 void benchLint(const Input& input, int rounds, Table& table);
 void benchStart(int rounds, Table& table);
+/// Whole runs of generators: on the largest document of the corpora that they take, and how they grow with
+/// operations and tags.
+void benchGenerate(int rounds, Table& table);
 /// How time and memory of whole runs grow over four doublings of documents that are made to be costly.
 void benchGrowth(int rounds, Table& table);
 

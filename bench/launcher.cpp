@@ -8,9 +8,9 @@
 
 extern char** environ;
 
-/// launcher PROGRAM ARGUMENT...: runs a program with its input and output thrown away, and prints the seconds
-/// on the clock, the seconds of processor time and the bytes of its largest resident set. The status is that
-/// of the program, and 255 when it did not end by itself.
+/// launcher PROGRAM ARGUMENT...: runs a program with its input, output and errors thrown away, and prints the
+/// seconds on the clock, the seconds of processor time and the bytes of its largest resident set. The status
+/// is that of the program, and 255 when it did not end by itself.
 ///
 /// This is a program of its own because a new process starts with the peak of the one that it was forked
 /// from: only a small parent sees the true peak of its children.
@@ -21,6 +21,7 @@ int main(int argc, char** argv) {
     posix_spawn_file_actions_init(&actions);
     posix_spawn_file_actions_addopen(&actions, 0, "/dev/null", O_RDWR, 0);
     posix_spawn_file_actions_adddup2(&actions, 0, 1);
+    posix_spawn_file_actions_adddup2(&actions, 0, 2); // notes of a generator, each time
     const auto start = std::chrono::steady_clock::now();
     pid_t child = 0;
     if (posix_spawn(&child, argv[1], &actions, nullptr, argv + 1, environ) != 0)

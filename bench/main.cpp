@@ -14,7 +14,8 @@ namespace {
 namespace bench = specloom::bench;
 namespace fs = std::filesystem;
 
-constexpr const char* usage = "usage: specloom_bench [--rounds N] [--growth | FILE.json | FILE.yaml...]\n";
+constexpr const char* usage =
+    "usage: specloom_bench [--rounds N] [--generate | --growth | FILE.json | FILE.yaml...]\n";
 
 /// The large documents of the corpora.
 [[nodiscard]] std::vector<fs::path> standardDocuments() {
@@ -82,14 +83,25 @@ bool run(const std::vector<fs::path>& paths, bool isWhole, int rounds) {
     if (!specloom::test_support::corporaFolder().empty())
         benchDiffs(rounds, table);
     bench::benchStart(rounds, table);
-    if (isWhole)
+    if (isWhole) {
+        bench::benchGenerate(rounds, table);
         bench::benchGrowth((rounds + 4) / 5, table);
+    }
     return table.allKept();
 }
 
-bool runGrowth(int rounds) {
+using Part = void (*)(int rounds, bench::Table& table);
+
+/// What can be asked for by itself; null for another word.
+Part partOf(std::string_view option) {
+    return option == "--generate" ? bench::benchGenerate
+           : option == "--growth" ? bench::benchGrowth
+                                  : nullptr;
+}
+
+bool runPart(Part part, int rounds) {
     bench::Table table;
-    bench::benchGrowth(rounds, table);
+    part(rounds, table);
     return table.allKept();
 }
 
@@ -97,25 +109,25 @@ bool runGrowth(int rounds) {
 
 int main(int argc, char** argv) {
     int rounds = 15;
-    bool onlyGrowth = false;
+    Part onlyPart = nullptr;
     std::vector<fs::path> paths;
     for (int i = 1; i < argc; ++i) {
         if (std::string_view(argv[i]) == "--rounds" && i + 1 < argc)
             rounds = std::atoi(argv[++i]);
-        else if (std::string_view(argv[i]) == "--growth")
-            onlyGrowth = true;
+        else if (const Part part = partOf(argv[i]))
+            onlyPart = part;
         else
             paths.emplace_back(argv[i]);
     }
     const bool isWhole = paths.empty();
-    if (isWhole && !onlyGrowth)
+    if (isWhole && onlyPart == nullptr)
         paths = standardDocuments();
-    if ((paths.empty() && !onlyGrowth) || rounds < 1) {
+    if ((paths.empty() && onlyPart == nullptr) || rounds < 1) {
         fmt::print(stderr, usage);
         return 2;
     }
     try {
-        return (onlyGrowth ? runGrowth(rounds) : run(paths, isWhole, rounds)) ? 0 : 1;
+        return (onlyPart != nullptr ? runPart(onlyPart, rounds) : run(paths, isWhole, rounds)) ? 0 : 1;
     } catch (const std::exception& error) {
         fmt::print(stderr, "{}\n", error.what());
         return 2;
