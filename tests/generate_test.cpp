@@ -125,12 +125,14 @@ TEST_F(GenerateLeaves, makeFilesOrPrintTheirLineOrFailInOne) {
 }
 
 TEST_F(GenerateLeaves, sayWhatIsMissing) {
+    workspace.write("cut.json", "{");
     for (const LeafRow& row : leafRows()) {
         SCOPED_TRACE(row.words);
         const std::pair<std::vector<std::string>, std::string> cases[] = {
             {with(row, {"api.yaml"}), "No value provided for '--output'.\n"},
             {with(row, {"-o", "out"}), "file: 1 argument(s) expected. 0 provided.\n"},
             {with(row, {"missing.yaml", "-o", "out"}), "Cannot open file: missing.yaml\n"},
+            {with(row, {"cut.json", "-o", "out"}), "JSON parse error\n"},
         };
         for (const auto& [arguments, text] : cases) {
             const Outcome outcome = run(row, arguments);
@@ -167,45 +169,6 @@ TEST_F(GenerateLeaves, haveTheirHelp) {
     }
 }
 
-TEST(Generate, helpShowsWhatThereIs) {
-    const std::pair<std::string, std::vector<std::string>> rows[] = {
-        {"",
-         {"Generate code and documentation from an OpenAPI file.", "{client,data,doc,mock,server}",
-          "Generate data from an OpenAPI file.", "Generate documentation from an OpenAPI file.",
-          "Generate a client from an OpenAPI file.", "Generate a mock server from an OpenAPI file.",
-          "Generate a server from an OpenAPI file."}},
-        {"doc", {"Generate documentation from an OpenAPI file.", "{html,markdown}"}},
-        {"client",
-         {"Generate a client from an OpenAPI file.", "{cpp,elixir,fetch,kotlin,python,rust,swift}"}},
-        {"mock", {"Generate a mock server from an OpenAPI file.", "{miragejs,msw}"}},
-        {"server",
-         {"Generate a server from an OpenAPI file.",
-          "{cpp,csharp,elixir,express,fastapi,fastify,go,nestjs,php,rails,rust,spring}"}},
-        {"data",
-         {"-o, --output OUTPUT        Path to the output file.",
-          "INPUT                      Path to the OpenAPI spec.",
-          "-p, --pointer POINTER      JSON Pointer to the schema.",
-          "-m, --mime-type MIME_TYPE  MIME type of the output.",
-          "-n, --number NUMBER        Number of items to generate."}},
-        {"doc html",
-         {"-o, --output OUTPUT  Path to the output directory.",
-          "INPUT                Path to the OpenAPI file.",
-          "-c, --config         Path to the configuration file. ",
-          "--i18n               Localization file as 'locale=filename' ",
-          "--package-name       Name of the generated package. ",
-          "--package-version    Version of the generated package. ", "[--i18n LOCALE=FILE...]...",
-          "[--config CONFIG]", "[--package-name PACKAGE_NAME]", "[--package-version PACKAGE_VERSION]"}},
-    };
-    const Workspace workspace;
-    for (const auto& [path, parts] : rows) {
-        SCOPED_TRACE(path);
-        const Outcome outcome = workspace.run(wordsOf("generate " + path + " --help"));
-        EXPECT_EQ(outcome.status, 0);
-        for (const std::string& part : parts)
-            EXPECT_THAT(outcome.out, HasSubstr(part));
-    }
-}
-
 TEST(Generate, withoutALeafIsUnreachable) {
     const Workspace workspace;
     for (const char* words : {"", "doc", "client", "mock", "server"}) {
@@ -216,6 +179,34 @@ TEST(Generate, withoutALeafIsUnreachable) {
         EXPECT_EQ(outcome.out, "");
         EXPECT_THAT(outcome.err,
                     testing::ContainsRegex("^Unreachable code at .*generate_command\\.cpp:[0-9]+\n"));
+    }
+}
+
+/// What a session cannot show, because it takes a user of certain rights.
+TEST(Generate, namesTheFileThatCannotBeWrittenAndEndsThere) {
+    const std::string listing = "; echo \"=> $?\"; find out -type f -printf \"%p %s\\n\" | sort";
+    const std::string fullDisk =
+        "unshare -m sh -c 'mount -t tmpfs -o size=4k none out && { \"$@\"" + listing + "; }' sh \"$@\"";
+    const auto readOnly = [&](const std::string& path) {
+        return "chmod 555 " + path + "; (" + execAsPlainUser() + ")" + listing + "; chmod 755 " + path;
+    };
+    const std::pair<std::string, std::string> rows[] = {
+        {fullDisk, "Failed to write file: out/src/app.ts\n=> 1\nout/package.json 460\nout/src/app.ts 0\n"},
+        {readOnly("out"), "Failed to open file for writing: out/package.json\n=> 1\n"},
+        {readOnly("out/src"),
+         "Failed to open file for writing: out/src/app.ts\n=> 1\nout/package.json 460\n"},
+    };
+    for (const auto& [script, expected] : rows) {
+        SCOPED_TRACE(script);
+        const Workspace workspace;
+        workspace.write("api.yaml", documentOfLeaves);
+        std::filesystem::create_directories(workspace.path("out/src"));
+        const Outcome outcome =
+            workspace.runScript(script, {"generate", "server", "express", "api.yaml", "-o", "out"});
+        if (script == fullDisk && !outcome.err.empty())
+            continue; // no disk can be mounted here
+        EXPECT_EQ(outcome.err, "");
+        EXPECT_EQ(outcome.out, expected);
     }
 }
 

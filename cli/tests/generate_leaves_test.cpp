@@ -2,12 +2,10 @@
 #include "openapi_generator/plugin_runner.h"
 #include "test_support/temporary_folder.h"
 
-#include <map>     // std::map
-#include <memory>  // std::make_unique
-#include <set>     // std::set
-#include <string>  // std::string
-#include <utility> // std::pair
-#include <vector>  // std::vector
+#include <map>    // std::map
+#include <memory> // std::make_unique
+#include <string> // std::string
+#include <vector> // std::vector
 
 #include <gtest/gtest.h>
 
@@ -22,10 +20,8 @@ class ParameterRecorder final : public Plugin {
   public:
     using Plugin::Plugin;
     Parameters parameters;
-    bool isConfigured = false;
 
     void setParam(std::string_view name, std::string_view value) override { parameters.emplace(name, value); }
-    void configure(const jv::JV& /*root*/) override { isConfigured = true; }
 };
 
 class GenerateLeafTest : public testing::Test {
@@ -48,8 +44,6 @@ class GenerateLeafTest : public testing::Test {
     }
 
     const test_support::TemporaryFolder folder;
-    const std::string document =
-        folder.write("a.yaml", "{openapi: 3.1.0, info: {title: Tides, version: '1'}, paths: {}}");
     PluginRunner runner;
 };
 
@@ -78,33 +72,6 @@ TEST_F(GenerateLeafTest, registersLocales) {
     EXPECT_EQ(locales.at("de").at("hello"), "Hallo");
     EXPECT_EQ(locales.at("nds").at("hello"), "Moin");
     EXPECT_EQ(locales.at("").at("hello"), "Hallo");
-}
-
-TEST_F(GenerateLeafTest, givesDocumentAndConfigurationToTheRunner) {
-    const std::string config = folder.write("c.yaml", "version: '9'\n");
-    const ParameterRecorder& plugin = handOver("server express", {document, "-o", "out", "-c", config});
-    runner.run();
-    EXPECT_TRUE(plugin.isConfigured);
-    EXPECT_EQ(runner.inputPath(), document);
-}
-
-TEST_F(GenerateLeafTest, leavesSomeConfigurationsUnread) {
-    for (const char* path : {"client fetch", "server nestjs", "server fastify"}) {
-        const ParameterRecorder& plugin =
-            handOver(path, {document, "-o", "out", "-c", folder.at("missing.yaml")});
-        EXPECT_NO_THROW(runner.run());
-        EXPECT_FALSE(plugin.isConfigured);
-    }
-}
-
-TEST(GenerateLeaves, haveAPluginEach) {
-    std::set<std::string> paths;
-    for (const GenerateLeaf& leaf : generateLeaves()) {
-        PluginRunner runner;
-        EXPECT_NE(leaf.makePlugin(runner, leaf), nullptr) << leaf.path(' ');
-        paths.insert(leaf.path(' '));
-    }
-    EXPECT_EQ(paths.size(), generateLeaves().size());
 }
 
 } // namespace

@@ -6,7 +6,6 @@
 
 #include <array>       // std::array
 #include <filesystem>  // std::filesystem
-#include <map>         // std::map
 #include <memory>      // std::unique_ptr, std::make_unique
 #include <stdexcept>   // std::runtime_error
 #include <string>      // std::string
@@ -163,31 +162,6 @@ TEST_F(ProjectTest, savesToTheDisk) {
     full.saveAll();
     EXPECT_EQ(readBack(folder.at("old.txt")), bytes);
     EXPECT_EQ(readBack(folder.at("new/below/empty.txt")), "");
-}
-
-TEST_F(ProjectTest, whatCannotBeSavedIsToldInOneLineWithItsPath) {
-    folder.write("file", "");
-    std::filesystem::create_directories(folder.at("folder/x.ts"));
-    std::filesystem::create_symlink("/dev/full", folder.at("full"));
-    // The file, and the path that the line names.
-    const std::map<std::string, std::string> cases = {
-        {"file/below/x.ts", "file/below"}, // a file where a folder should be
-        {"folder/x.ts", "folder/x.ts"},    // a folder where a file should be
-        {"full", "full"},                  // a full disk
-    };
-    for (const auto& [path, named] : cases) {
-        Project blocked(files);
-        blocked.setRootPath(folder.path().string());
-        blocked.createSourceFile(path).setText("text");
-        for (const char* other : {"zz", "B", "a/x"}) // in the order of bytes, one behind all that fail
-            blocked.createSourceFile(other).setText("text");
-        const std::string text = textOf([&] { blocked.saveAll(); });
-        EXPECT_THAT(text, HasSubstr(folder.at(named)));
-        EXPECT_THAT(text, Not(HasSubstr("\n")));
-        EXPECT_EQ(readBack(folder.at("B")) + readBack(folder.at("a/x")), "texttext");
-        EXPECT_FALSE(std::filesystem::exists(folder.at("zz"))) << path;
-    }
-    EXPECT_EQ(readBack(folder.at("file")), "");
 }
 
 } // namespace

@@ -1,11 +1,9 @@
 #include "openapi_generator/config_error.h"
-#include "openapi_generator/named_plugins.h"
 #include "openapi_generator/plugin_runner.h"
 #include "test_support/temporary_folder.h"
 
 #include <memory>    // std::make_unique
 #include <new>       // std::bad_alloc
-#include <sstream>   // std::ostringstream
 #include <stdexcept> // std::runtime_error
 #include <string>    // std::string
 
@@ -114,34 +112,6 @@ TEST_F(PluginRunnerTest, customFormatsReachTheDocument) {
                                      "components: {schemas: {A: {type: number, format: metres}}}\n"));
     EXPECT_NE(run(), "");
     EXPECT_EQ(runWith(R"({"openapi": {"custom_formats": [{"name": "metres", "type": "number"}]}})"), "");
-}
-
-TEST_F(PluginRunnerTest, localeFilesAreReadAtOnce) {
-    const auto adding = [&](std::string_view content) -> std::string {
-        try {
-            runner.addLocaleFile("de", folder.write("de.yaml", content));
-        } catch (const std::runtime_error& error) {
-            return error.what();
-        }
-        return runner.translations().locales().at("de").at("hello");
-    };
-    EXPECT_EQ(adding("[]"), "Invalid locale data");
-    EXPECT_EQ(adding("{hello: Hallo, more: {}}"), "Invalid literal for key: more");
-    EXPECT_EQ(adding("hello: Hallo"), "Hallo");
-}
-
-TEST_F(PluginRunnerTest, namedPluginsPrintTheirLineOfDocumentsThatCanBeRead) {
-    std::ostringstream out;
-    for (const NamedPlugin& named : namedPlugins())
-        runner.addPlugin(makeNamedPlugin(named.name, runner, out));
-    EXPECT_EQ(makeNamedPlugin("client_fetch", runner, out), nullptr);
-    EXPECT_EQ(run(), "");
-    EXPECT_EQ(namedPlugins().size(), 18U);
-    EXPECT_EQ(out.str().substr(0, 53), "Running ClientCPPPlugin\nRunning ClientElixirPlugin\nRu");
-    const std::string lines = out.str();
-    runner.setInputPath(folder.at("none.json"));
-    EXPECT_NE(run(), "");
-    EXPECT_EQ(out.str(), lines);
 }
 
 } // namespace

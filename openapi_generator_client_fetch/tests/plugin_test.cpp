@@ -15,18 +15,15 @@ namespace {
 
 using test_support::GeneratedProject;
 
-GeneratedProject generateFrom(std::string_view paths) {
-    const test_support::TemporaryFolder folder;
-    const std::string document =
-        "openapi: 3.1.0\ninfo: {title: t, version: v}\npaths:\n" + std::string(paths);
-    return test_support::generate<Plugin>(folder.write("api.yaml", document));
-}
-
 TEST(FetchPlugin, goldenFolders) {
-    for (const std::string_view name : {"bookshop", "everything.yaml", "parameters.yaml"})
-        expectGoldenFolder(test_support::generate<Plugin>(test_support::generatorDocument(name)),
-                           std::filesystem::path(SPECLOOM_TEST_DIR) / "tests/golden" /
-                               std::filesystem::path(name).stem());
+    const std::filesystem::path golden = SPECLOOM_TEST_DIR "/tests/golden";
+    for (const std::string_view name : {"bookshop", "everything.yaml", "parameters.yaml"}) {
+        GeneratedProject project = test_support::generate<Plugin>(test_support::generatorDocument(name));
+        const auto utils = project.files.extract("out/src/utils.ts"); // the same for all
+        ASSERT_FALSE(utils.empty()) << name;
+        test_support::expectGolden(utils.mapped(), golden / "utils.ts");
+        expectGoldenFolder(project, golden / std::filesystem::path(name).stem());
+    }
 }
 
 /// What stands in the blocks of code of a page that are in `language`.
@@ -49,33 +46,6 @@ TEST(FetchPlugin, exampleOfTheManualIsWhatIsGenerated) {
         test_support::generate<Plugin>(folder.write("api.yaml", codeOf(page, "yaml").at(0)));
     EXPECT_EQ(project.files.at("out/src/actions.ts"), sources.at(0));
     EXPECT_EQ(project.files.at("out/src/index.ts"), sources.at(1));
-}
-
-TEST(FetchPlugin, documentWithoutOperationsHasEmptyActions) {
-    const GeneratedProject project = generateFrom("  /a: {}\n");
-    EXPECT_EQ(project.files.size(), 5U);
-    EXPECT_EQ(project.files.at("out/src/actions.ts"), "");
-    EXPECT_EQ(project.files.at("out/src/types.ts"), "");
-    EXPECT_EQ(project.files.at("out/src/formatters.ts"), "");
-}
-
-TEST(FetchPlugin, operationsOfOneNameWriteNothing) {
-    const GeneratedProject project = generateFrom("  /a: {get: {responses: {}}, put: {responses: {}}}\n");
-    EXPECT_EQ(project.failure, "Function already exists temp");
-    EXPECT_TRUE(project.files.empty());
-}
-
-TEST(FetchPlugin, parameterOfTheQueryIsAskedForBesideOthersOfItsName) {
-    const GeneratedProject project = generateFrom(
-        "  /a:\n    parameters: [{name: x, in: header, schema: {}}, {name: y, in: query, schema: {}}]\n"
-        "    get:\n      parameters: [{name: x, in: query, schema: {}},"
-        " {name: y, in: cookie, schema: {}}]\n      responses: {}\n");
-    EXPECT_EQ(project.failure, "");
-    const std::string& actions = project.files.at("out/src/actions.ts");
-    for (const std::string_view line :
-         {"addQueryParam(url, \"x\", params.x);\n", "addQueryParam(url, \"y\", params.y);\n",
-          "if (params.x) headerParameters['x'] = params.x;\n"})
-        EXPECT_NE(actions.find(line), std::string::npos) << line << actions;
 }
 
 } // namespace
