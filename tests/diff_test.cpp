@@ -82,7 +82,7 @@ void expectNothingButTheVersion(const openapi::ReadResult& read, const openapi::
     for (const auto& difference : test_support::compareWriteBack(read.source(), written.source())) {
         if (difference.pointer == "/info/version")
             ++versions;
-        else if (difference.kind == test_support::WriteBackClass::Defect)
+        else if (difference.kind == test_support::WriteBackClass::defect)
             ADD_FAILURE() << difference;
     }
     EXPECT_EQ(versions, 1u);

@@ -75,7 +75,7 @@ TEST_P(WriteBackCorpora, comesBackButForWhatIsMeantToBeLost) {
     std::map<std::string_view, int> counts;
     for (const auto& difference : test_support::compareWriteBack(result.source(), *written)) {
         ++counts[difference.kind];
-        if (difference.kind == WriteBackClass::Defect)
+        if (difference.kind == WriteBackClass::defect)
             ADD_FAILURE() << difference;
     }
     std::cout << name_ << ":";

@@ -140,7 +140,7 @@ class Comparison {
         if (source.equals(written))
             sameOrder(source, written);
         else
-            report(W::Defect, source, &written);
+            report(W::defect, source, &written);
     }
 
     /// A member that is there on both sides.
@@ -149,7 +149,7 @@ class Comparison {
         if (isPlain(info.kind) || info.shape == Shape::One)
             place(info.kind, source, written, true);
         else if (!(isList ? source.isArray() && written.isArray() : source.isObject() && written.isObject()))
-            report(W::Defect, source, &written);
+            report(W::defect, source, &written);
         else if (isList)
             elements(info.kind, source, written);
         else
@@ -159,9 +159,9 @@ class Comparison {
     void elements(K kind, const JV& source, const JV& written) {
         for (std::size_t i = 0; i < std::max(source.size(), written.size()); ++i) {
             if (i >= written.size())
-                report(W::Defect, *source.elements()[i], nullptr);
+                report(W::defect, *source.elements()[i], nullptr);
             else if (i >= source.size())
-                report(W::Defect, source.pointer(), nullptr, written.elements()[i]);
+                report(W::defect, source.pointer(), nullptr, written.elements()[i]);
             else
                 place(kind, *source.elements()[i], *written.elements()[i], true);
         }
@@ -172,11 +172,11 @@ class Comparison {
             if (const JV* other = written.get(entry.key); other != nullptr)
                 place(kind, *entry.value, *other, mayRefer);
             else
-                report(W::Defect, *entry.value, nullptr);
+                report(W::defect, *entry.value, nullptr);
         }
         for (const jv::Member entry : written.members())
             if (!source.has(entry.key))
-                report(W::Defect, pointerOf(source, entry.key), nullptr, entry.value);
+                report(W::defect, pointerOf(source, entry.key), nullptr, entry.value);
         order(source, written);
     }
 
@@ -191,24 +191,24 @@ class Comparison {
         else if (source.isObject() && written.isObject())
             object(kindOf(kind, source), source, written);
         else
-            report(W::Defect, source, &written);
+            report(W::defect, source, &written);
     }
 
     void booleanSchema(const JV& source, const JV& written) {
         const JV* schema = source.boolean() ? &written : memberOf(written, "not");
         const bool isObject = schema != nullptr && schema->isObject() && schema->size() == 0 &&
                               written.size() == (source.boolean() ? 0U : 1U);
-        report(isObject ? W::BooleanSchema : W::Defect, source, &written);
+        report(isObject ? W::booleanSchema : W::defect, source, &written);
     }
 
     void reference(K kind, const JV& source, const JV& written) {
         const JV* before = source.get("$ref");
         const JV* after = memberOf(written, "$ref");
         if (after == nullptr || !after->isString() || !before->isString())
-            return report(W::Defect, *before, after);
+            return report(W::defect, *before, after);
         if (before->text() != after->text())
-            report(after->text() == canonicalReference(kind, before->text()) ? W::CanonicalReference
-                                                                             : W::Defect,
+            report(after->text() == canonicalReference(kind, before->text()) ? W::canonicalReference
+                                                                             : W::defect,
                    *before, after);
         const auto keeps = [&](std::string_view key) {
             return kind != K::Schema && (key == "summary" || key == "description" || key.starts_with("x-"));
@@ -220,7 +220,7 @@ class Comparison {
             if (keeps(sibling.key) && other != nullptr)
                 any(*sibling.value, *other);
             else
-                report(keeps(sibling.key) || other != nullptr ? W::Defect : W::ReferenceSibling,
+                report(keeps(sibling.key) || other != nullptr ? W::defect : W::referenceSibling,
                        *sibling.value, other);
         }
         additions(K::Any, source, written, {});
@@ -262,7 +262,7 @@ class Comparison {
             if (info == nullptr && !entry.key.starts_with("x-"))
                 unknown(kind, entry.key, *entry.value, other);
             else if (info != nullptr && info->family == Family::Only31 && isVersion30_)
-                report(other == nullptr ? W::Form30DropsKeyword : W::Defect, *entry.value, other);
+                report(other == nullptr ? W::form30DropsKeyword : W::defect, *entry.value, other);
             else if (other == nullptr)
                 absent(kind, info, source, *entry.value);
             else if (info == nullptr)
@@ -276,33 +276,33 @@ class Comparison {
 
     void unknown(K kind, std::string_view key, const JV& source, const JV* written) {
         if (written != nullptr)
-            report(W::Defect, source, written);
+            report(W::defect, source, written);
         else if (kind == K::Schema && key == "$ref")
-            report(W::ReferenceInDefinitions, source, nullptr);
+            report(W::referenceInDefinitions, source, nullptr);
         else
-            report(W::UnknownMember, source, nullptr);
+            report(W::unknownMember, source, nullptr);
     }
 
     /// A known member of the source that was not written.
     void absent(K kind, const MemberInfo* info, const JV& object, const JV& source) {
         if (info == nullptr)
-            return report(W::Defect, source, nullptr);
+            return report(W::defect, source, nullptr);
         const std::string_view key = info->key;
         if (key == "examples" && kind != K::Schema && object.has("example"))
-            return report(W::ExamplesBesideExample, source, nullptr);
+            return report(W::examplesBesideExample, source, nullptr);
         if (key == "content" && object.has("schema"))
-            return report(W::ContentBesideSchema, source, nullptr);
+            return report(W::contentBesideSchema, source, nullptr);
         if (kind == K::Link && key == "operationId" && object.has("operationRef"))
-            return report(W::OperationIdBesideRef, source, nullptr);
+            return report(W::operationIdBesideRef, source, nullptr);
         if (info->kind == K::Text && source.isNull())
-            return report(W::NullLeftOut, source, nullptr);
+            return report(W::nullLeftOut, source, nullptr);
         const bool isContainer = source.isArray() || source.isObject();
         if (info->whenEmpty == WhenEmpty::Kept || !isContainer)
-            return report(W::Defect, source, nullptr);
+            return report(W::defect, source, nullptr);
         if (source.size() == 0)
-            return report(W::EmptyLeftOut, source, nullptr);
+            return report(W::emptyLeftOut, source, nullptr);
         if (isPlain(info->kind))
-            return report(W::Defect, source, nullptr);
+            return report(W::defect, source, nullptr);
         member(*info, source, emptyLike(source)); // tells what became of all that it held
     }
 
@@ -317,7 +317,7 @@ class Comparison {
                                      (kind == K::OAuth2Scheme && entry.key == "flows" && isEmptyObject) ||
                                      (kind == K::PathParameter && entry.key == "required" &&
                                       entry.value->isBoolean() && entry.value->boolean());
-            report(isMandatory ? W::MandatoryMemberAdded : W::Defect, pointerOf(source, entry.key), nullptr,
+            report(isMandatory ? W::mandatoryMemberAdded : W::defect, pointerOf(source, entry.key), nullptr,
                    entry.value);
         }
     }
@@ -326,7 +326,7 @@ class Comparison {
         if (const JV* deprecated = source.get("deprecated");
             deprecated != nullptr && deprecated->isBoolean() && !deprecated->boolean()) {
             const JV* other = written.get("deprecated");
-            report(other == nullptr ? W::FalseDeprecated : W::Defect, *deprecated, other);
+            report(other == nullptr ? W::falseDeprecated : W::defect, *deprecated, other);
             done.insert("deprecated");
         }
         const JV* tags = source.get("tags");
@@ -339,11 +339,11 @@ class Comparison {
             if (tag->isString() && declaredTags_.contains(tag->text()))
                 declared.push_back(tag);
             else
-                report(W::UndeclaredTag, *tag, nullptr);
+                report(W::undeclaredTag, *tag, nullptr);
         }
         const JV& remaining = other == nullptr ? emptyLike(*tags) : *other;
         if (!sameElements(declared, remaining))
-            report(W::Defect, *tags, other);
+            report(W::defect, *tags, other);
     }
 
     [[nodiscard]] static bool sameElements(const std::vector<const JV*>& expected, const JV& actual) {
@@ -390,31 +390,31 @@ class Comparison {
         const bool asExpected =
             expected == nullptr || actual == nullptr ? expected == actual : actual->equals(*expected);
         if (!asExpected)
-            report(W::Defect, pointerOf(source, "type"), type, actual);
+            report(W::defect, pointerOf(source, "type"), type, actual);
         else if (nullable != nullptr)
-            report(W::NullableAsType, *nullable, actual);
+            report(W::nullableAsType, *nullable, actual);
         else if (type->size() == 0 && type->isArray())
-            report(W::EmptyLeftOut, *type, actual);
+            report(W::emptyLeftOut, *type, actual);
         else if (expected == nullptr) // all that it held is no type
-            report(W::Defect, *type, actual);
+            report(W::defect, *type, actual);
         else if (!type->equals(*expected))
-            report(W::TypesAsSet, *type, actual);
+            report(W::typesAsSet, *type, actual);
         if (const JV* kept = written.get("nullable"); kept != nullptr)
-            report(W::Defect, pointerOf(source, "nullable"), nullable, kept);
+            report(W::defect, pointerOf(source, "nullable"), nullable, kept);
     }
 
     void constant(const JV& source, const JV& written, Keys& done) {
         if (const JV* constant = source.get("const"); constant != nullptr) {
             const JV* list = written.get("enum");
             report(list != nullptr && sameElements({constant}, *list) && !written.has("const")
-                       ? W::ConstAsEnum
-                       : W::Defect,
+                       ? W::constAsEnum
+                       : W::defect,
                    *constant, list);
             if (list != nullptr && list->isArray() && list->size() == 1)
                 sameOrder(*constant, *list->elements()[0]);
             done.insert({"const", "enum"});
         } else if (const JV* list = source.get("enum"); list != nullptr && !list->isArray()) {
-            report(written.has("enum") ? W::Defect : W::EnumOfOtherKind, *list, written.get("enum"));
+            report(written.has("enum") ? W::defect : W::enumOfOtherKind, *list, written.get("enum"));
             done.insert("enum");
         }
     }
@@ -423,7 +423,7 @@ class Comparison {
         const JV* required = source.get("required");
         const JV* other = written.get("required");
         if (required != nullptr && !required->isArray()) {
-            report(other == nullptr ? W::RequiredOfOtherKind : W::Defect, *required, other);
+            report(other == nullptr ? W::requiredOfOtherKind : W::defect, *required, other);
             done.insert("required");
             return;
         }
@@ -437,7 +437,7 @@ class Comparison {
                 expected.push_back(name);
         const JV& names = other == nullptr ? emptyLike(*required) : *other;
         const bool asExpected = expected.size() != required->size() && sameElements(expected, names);
-        report(asExpected ? W::RequiredAsSet : W::Defect, *required, other);
+        report(asExpected ? W::requiredAsSet : W::defect, *required, other);
     }
 
     void definitions(const JV& source, const JV& written, Keys& done) {
@@ -449,7 +449,7 @@ class Comparison {
         const JV* other = written.get(name);
         if (renamed == nullptr || other == nullptr || source.has(name))
             return;
-        report(W::DefinitionsRenamed, *renamed, other);
+        report(W::definitionsRenamed, *renamed, other);
         member(*findMember(K::Schema, name), *renamed, *other);
         done.insert({name, otherName});
     }
@@ -468,7 +468,7 @@ class Comparison {
             if (!source.has(key))
                 expected.push_back(key);
         if (&written != &emptyLike(written) && expected != after)
-            differences_.push_back({source.pointer(), W::Defect, joined(before), joined(after)});
+            differences_.push_back({source.pointer(), W::defect, joined(before), joined(after)});
     }
 
     /// The same for all objects in two values that are equal.
