@@ -83,7 +83,7 @@ std::optional<std::string> largestDocument(const std::string& kind, const std::s
     std::sort(documents.begin(), documents.end(),
               [](const fs::path& a, const fs::path& b) { return fs::file_size(a) > fs::file_size(b); });
     for (const fs::path& document : documents)
-        if (const std::optional<std::string> copy = readableCopy(document, folder)) {
+        if (std::optional<std::string> copy = readableCopy(document, folder)) {
             try {
                 Outputs().run(generating(kind, generator, *copy));
                 return copy;
