@@ -94,11 +94,7 @@ class Explorer {
             }
             return;
         case Kind::Character:
-            for (const std::uint32_t symbol : alphabet_.ofLabel[state.value]) {
-                for (const ContextId context : contexts_.behind(place.context, symbol))
-                    explored_.edges.add(
-                        {nodeOf(state.next, context, next_), symbol, noMark, weights_[symbol]});
-            }
+            lookAtCharacter(state, place.context);
             return;
         default:
             break;
@@ -110,6 +106,14 @@ class Explorer {
         }
         for (const ContextId context : contexts_.holding(place.context, state))
             addSilent(state.next, context, noMark, 1);
+    }
+
+    void lookAtCharacter(const State& state, ContextId context) {
+        const Mark mark = state.value == nfa_.paddingLabel ? paddingMark : noMark;
+        for (const std::uint32_t symbol : alphabet_.ofLabel[state.value]) {
+            for (const ContextId behind : contexts_.behind(context, symbol))
+                explored_.edges.add({nodeOf(state.next, behind, next_), symbol, mark, weights_[symbol]});
+        }
     }
 
     const Nfa& nfa_;

@@ -31,6 +31,7 @@ class NfaCompiler {
     explicit NfaCompiler(const regex::SyntaxTree& tree) : tree_(tree) {
         nfa_.labels = tree.sets;
         nfa_.marks = startMark + 1;
+        nfa_.paddingLabel = labelOf({{0, regex::lastCodePoint}});
     }
 
     Nfa compile() {
@@ -58,8 +59,7 @@ class NfaCompiler {
     }
 
     std::uint32_t paddingBefore(std::uint32_t next) {
-        const regex::CharSet any{{0, regex::lastCodePoint}};
-        const std::uint32_t padding = add({.kind = StateKind::Character, .value = labelOf(any)});
+        const std::uint32_t padding = add({.kind = StateKind::Character, .value = nfa_.paddingLabel});
         const std::uint32_t split = addSplit({{next, noMark, 1}, {padding, paddingMark, 0}});
         nfa_.states[padding].next = split;
         return split;

@@ -59,6 +59,7 @@ struct Nfa {
     std::uint32_t start = 0;
     /// The same with text in front of the match. Behind it there is a split with an edge of paddingMark.
     std::uint32_t paddedStart = 0;
+    std::uint32_t paddingLabel = 0; ///< of the states that consume such text, and of no others
     std::uint32_t marks = 0; ///< how many numbers are given away, noMark and startMark included
     bool hasBoundaries = false;
 

@@ -74,14 +74,30 @@ void RandomPaths::walk(const Draw& draw, Speller& speller) const {
     }
 }
 
+/// The length of the shortest path that goes on with an edge.
+std::optional<Length> RandomPaths::lengthBy(const Edge& edge, Length done) const {
+    const Length behind = done + edge.length();
+    if (behind > max_)
+        return std::nullopt;
+    const auto length = lengths_[edge.target].atLeast(min_ > behind ? min_ - behind : 0);
+    if (!length || *length > max_ - behind)
+        return std::nullopt;
+    return behind + *length;
+}
+
 const Edge& RandomPaths::choose(std::uint32_t node, Length done, const Draw& draw) const {
     const auto edges = graph_.edges.of(node);
+    if (edges.size() == 1)
+        return edges.front();
+    // Text around a match ends as soon as it can.
+    Length longest = max_;
+    if (edges.front().mark == paddingMark) {
+        for (const Edge& edge : edges)
+            longest = std::min(longest, lengthBy(edge, done).value_or(max_));
+    }
     const auto leadsOn = [&](const Edge& edge) {
-        const Length behind = done + edge.length();
-        if (behind > max_)
-            return false;
-        const auto length = lengths_[edge.target].atLeast(min_ > behind ? min_ - behind : 0);
-        return length && *length <= max_ - behind;
+        const std::optional<Length> length = lengthBy(edge, done);
+        return length && *length <= longest;
     };
     std::uint64_t total = 0;
     std::uint64_t count = 0;

@@ -28,6 +28,7 @@ class RandomPaths {
 
   private:
     [[nodiscard]] Length longestNeeded() const;
+    [[nodiscard]] std::optional<Length> lengthBy(const Edge& edge, Length done) const;
     [[nodiscard]] const Edge& choose(std::uint32_t node, Length done, const Draw& draw) const;
 
     const Graph& graph_;
