@@ -1,6 +1,6 @@
 #include "egret/contexts.h"
 
-#include <algorithm>     // std::ranges::binary_search, std::ranges::find, std::ranges::sort, std::unique
+#include <algorithm> // std::ranges::binary_search, std::ranges::find, std::ranges::includes, std::ranges::sort
 #include <unordered_set> // std::unordered_set
 #include <utility>       // std::move
 
@@ -11,7 +11,10 @@ namespace {
 using Kind = State::Kind;
 
 /// Of all contexts of a search: states looked at, copied and kept.
-constexpr std::uint64_t mostContextSteps = 10'000'000;
+constexpr std::uint64_t mostContextSteps = 3'000'000;
+
+/// Of one place, with one another.
+constexpr std::size_t mostComparedContexts = 100;
 
 constexpr std::uint32_t mustMatch(std::uint32_t state) {
     return state * 2;
@@ -185,7 +188,28 @@ std::vector<ContextId> Contexts::settle(Draft first) {
         result.push_back(intern(draft.context));
     }
     sortUnique(result);
+    dropDemanding(result);
     return result;
+}
+
+/// Leaves out what owes all that another one owes, and more: nothing follows it that cannot follow the other.
+void Contexts::dropDemanding(std::vector<ContextId>& ids) const {
+    if (ids.size() > mostComparedContexts)
+        return;
+    const auto isWorse = [this](const Context& left, const Context& right) {
+        return (left.following & ~right.following) == 0 && left.waiting == right.waiting &&
+               left.held == right.held && std::ranges::includes(left.owed, right.owed);
+    };
+    std::vector<ContextId> kept;
+    for (std::size_t i = 0; i < ids.size(); ++i) {
+        // They differ, so that no two of them are worse than each other.
+        const auto beats = [&](ContextId other) {
+            return other != ids[i] && isWorse(contexts_[ids[i]], contexts_[other]);
+        };
+        if (std::ranges::none_of(ids, beats))
+            kept.push_back(ids[i]);
+    }
+    ids = std::move(kept);
 }
 
 /// False when the draft has come to a contradiction; what was decided otherwise is in `others`.

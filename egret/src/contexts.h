@@ -66,6 +66,7 @@ class Contexts {
     [[nodiscard]] bool isKnown(std::uint64_t question, Ids& answer) const;
     [[nodiscard]] bool spend(std::size_t steps);
     [[nodiscard]] std::vector<ContextId> settle(Draft first);
+    void dropDemanding(std::vector<ContextId>& ids) const;
     bool closeLookbehinds(Draft& draft, std::vector<Draft>& others);
     void closeState(Draft& draft, std::uint32_t state, std::vector<Draft>& others) const;
     bool payOwed(Draft& draft, std::vector<Draft>& others);

@@ -12,8 +12,8 @@ namespace {
 
 using Kind = State::Kind;
 
-constexpr std::size_t mostNodes = 1'000'000;
-constexpr std::size_t mostEdges = 2'500'000;
+constexpr std::size_t mostNodes = 600'000;
+constexpr std::size_t mostEdges = 1'500'000;
 
 /// What was met, nodes by their numbers.
 struct Explored {

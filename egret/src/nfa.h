@@ -60,7 +60,7 @@ struct Nfa {
     /// The same with text in front of the match. Behind it there is a split with an edge of paddingMark.
     std::uint32_t paddedStart = 0;
     std::uint32_t paddingLabel = 0; ///< of the states that consume such text, and of no others
-    std::uint32_t marks = 0; ///< how many numbers are given away, noMark and startMark included
+    std::uint32_t marks = 0;        ///< how many numbers are given away, noMark and startMark included
     bool hasBoundaries = false;
 
     [[nodiscard]] std::span<const Branch> branchesOf(const State& split) const {

@@ -9,10 +9,10 @@
 #include "regex/pattern.h"
 #include "regex/syntax.h"
 
-#include <algorithm> // std::ranges::any_of
-#include <array>     // std::array
+#include <algorithm> // std::min, std::ranges::any_of, std::ranges::stable_sort
+#include <cstddef>   // std::size_t
 #include <set>       // std::set
-#include <utility>   // std::move
+#include <utility>   // std::move, std::pair
 
 namespace specloom::egret {
 
@@ -22,6 +22,9 @@ namespace {
 constexpr std::uint64_t mostCoveringCharacters = 4'000'000;
 /// Strings that are made where some may not match, to find one that does.
 constexpr int triesOfInexact = 200;
+
+/// Steps of the matcher, as far as they are known before, for all strings of a call.
+constexpr std::uint64_t mostJudgingSteps = 500'000'000;
 
 /// Numbers that look drawn, the same each time (the generator SplitMix64).
 class FixedDraws {
@@ -88,10 +91,6 @@ struct Strings::Impl {
         return lazy.conditions == Conditions::Ignored && canDecide() && !std::ranges::any_of(graphs, isCut);
     }
 
-    [[nodiscard]] bool matches(const std::string& text) const {
-        return pattern.search(text) == regex::Pattern::Outcome::Match;
-    }
-
     regex::Pattern pattern;
     Nfa nfa;
     Alphabet alphabet;
@@ -106,13 +105,63 @@ Strings::Strings(Strings&&) noexcept = default;
 Strings& Strings::operator=(Strings&&) noexcept = default;
 Strings::~Strings() = default;
 
+namespace {
+
+/// Asks the pattern about strings, and keeps account of what it costs.
+class Judge {
+  public:
+    Judge(const regex::Pattern& pattern, const Nfa& nfa) : pattern_(pattern), states_(nfa.states.size()) {}
+
+    [[nodiscard]] bool isExhausted() const noexcept { return steps_ >= mostJudgingSteps; }
+
+    bool matches(const std::string& text) {
+        steps_ += std::min<std::uint64_t>((text.size() + 1) * states_, regex::Pattern::maxSteps);
+        return pattern_.search(text) == regex::Pattern::Outcome::Match;
+    }
+
+  private:
+    const regex::Pattern& pattern_;
+    std::uint64_t states_;
+    std::uint64_t steps_ = 0;
+};
+
+/// The strings of a covering set, each once.
+class CoveringSet {
+  public:
+    void add(std::size_t length, const std::string& text) {
+        if (known_.insert(text).second)
+            texts_.emplace_back(length, text);
+    }
+    [[nodiscard]] bool isEmpty() const noexcept { return texts_.empty(); }
+
+    /// The shortest ones first.
+    [[nodiscard]] std::vector<std::string> take() {
+        std::ranges::stable_sort(texts_, {}, &Text::first);
+        std::vector<std::string> result;
+        for (Text& text : texts_)
+            result.push_back(std::move(text.second));
+        return result;
+    }
+
+  private:
+    using Text = std::pair<std::size_t, std::string>;
+
+    std::vector<Text> texts_;
+    std::set<std::string> known_;
+};
+
+std::string textOf(const Path& path, const std::vector<Palette>& palettes, const Draw& draw) {
+    Speller speller(palettes, draw);
+    for (const std::uint32_t symbol : path)
+        speller.add(symbol);
+    return speller.take();
+}
+
+} // namespace
+
 std::vector<std::string> Strings::covering(const Lengths& lengths) const {
-    struct Text {
-        std::size_t length;
-        std::string text;
-    };
-    std::vector<Text> texts;
-    std::set<std::string> known;
+    CoveringSet found;
+    Judge judge(impl_->pattern, impl_->nfa);
     Marks covered(impl_->nfa.marks, false);
     std::uint64_t budget = mostCoveringCharacters;
     FixedDraws fixed;
@@ -120,27 +169,23 @@ std::vector<std::string> Strings::covering(const Lengths& lengths) const {
     for (Impl::LazyGraph& lazy : impl_->graphs) {
         if (impl_->isSettled(lazy))
             break;
-        const Graph& graph = impl_->graphOf(lazy);
-        Marks marks = covered;
-        for (const Path& path : coveringPaths(graph, lengths, marks, budget)) {
-            Speller speller(impl_->palettes, draw);
-            for (const std::uint32_t symbol : path)
-                speller.add(symbol);
-            std::string text = speller.take();
-            if (path.size() >= lengths.min && path.size() <= lengths.max && impl_->matches(text) &&
-                known.insert(text).second)
-                texts.push_back({path.size(), std::move(text)});
+        for (const Path& path : coveringPaths(impl_->graphOf(lazy), lengths, covered, budget)) {
+            if (judge.isExhausted())
+                break;
+            const std::string text = textOf(path, impl_->palettes, draw);
+            if (path.size() >= lengths.min && path.size() <= lengths.max && judge.matches(text))
+                found.add(path.size(), text);
         }
-        covered = marks;
     }
-    std::ranges::stable_sort(texts, {}, &Text::length);
-    std::vector<std::string> result;
-    for (Text& text : texts)
-        result.push_back(std::move(text.text));
-    return result;
+    if (found.isEmpty()) {
+        if (const std::optional<std::string> text = random(lengths, draw))
+            found.add(0, *text);
+    }
+    return found.take();
 }
 
 std::optional<std::string> Strings::random(const Lengths& lengths, const Draw& draw) const {
+    Judge judge(impl_->pattern, impl_->nfa);
     for (Impl::LazyGraph& lazy : impl_->graphs) {
         if (impl_->isSettled(lazy))
             break;
@@ -148,11 +193,11 @@ std::optional<std::string> Strings::random(const Lengths& lengths, const Draw& d
         if (paths.isEmpty())
             continue;
         const int tries = lazy.conditions == Conditions::Ignored ? triesOfInexact : 1;
-        for (int i = 0; i < tries; ++i) {
+        for (int i = 0; i < tries && !judge.isExhausted(); ++i) {
             Speller speller(impl_->palettes, draw);
             paths.walk(draw, speller);
             std::string text = speller.take();
-            if (impl_->matches(text))
+            if (judge.matches(text))
                 return text;
         }
     }

@@ -26,7 +26,8 @@ std::string RandomPatterns::sequence(int depth) {
 }
 
 std::string RandomPatterns::atom(int depth) {
-    static constexpr std::array characters = {"a", "b", "-", "[ab]", "[^a]", "\\w", "\\W", ".", "[a-c]", "[-c]"};
+    static constexpr std::array characters = {"a",   "b",   "-", "[ab]",  "[^a]",
+                                              "\\w", "\\W", ".", "[a-c]", "[-c]"};
     static constexpr std::array places = {"^", "$", "\\b", "\\B"};
     static constexpr std::array openings = {"(?=", "(?!", "(?<=", "(?<!"};
     const std::uint32_t kind = below(depth > 0 ? 10 : 7);
