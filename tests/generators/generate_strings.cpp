@@ -103,8 +103,9 @@ void write(const Use& use, std::mt19937_64& numbers) {
     } catch (const regex::SyntaxError& error) {
         outcome = fmt::format("\"refusal\":{}", toJsonLiteral(error.what()));
     }
-    fmt::print("{{\"pattern\":{},\"minLength\":{},\"maxLength\":{},{}}}\n", toJsonLiteral(use.pattern),
-               use.min, use.max == UINT64_MAX ? "null" : std::to_string(use.max), outcome);
+    fmt::print("{{\"pattern\":{},\"minLength\":{},\"maxLength\":{},\"drawn\":{},{}}}\n",
+               toJsonLiteral(use.pattern), use.min, use.max == UINT64_MAX ? "null" : std::to_string(use.max),
+               use.drawn, outcome);
 }
 
 } // namespace
