@@ -21,7 +21,7 @@ def main():
                  for file in sorted((corpus / folder).rglob("*")) if file.suffix in (".json", ".yaml", ".yml")]
     with open(strings, "wb") as out:
         subprocess.run([sys.argv[2], *documents], stdout=out, stderr=subprocess.DEVNULL, check=True)
-    return subprocess.run(["node", HERE / "pattern_strings.mjs", strings, ".^"]).returncode
+    return subprocess.run(["node", HERE / "pattern_strings.mjs", strings, ".^", "[]"]).returncode
 
 
 if __name__ == "__main__":
