@@ -196,7 +196,7 @@ std::vector<ContextId> Contexts::settle(Draft first) {
 void Contexts::dropDemanding(std::vector<ContextId>& ids) const {
     if (ids.size() > mostComparedContexts)
         return;
-    const auto isWorse = [this](const Context& left, const Context& right) {
+    const auto isWorse = [](const Context& left, const Context& right) {
         return (left.following & ~right.following) == 0 && left.waiting == right.waiting &&
                left.held == right.held && std::ranges::includes(left.owed, right.owed);
     };

@@ -63,6 +63,15 @@ const Limits declared = {
 const std::set<std::string> inSources = {
     "cli/src/process.cpp enough",
     "cli/src/process.cpp margin",
+    "egret/src/alphabet.cpp mostSymbolsOfLabels",
+    "egret/src/contexts.cpp mostContextSteps",
+    "egret/src/graph.cpp mostEdges",
+    "egret/src/graph.cpp mostNodes",
+    "egret/src/lengths.cpp mostLengthParts",
+    "egret/src/lengths.cpp mostLengthSteps",
+    "egret/src/path_search.h longestString",
+    "egret/src/strings.cpp mostCoveringCharacters",
+    "egret/src/strings.cpp mostJudgingSteps",
     "foundation/src/sibling_file.cpp mostLinks",
     "foundation/src/sibling_file.cpp mostTries",
     "foundation/src/validators/uri.cpp longest",
@@ -78,6 +87,8 @@ const std::set<std::string> inSources = {
 
 /// Constants with a name like that of a limit which no input meets as one, each with its reason.
 const std::set<std::string> noLimits = {
+    "egret/src/contexts.cpp mostComparedContexts",         // what is kept; more changes no result
+    "egret/src/path_search.cpp mostComparedEdges",         // which of several good ways is taken
     "foundation/src/validators/hostname.cpp longestLabel", // what a host name is
     "markdown/src/raw_html.cpp longestReference",          // no name of HTML is longer
     "jv_schema/src/evaluation.cpp mostAnswers",            // what is remembered; forgetting changes no result
