@@ -24,7 +24,7 @@ constexpr std::uint64_t mostCoveringCharacters = 4'000'000;
 constexpr int triesOfInexact = 200;
 
 /// Steps of the matcher, as far as they are known before, for all strings of a call.
-constexpr std::uint64_t mostJudgingSteps = 500'000'000;
+constexpr std::uint64_t mostJudgingSteps = 200'000'000;
 
 /// Numbers that look drawn, the same each time (the generator SplitMix64).
 class FixedDraws {
