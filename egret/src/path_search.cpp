@@ -63,15 +63,18 @@ Length RandomPaths::longestNeeded() const {
     return longest;
 }
 
-void RandomPaths::walk(const Draw& draw, Speller& speller) const {
+bool RandomPaths::walk(const Draw& draw, Speller& speller) const {
     Length done = 0;
     for (std::uint32_t node = graph_.start; node != graph_.accept;) {
-        const Edge& edge = choose(node, done, draw);
-        if (edge.symbol != noSymbol)
-            speller.add(edge.symbol);
-        done += edge.length();
-        node = edge.target;
+        const Edge* const edge = choose(node, done, draw);
+        if (edge == nullptr)
+            return false;
+        if (edge->symbol != noSymbol)
+            speller.add(edge->symbol);
+        done += edge->length();
+        node = edge->target;
     }
+    return true;
 }
 
 /// The length of the shortest path that goes on with an edge.
@@ -85,10 +88,10 @@ std::optional<Length> RandomPaths::lengthBy(const Edge& edge, Length done) const
     return behind + *length;
 }
 
-const Edge& RandomPaths::choose(std::uint32_t node, Length done, const Draw& draw) const {
+const Edge* RandomPaths::choose(std::uint32_t node, Length done, const Draw& draw) const {
     const auto edges = graph_.edges.of(node);
     if (edges.size() == 1)
-        return edges.front();
+        return &edges.front();
     // Text around a match ends as soon as it can.
     Length longest = max_;
     if (edges.front().mark == paddingMark) {
@@ -110,17 +113,17 @@ const Edge& RandomPaths::choose(std::uint32_t node, Length done, const Draw& dra
         last = &edge;
     }
     if (count < 2)
-        return *last;
+        return last;
     std::uint64_t drawn = draw(total == 0 ? count : total);
     for (const Edge& edge : edges) {
         const std::uint64_t share = total == 0 ? 1 : edge.weight;
         if (!leadsOn(edge))
             continue;
         if (drawn < share)
-            return edge;
+            return &edge;
         drawn -= share;
     }
-    return *last; // for a draw beyond its bound
+    return last; // for a draw beyond its bound
 }
 
 namespace {

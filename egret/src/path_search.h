@@ -23,13 +23,14 @@ class RandomPaths {
 
     /// Whether there is a path of such a length.
     [[nodiscard]] bool isEmpty() const noexcept { return !shortest_; }
-    /// Draws a path by the weights of edges, and its text. Only when there is one.
-    void walk(const Draw& draw, Speller& speller) const;
+    /// Draws a path by the weights of edges, and its text. False when there is none.
+    bool walk(const Draw& draw, Speller& speller) const;
 
   private:
     [[nodiscard]] Length longestNeeded() const;
     [[nodiscard]] std::optional<Length> lengthBy(const Edge& edge, Length done) const;
-    [[nodiscard]] const Edge& choose(std::uint32_t node, Length done, const Draw& draw) const;
+    /// Null when none leads on, which no walk comes to that begins where there is a path.
+    [[nodiscard]] const Edge* choose(std::uint32_t node, Length done, const Draw& draw) const;
 
     const Graph& graph_;
     Length min_ = 0;

@@ -195,7 +195,8 @@ std::optional<std::string> Strings::random(const Lengths& lengths, const Draw& d
         const int tries = lazy.conditions == Conditions::Ignored ? triesOfInexact : 1;
         for (int i = 0; i < tries && !judge.isExhausted(); ++i) {
             Speller speller(impl_->palettes, draw);
-            paths.walk(draw, speller);
+            if (!paths.walk(draw, speller))
+                break;
             std::string text = speller.take();
             if (judge.matches(text))
                 return text;
