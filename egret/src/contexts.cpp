@@ -8,7 +8,7 @@ namespace specloom::egret {
 
 namespace {
 
-using Kind = State::Kind;
+using StateKind = State::Kind;
 
 /// Of all contexts of a search: states looked at, copied and kept.
 constexpr std::uint64_t mostContextSteps = 3'000'000;
@@ -39,7 +39,7 @@ bool promise(Context& context, std::uint8_t following) {
 
 /// What has to follow for a condition of the text's end or of a word's.
 std::uint8_t followingOf(const Context& context, const State& condition) {
-    if (condition.kind == Kind::TextEnd)
+    if (condition.kind == StateKind::TextEnd)
         return TheEnd;
     const std::uint8_t boundary = context.behindWord ? TheEnd | OtherCharacter : WordCharacter;
     return condition.negated ? allBut(boundary) : boundary;
@@ -110,11 +110,11 @@ Contexts::Ids Contexts::holding(ContextId context, const State& condition) {
 std::vector<ContextId> Contexts::holdingNow(const Context& context, const State& condition) {
     Context result = context;
     switch (condition.kind) {
-    case Kind::TextStart:
+    case StateKind::TextStart:
         if (!context.atStart)
             return {};
         break;
-    case Kind::Lookaround: {
+    case StateKind::Lookaround: {
         const Nfa::Body& body = nfa_.lookarounds[condition.value];
         if (!body.behind)
             return settle({.context = result,
@@ -241,22 +241,22 @@ bool Contexts::closeLookbehinds(Draft& draft, std::vector<Draft>& others) {
 void Contexts::closeState(Draft& draft, std::uint32_t number, std::vector<Draft>& others) const {
     const State& state = nfa_.states[number];
     switch (state.kind) {
-    case Kind::Match:
+    case StateKind::Match:
         draft.context.held.push_back(draft.lookaround);
         return;
-    case Kind::Split:
+    case StateKind::Split:
         for (const Branch& branch : nfa_.branchesOf(state))
             draft.closing.push_back(branch.target);
         return;
-    case Kind::Character:
+    case StateKind::Character:
         draft.context.waiting.push_back(number);
         return;
-    case Kind::TextStart:
+    case StateKind::TextStart:
         if (draft.context.atStart)
             draft.closing.push_back(state.next);
         return;
-    case Kind::TextEnd:
-    case Kind::WordBoundary: {
+    case StateKind::TextEnd:
+    case StateKind::WordBoundary: {
         const std::uint8_t following = followingOf(draft.context, state);
         others.push_back(draft);
         others.back().context.following &= allBut(following);
@@ -264,7 +264,7 @@ void Contexts::closeState(Draft& draft, std::uint32_t number, std::vector<Draft>
         draft.closing.push_back(state.next);
         return;
     }
-    case Kind::Lookaround:
+    case StateKind::Lookaround:
         break;
     }
     const Nfa::Body& body = nfa_.lookarounds[state.value];
@@ -302,14 +302,14 @@ bool Contexts::followOwed(Draft& draft, std::uint32_t number, std::vector<Draft>
     const State& state = nfa_.states[number];
     std::uint32_t next = state.next;
     switch (state.kind) {
-    case Kind::Match:
+    case StateKind::Match:
         draft.path.clear();
         return true;
-    case Kind::Character:
+    case StateKind::Character:
         draft.path.clear();
         draft.context.owed.push_back(mustMatch(number));
         return true;
-    case Kind::Split: {
+    case StateKind::Split: {
         if (std::ranges::find(draft.path, number) != draft.path.end())
             return false;
         draft.path.push_back(number);
@@ -321,16 +321,16 @@ bool Contexts::followOwed(Draft& draft, std::uint32_t number, std::vector<Draft>
         next = branches.front().target;
         break;
     }
-    case Kind::TextStart:
+    case StateKind::TextStart:
         if (!draft.context.atStart)
             return false;
         break;
-    case Kind::TextEnd:
-    case Kind::WordBoundary:
+    case StateKind::TextEnd:
+    case StateKind::WordBoundary:
         if (!promise(draft.context, followingOf(draft.context, state)))
             return false;
         break;
-    case Kind::Lookaround: {
+    case StateKind::Lookaround: {
         const Nfa::Body& body = nfa_.lookarounds[state.value];
         if (!body.behind) {
             // Below what this one goes on with.
@@ -355,26 +355,26 @@ bool Contexts::followForbidden(Draft& draft, std::uint32_t number, std::vector<D
     const State& state = nfa_.states[number];
     bool holds = true;
     switch (state.kind) {
-    case Kind::Match:
+    case StateKind::Match:
         return false;
-    case Kind::Character:
+    case StateKind::Character:
         draft.context.owed.push_back(mustNotMatch(number));
         return true;
-    case Kind::Split:
+    case StateKind::Split:
         for (const Branch& branch : nfa_.branchesOf(state))
             draft.agenda.push_back(mustNotMatch(branch.target));
         return true;
-    case Kind::TextStart:
+    case StateKind::TextStart:
         holds = draft.context.atStart;
         break;
-    case Kind::TextEnd:
-    case Kind::WordBoundary:
+    case StateKind::TextEnd:
+    case StateKind::WordBoundary:
         // Either the condition fails, or what is behind it.
         others.push_back(draft);
         if (!promise(others.back().context, allBut(followingOf(draft.context, state))))
             others.pop_back();
         break;
-    case Kind::Lookaround: {
+    case StateKind::Lookaround: {
         const Nfa::Body& body = nfa_.lookarounds[state.value];
         if (body.behind) {
             const auto& held = draft.context.held;

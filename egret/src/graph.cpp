@@ -10,7 +10,7 @@ namespace specloom::egret {
 
 namespace {
 
-using Kind = State::Kind;
+using StateKind = State::Kind;
 
 constexpr std::size_t mostNodes = 600'000;
 constexpr std::size_t mostEdges = 1'500'000;
@@ -84,22 +84,22 @@ class Explorer {
         const Place place = nodes_[node];
         const State& state = nfa_.states[place.state];
         switch (state.kind) {
-        case Kind::Match:
+        case StateKind::Match:
             explored_.ends[node] = contexts_.canEnd(place.context);
             return;
-        case Kind::Split:
+        case StateKind::Split:
             for (const Branch& branch : nfa_.branchesOf(state)) {
                 if (branch.mark != paddingMark || surroundings_ == Surroundings::Text)
                     addSilent(branch.target, place.context, branch.mark, branch.weight);
             }
             return;
-        case Kind::Character:
+        case StateKind::Character:
             lookAtCharacter(state, place.context);
             return;
         default:
             break;
         }
-        const bool canIgnore = state.kind == Kind::WordBoundary || state.kind == Kind::Lookaround;
+        const bool canIgnore = state.kind == StateKind::WordBoundary || state.kind == StateKind::Lookaround;
         if (canIgnore && conditions_ == Conditions::Ignored) {
             addSilent(state.next, place.context, noMark, 1);
             return;

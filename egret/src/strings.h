@@ -24,10 +24,9 @@ using Draw = std::function<std::uint64_t(std::uint64_t bound)>;
 /// is the whole text where it can be; where lengths, boundaries of words or lookarounds ask for more there is
 /// text around it.
 ///
-/// Anchors, boundaries and lookarounds are decided, not tried, and so are lengths: no string is missed, and
-/// none is found only where there is none, as long as the pattern stays within the limits of
-/// docs/security.md. Beyond them strings are tried out, a fixed number of times. Nothing depends on the
-/// clock.
+/// Anchors, boundaries and lookarounds are decided, not tried, and so are lengths: where none is found there
+/// is none, as long as the pattern stays within the limits of docs/security.md. Beyond them strings are tried
+/// out, a fixed number of times. Nothing depends on the clock.
 ///
 /// What was found out about the pattern, and about the lengths that random() was asked for last, is kept: so
 /// it is cheap to ask for the same lengths again. Of one thread.
