@@ -41,7 +41,8 @@ Evidence evidenceOf(const regex::Node& repetition, const regex::SyntaxTree& tree
     return narrow(repeated) ? Evidence::Weak : Evidence::None;
 }
 
-/// Looks from the end on as far as there are classes, which a literal character closes off: in "^/[a-z]+/" and
+/// Looks from the end on as far as there are classes, which a literal character closes off: in "^/[a-z]+/"
+/// and
 /// "^[a-m]" a part is meant.
 Evidence evidenceAt(const regex::Node& alternative, Side side, const regex::SyntaxTree& tree) {
     const std::span<const regex::Node> parts = partsOf(alternative);
