@@ -1,0 +1,449 @@
+#include "jv_generator/gen_factory.h"
+
+#include "jv_generator/composite_parts.h"
+#include "jv_generator/parts.h"
+
+#include <algorithm> // std::ranges::any_of, std::ranges::count_if, std::ranges::sort, std::unique
+#include <array>     // std::to_array
+#include <utility>   // std::move
+
+namespace specloom::jv_generator {
+
+namespace {
+
+/// The kinds of value that are alternatives, in their order.
+constexpr auto kindsInOrder = std::to_array<ValueKinds>({
+    value_kind::null,
+    value_kind::boolean,
+    value_kind::integer,
+    value_kind::fraction,
+    value_kind::string,
+    value_kind::object,
+    value_kind::array,
+});
+
+/// Those of a set. Numbers that may be integers or not are one kind.
+[[nodiscard]] std::vector<ValueKinds> alternativesOf(ValueKinds kinds) {
+    std::vector<ValueKinds> result;
+    for (const ValueKinds kind : kindsInOrder) {
+        const bool isBoth =
+            (kind & value_kind::number) != 0 && (kinds & value_kind::number) == value_kind::number;
+        if (isBoth && kind == value_kind::fraction)
+            continue;
+        if ((kinds & kind) != 0)
+            result.push_back(isBoth ? value_kind::number : kind);
+    }
+    return result;
+}
+
+constexpr std::size_t mostKindsOfTypes = 4; ///< a schema that allows more kinds is taken to be about none
+constexpr std::size_t mostExplored = 4000;  ///< demands in one measure
+
+} // namespace
+
+void refuse(Demand& demand, const jv::JV* schema, std::string_view reason) {
+    demand.state = Demand::State::Impossible;
+    demand.alternatives.clear();
+    demand.part.reset();
+    demand.place = schema;
+    demand.reason = reason;
+}
+
+Demand& GenFactory::demand(std::vector<SchemaId> schemas) {
+    std::ranges::sort(schemas);
+    schemas.erase(std::unique(schemas.begin(), schemas.end()), schemas.end());
+    const auto [known, isNew] = demands_.try_emplace(std::move(schemas));
+    if (isNew) {
+        known->second = std::make_unique<Demand>();
+        known->second->schemas = known->first;
+    }
+    return *known->second;
+}
+
+void GenFactory::build(Demand& demand) {
+    if (demand.state != Demand::State::New)
+        return;
+    demand.state = Demand::State::Impossible; // until it is known
+    Closure closure;
+    try {
+        if (close(demand, closure))
+            makePart(demand, closure);
+    } catch (const regex::SyntaxError& error) {
+        refuse(demand, closure.schemas.empty() ? nullptr : graph_->node(closure.schemas.front()).source,
+               std::string("its pattern cannot be read: ") + error.what());
+    }
+}
+
+/// Adds what the schemas from an index on refer to and require. Returns the first that is false, if any.
+const SchemaNode* GenFactory::extend(Closure& closure, std::size_t from) {
+    for (std::size_t next = from; next < closure.schemas.size(); ++next) {
+        const SchemaNode& node = graph_->node(closure.schemas[next]);
+        if (node.isFalse)
+            return &node;
+        if (node.reference != noSchema)
+            closure.add(node.reference);
+        for (const SchemaId part : node.allOf)
+            closure.add(part);
+    }
+    return nullptr;
+}
+
+/// Adds all that holds with the schemas of a demand. False when that made it a choice or impossible.
+bool GenFactory::close(Demand& demand, Closure& closure) {
+    for (const SchemaId id : demand.schemas)
+        closure.add(id);
+    std::size_t extended = 0;
+    for (bool hasGrown = true; hasGrown;) {
+        if (const SchemaNode* never = extend(closure, extended)) {
+            refuse(demand, never->source, "Cannot generate a JV object for a falsy schema");
+            return false;
+        }
+        extended = closure.schemas.size();
+        hasGrown = false;
+        if (!settleChoices(demand, closure, hasGrown))
+            return false;
+    }
+    return true;
+}
+
+bool GenFactory::admits(const Demand& demand, const jv::JV& value) {
+    Closure closure;
+    for (const SchemaId id : demand.schemas)
+        closure.add(id);
+    if (extend(closure, 0) != nullptr)
+        return false;
+    const MergedSchema merged(*graph_, closure);
+    return merged.admits(*graph_, value) &&
+           (!merged.hasEnumeration || std::ranges::any_of(merged.candidates, [&](const jv::JV* other) {
+               return other->equals(value);
+           }));
+}
+
+/// Makes the demand a choice where one is open. An alternative that holds already is the chosen one.
+bool GenFactory::settleChoices(Demand& demand, Closure& closure, bool& hasGrown) {
+    for (std::size_t i = 0; i < closure.schemas.size(); ++i) {
+        const SchemaId id = closure.schemas[i];
+        const SchemaNode& node = graph_->node(id);
+        const auto holds = [&](SchemaId alternative) { return closure.has(alternative); };
+        for (const std::vector<SchemaId>& alternatives : node.anyOf) {
+            if (std::ranges::any_of(alternatives, holds))
+                continue;
+            choose(demand, closure, alternatives, node.prefersFirst);
+            return false;
+        }
+        if (node.oneOf.empty())
+            continue;
+        const auto chosen = std::ranges::count_if(node.oneOf, holds);
+        if (chosen == 0) {
+            choose(demand, closure, node.oneOf, false);
+            return false;
+        }
+        if (chosen > 1) {
+            refuse(demand, node.source, "two alternatives of its 'oneOf' are asked for at once");
+            return false;
+        }
+        if (!graph_->isToldApart(id))
+            continue;
+        for (const SchemaId alternative : node.oneOf) {
+            if (!holds(alternative))
+                hasGrown |= closure.add(graph_->opposite(alternative));
+        }
+    }
+    return true;
+}
+
+void GenFactory::choose(Demand& demand, const Closure& closure, const std::vector<SchemaId>& alternatives,
+                        bool prefersFirst) {
+    ValueKinds kinds = value_kind::all;
+    const jv::JV* place = nullptr;
+    for (const SchemaId id : closure.schemas) {
+        kinds &= graph_->node(id).kinds;
+        if (place == nullptr)
+            place = graph_->node(id).source;
+    }
+    demand.state = Demand::State::Choice;
+    demand.choosing = prefersFirst ? Demand::Choosing::First : Demand::Choosing::Any;
+    demand.place = place;
+    for (const SchemaId alternative : alternatives) {
+        const SchemaNode& node = graph_->node(alternative);
+        if (node.isFalse || (node.kinds & kinds) == 0)
+            continue;
+        std::vector<SchemaId> schemas = demand.schemas;
+        schemas.push_back(alternative);
+        demand.alternatives.push_back(&this->demand(std::move(schemas)));
+    }
+    if (demand.alternatives.empty())
+        refuse(demand, place, "none of its alternatives can hold beside the rest of it");
+}
+
+void GenFactory::makePart(Demand& demand, const Closure& closure) {
+    MergedSchema schema(*graph_, closure);
+    demand.place = schema.place;
+    if (schema.kinds == 0)
+        return refuse(demand, schema.place, "its types exclude each other");
+    if (splitKinds(demand, schema))
+        return;
+    demand.state = Demand::State::Part;
+    if (schema.hasEnumeration && schema.kinds != value_kind::boolean) {
+        if (schema.candidates.empty())
+            return refuse(demand, schema.place, "none of the values of its 'enum' fits the rest of it");
+        demand.part = std::make_unique<EnumPart>(schema.candidates);
+        return;
+    }
+    makeKind(demand, closure, std::move(schema));
+}
+
+/// A choice for a schema that allows several kinds of value.
+bool GenFactory::splitKinds(Demand& demand, const MergedSchema& schema) {
+    const std::vector<ValueKinds> kinds = alternativesOf(schema.kinds);
+    if (schema.hasEnumeration || kinds.size() == 1)
+        return false;
+    const auto add = [&](ValueKinds alternative) {
+        std::vector<SchemaId> schemas = demand.schemas;
+        schemas.push_back(graph_->ofKinds(alternative));
+        demand.alternatives.push_back(&this->demand(std::move(schemas)));
+    };
+    demand.state = Demand::State::Choice;
+    demand.choosing = Demand::Choosing::Kinds;
+    demand.mayBeNull = kinds.front() == value_kind::null;
+    if (kinds.size() <= mostKindsOfTypes) {
+        std::ranges::for_each(kinds, add);
+        return true;
+    }
+    demand.choosing = Demand::Choosing::First;
+    const auto hinted = static_cast<ValueKinds>(schema.hints & schema.kinds);
+    if (hinted != 0 && hinted != schema.kinds) {
+        add(hinted);
+        add(static_cast<ValueKinds>(schema.kinds & ~hinted));
+        return true;
+    }
+    if ((schema.kinds & value_kind::integer) != 0 && schema.admits(*graph_, jv::JV(42))) {
+        demand.state = Demand::State::Part;
+        demand.part = std::make_unique<TruthyPart>();
+        return true;
+    }
+    for (auto kind = kinds.rbegin(); kind != kinds.rend(); ++kind)
+        add(*kind);
+    return true;
+}
+
+void GenFactory::makeKind(Demand& demand, const Closure& closure, MergedSchema schema) {
+    switch (schema.kinds) {
+    case value_kind::null:
+        demand.part = std::make_unique<NullPart>();
+        return;
+    case value_kind::boolean:
+        return makeBoolean(demand, schema);
+    case value_kind::string:
+        return makeString(demand, std::move(schema));
+    case value_kind::object:
+        return makeObject(demand, closure, std::move(schema));
+    case value_kind::array:
+        return makeArray(demand, std::move(schema));
+    default:
+        return makeNumber(demand, std::move(schema));
+    }
+}
+
+void GenFactory::makeBoolean(Demand& demand, const MergedSchema& schema) {
+    const auto isOffered = [&](bool value) {
+        const jv::JV candidate(value);
+        return schema.admits(*graph_, candidate) &&
+               (!schema.hasEnumeration || std::ranges::any_of(schema.candidates, [&](const jv::JV* other) {
+                   return other->equals(candidate);
+               }));
+    };
+    if (isOffered(true) && isOffered(false))
+        demand.part = std::make_unique<BooleanPart>();
+    else if (isOffered(true))
+        demand.part = std::make_unique<TruePart>();
+    else if (isOffered(false))
+        demand.part = std::make_unique<FalsePart>();
+    else
+        refuse(demand, schema.place, "Boolean schema with no true or false value");
+}
+
+void GenFactory::makeNumber(Demand& demand, MergedSchema schema) {
+    const jv::JV* place = schema.place;
+    std::unique_ptr<NumberPart> part;
+    if (schema.kinds == value_kind::integer)
+        part = std::make_unique<IntegerPart>(*graph_, std::move(schema), *config_);
+    else
+        part = std::make_unique<NumberPart>(*graph_, std::move(schema), *config_);
+    if (part->isEmpty())
+        return refuse(demand, place, "there is no number in its range");
+    demand.part = std::move(part);
+}
+
+void GenFactory::makeString(Demand& demand, MergedSchema schema) {
+    if (schema.minLength > schema.maxLength)
+        return refuse(demand, schema.place, "its 'minLength' is above its 'maxLength'");
+    for (const SchemaNode* node : schema.nodes) {
+        if (node->hasPattern && node->source != nullptr)
+            patterns_.push_back({node->pattern, node->source});
+    }
+    TextMaker maker = nullptr;
+    for (const std::string_view format : schema.formats)
+        maker = maker == nullptr ? textMakerOf(format) : maker;
+    if (maker == nullptr && !schema.encoding.empty())
+        maker = textMakerOf(schema.encoding);
+    if (!schema.patterns.empty())
+        demand.part = std::make_unique<RegexPart>(*graph_, std::move(schema), *config_, maker);
+    else if (maker != nullptr)
+        demand.part = std::make_unique<FormatPart>(*graph_, std::move(schema), *config_, maker);
+    else
+        demand.part = std::make_unique<StringPart>(*graph_, std::move(schema), *config_);
+}
+
+void GenFactory::makeArray(Demand& demand, MergedSchema schema) {
+    if (schema.minItems > schema.maxItems)
+        return refuse(demand, schema.place, "its 'minItems' is above its 'maxItems'");
+    demand.part = std::make_unique<ArrayPart>(*this, std::move(schema));
+}
+
+void GenFactory::makeObject(Demand& demand, const Closure& closure, MergedSchema schema) {
+    if (schema.minProperties > schema.maxProperties)
+        return refuse(demand, schema.place, "its 'minProperties' is above its 'maxProperties'");
+    if (schema.required.size() > schema.maxProperties)
+        return refuse(demand, schema.place, "it requires more properties than its 'maxProperties' allows");
+    for (const SchemaNode* node : schema.nodes) {
+        for (const NamedSchema& property : node->patternProperties)
+            patterns_.push_back({property.name, node->source});
+    }
+    demand.part = std::make_unique<ObjectPart>(*this, std::move(schema), discriminating(demand, closure));
+}
+
+// ---- discriminators
+
+std::vector<GenFactory::Discriminating> GenFactory::discriminating(const Demand& demand,
+                                                                   const Closure& closure) {
+    std::vector<Discriminating> result;
+    const JSONSchema& bundle = graph_->schema();
+    const auto originOf = [&](SchemaId id) { // the schema of the document behind references
+        for (std::size_t steps = 0; steps < closure.schemas.size(); ++steps) {
+            const SchemaNode& node = graph_->node(id);
+            if (node.reference == noSchema)
+                break;
+            id = node.reference;
+        }
+        const jv::JV* source = graph_->node(id).source;
+        return source == nullptr ? nullptr : bundle.origin(*source);
+    };
+    const auto nameOf = [](const jv::JV& discriminator, const jv::JV& schema) {
+        const std::string pointer = schema.pointer();
+        const std::string name = pointer.substr(pointer.rfind('/') + 1);
+        if (const jv::JV* mapping = discriminator.get("mapping"); mapping != nullptr && mapping->isObject()) {
+            for (const jv::Member member : mapping->members()) {
+                if (!member.value->isString())
+                    continue;
+                const std::string_view target = member.value->text();
+                if (target == name || target == "#" + pointer)
+                    return std::string(member.key);
+            }
+        }
+        return name;
+    };
+    const auto add = [&](const jv::JV& discriminator, const jv::JV* schema) {
+        const jv::JV* property = discriminator.get("propertyName");
+        if (schema != nullptr && property != nullptr && property->isString() &&
+            schema->pointer().starts_with("/components/schemas/"))
+            result.push_back({property->text(), nameOf(discriminator, *schema)});
+    };
+    for (const SchemaId id : closure.schemas) {
+        const SchemaNode& node = graph_->node(id);
+        if (node.discriminator == nullptr)
+            continue;
+        bool isChosen = false;
+        const auto consider = [&](SchemaId alternative) {
+            if (closure.has(alternative) && !isChosen) {
+                isChosen = true;
+                add(*node.discriminator, originOf(alternative));
+            }
+        };
+        std::ranges::for_each(node.oneOf, consider);
+        for (const std::vector<SchemaId>& alternatives : node.anyOf)
+            std::ranges::for_each(alternatives, consider);
+        // A schema that others build on by `allOf` is told by the outermost of them.
+        if (!node.oneOf.empty() || !node.anyOf.empty())
+            continue;
+        const std::size_t before = result.size();
+        for (auto outermost = demand.schemas.rbegin(); outermost != demand.schemas.rend(); ++outermost) {
+            if (result.size() == before)
+                add(*node.discriminator, originOf(*outermost));
+        }
+    }
+    return result;
+}
+
+// ---- measuring
+
+void GenFactory::measure(Demand& root) {
+    if (root.isMeasured)
+        return;
+    std::vector<Demand*> found;
+    explore(root, found);
+    constexpr auto sum = [](std::uint64_t a, std::uint64_t b) {
+        return a > UINT64_MAX - b ? UINT64_MAX : a + b;
+    };
+    constexpr auto product = [](std::uint64_t a, std::uint64_t b) {
+        return a != 0 && b > UINT64_MAX / a ? UINT64_MAX : a * b;
+    };
+    for (bool hasChanged = true; hasChanged;) {
+        hasChanged = false;
+        for (auto at = found.rbegin(); at != found.rend(); ++at) {
+            Demand& demand = **at;
+            std::uint32_t height = Demand::endless;
+            std::uint64_t size = UINT64_MAX;
+            for (const Demand* alternative : demand.alternatives) {
+                height = std::min(height, alternative->height);
+                size = std::min(size, alternative->size);
+            }
+            if (demand.part != nullptr) {
+                height = 0;
+                size = 1 + demand.part->leastBytes();
+                for (const Need& need : demand.part->needs()) {
+                    height = std::max(height, need.demand->height);
+                    size = sum(size, product(need.count, need.demand->size));
+                }
+                height += demand.part->isContainer() && height != Demand::endless ? 1 : 0;
+            }
+            hasChanged |= height != demand.height || size != demand.size;
+            demand.height = height;
+            demand.size = size;
+        }
+    }
+    for (Demand* demand : found)
+        demand->isMeasured = true;
+}
+
+/// Builds what a demand needs and what that needs. Demands beyond a limit are taken for easy ones.
+void GenFactory::explore(Demand& root, std::vector<Demand*>& found) {
+    std::unordered_set<Demand*> seen{&root};
+    found.push_back(&root);
+    for (std::size_t next = 0; next < found.size(); ++next) {
+        Demand& demand = *found[next];
+        build(demand);
+        const auto visit = [&](Demand* further) {
+            if (further->isMeasured || seen.contains(further))
+                return;
+            if (found.size() >= mostExplored) {
+                further->height = 0;
+                further->size = 1;
+                return;
+            }
+            seen.insert(further);
+            found.push_back(further);
+        };
+        std::ranges::for_each(demand.alternatives, visit);
+        if (demand.part != nullptr) {
+            for (const Need& need : demand.part->needs())
+                visit(need.demand);
+        }
+    }
+    for (Demand* demand : found) {
+        demand->height = Demand::endless;
+        demand->size = UINT64_MAX;
+    }
+}
+
+} // namespace specloom::jv_generator
