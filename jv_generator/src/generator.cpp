@@ -129,8 +129,9 @@ void Generator::Impl::requirePossible() {
     factory_->measure(*root_);
     if (root_->height == Demand::endless) {
         const Demand& cause = culprit(*root_);
-        const std::string_view reason =
-            cause.state == Demand::State::Impossible ? cause.reason : "it asks for itself without end";
+        const std::string_view reason = cause.state == Demand::State::Impossible
+                                            ? std::string_view(cause.reason)
+                                            : "it asks for itself without end";
         const std::string place = pointerOf(cause.place);
         if (place.empty() || place == pointer_)
             throw std::runtime_error(formatMessage(noFit, pointer_, reason));

@@ -3,7 +3,7 @@
 #include "jv/jv_document.h"
 #include "jv/jv_pointer.h"
 
-#include <algorithm> // std::ranges::find
+#include <algorithm> // std::ranges::lower_bound
 #include <array>     // std::to_array
 #include <utility>   // std::move
 #include <vector>    // std::vector
@@ -111,9 +111,10 @@ class JSONSchemaBuilder {
             if (isOpenAPI30_)
                 return;
         }
-        for (const BundledKeyword& keyword : bundledKeywords) {
-            if (const JV* value = source.get(keyword.name))
-                convertKeyword(keyword, *value, target);
+        for (const jv::Member member : source.members()) {
+            const auto* keyword = std::ranges::lower_bound(bundledKeywords, member.key, {}, &BundledKeyword::name);
+            if (keyword != bundledKeywords.end() && keyword->name == member.key)
+                convertKeyword(*keyword, *member.value, target);
         }
         convertTypes(source, target);
         convertRequired(source, target);
