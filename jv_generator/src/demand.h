@@ -3,6 +3,7 @@
 #include "jv_generator/gen_base.h"
 #include "jv_generator/schema_graph.h"
 
+#include <cstddef> // std::size_t
 #include <cstdint> // std::uint8_t, std::uint32_t, std::uint64_t
 #include <memory>  // std::unique_ptr
 #include <string>  // std::string
@@ -31,6 +32,7 @@ struct Demand {
     std::uint32_t height = endless;  ///< levels of containers that a value has at least
     std::uint64_t size = UINT64_MAX; ///< values and bytes of texts that it has at least
     std::vector<Demand*> alternatives;
+    std::size_t measured = 1; ///< alternatives of a choice of the first that counted; all do for other choices
     std::unique_ptr<GenBase> part;
     std::string reason;            ///< why it is impossible
     const jv::JV* place = nullptr; ///< the schema of the bundle that says so

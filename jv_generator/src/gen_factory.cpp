@@ -5,6 +5,8 @@
 
 #include <algorithm> // std::ranges::any_of, std::ranges::count_if, std::ranges::sort, std::unique
 #include <array>     // std::to_array
+#include <optional>  // std::optional
+#include <span>      // std::span
 #include <utility>   // std::move
 
 namespace specloom::jv_generator {
@@ -37,7 +39,7 @@ constexpr auto kindsInOrder = std::to_array<ValueKinds>({
 }
 
 constexpr std::size_t mostKindsOfTypes = 4; ///< a schema that allows more kinds is taken to be about none
-constexpr std::size_t mostExplored = 4000;  ///< demands in one measure
+constexpr std::size_t mostExplored = 2000;  ///< demands in one measure
 
 } // namespace
 
@@ -119,61 +121,81 @@ bool GenFactory::admits(const Demand& demand, const jv::JV& value) {
            }));
 }
 
-/// Makes the demand a choice where one is open. An alternative that holds already is the chosen one.
+/// Makes the demand a choice where one is open: the one with the fewest alternatives, since that tells most of
+/// the others. An alternative that holds already is the chosen one.
 bool GenFactory::settleChoices(Demand& demand, Closure& closure, bool& hasGrown) {
+    std::optional<OpenChoice> open;
+    Held held;
+    for (const SchemaId id : closure.schemas) {
+        const SchemaNode& node = graph_->node(id);
+        held.kinds &= node.kinds;
+        held.required.insert(node.required.begin(), node.required.end());
+    }
+    const auto consider = [&](const std::vector<SchemaId>& alternatives, bool prefersFirst) {
+        std::vector<SchemaId> left = viable(alternatives, closure, held);
+        if (left.size() == 1) // no choice at all
+            hasGrown |= closure.add(left.front());
+        else if (!open || left.size() < open->alternatives.size())
+            open = OpenChoice{std::move(left), prefersFirst};
+    };
     for (std::size_t i = 0; i < closure.schemas.size(); ++i) {
         const SchemaId id = closure.schemas[i];
         const SchemaNode& node = graph_->node(id);
         const auto holds = [&](SchemaId alternative) { return closure.has(alternative); };
         for (const std::vector<SchemaId>& alternatives : node.anyOf) {
-            if (std::ranges::any_of(alternatives, holds))
-                continue;
-            choose(demand, closure, alternatives, node.prefersFirst);
-            return false;
+            if (std::ranges::none_of(alternatives, holds))
+                consider(alternatives, node.prefersFirst);
         }
         if (node.oneOf.empty())
             continue;
         const auto chosen = std::ranges::count_if(node.oneOf, holds);
-        if (chosen == 0) {
-            choose(demand, closure, node.oneOf, false);
-            return false;
-        }
+        if (chosen == 0)
+            consider(node.oneOf, false);
         if (chosen > 1) {
             refuse(demand, node.source, "two alternatives of its 'oneOf' are asked for at once");
             return false;
         }
-        if (!graph_->isToldApart(id))
-            continue;
         for (const SchemaId alternative : node.oneOf) {
-            if (!holds(alternative))
+            if (chosen == 1 && graph_->isToldApart(id) && !holds(alternative))
                 hasGrown |= closure.add(graph_->opposite(alternative));
         }
     }
-    return true;
+    if (hasGrown || !open)
+        return true;
+    demand.place = graph_->node(closure.schemas.front()).source;
+    choose(demand, *open);
+    return false;
 }
 
-void GenFactory::choose(Demand& demand, const Closure& closure, const std::vector<SchemaId>& alternatives,
-                        bool prefersFirst) {
-    ValueKinds kinds = value_kind::all;
-    const jv::JV* place = nullptr;
-    for (const SchemaId id : closure.schemas) {
-        kinds &= graph_->node(id).kinds;
-        if (place == nullptr)
-            place = graph_->node(id).source;
-    }
-    demand.state = Demand::State::Choice;
-    demand.choosing = prefersFirst ? Demand::Choosing::First : Demand::Choosing::Any;
-    demand.place = place;
+/// Those that do not contradict what holds already, at first sight.
+std::vector<SchemaId> GenFactory::viable(const std::vector<SchemaId>& alternatives, const Closure& closure,
+                                         const Held& held) {
+    const auto leavesOut = [&](const SchemaNode& node) {
+        return std::ranges::any_of(node.properties, [&](const NamedSchema& property) {
+            return held.required.contains(property.name) && graph_->node(property.schema).isFalse;
+        });
+    };
+    std::vector<SchemaId> result;
     for (const SchemaId alternative : alternatives) {
         const SchemaNode& node = graph_->node(alternative);
-        if (node.isFalse || (node.kinds & kinds) == 0)
-            continue;
+        const SchemaId opposed = graph_->opposed(alternative);
+        const bool isRefuted = opposed != noSchema && closure.has(opposed);
+        if ((node.kinds & held.kinds) != 0 && !isRefuted && !leavesOut(node) && !graph_->isNever(alternative))
+            result.push_back(alternative);
+    }
+    return result;
+}
+
+void GenFactory::choose(Demand& demand, const OpenChoice& choice) {
+    if (choice.alternatives.empty())
+        return refuse(demand, demand.place, "none of its alternatives can hold beside the rest of it");
+    demand.state = Demand::State::Choice;
+    demand.choosing = choice.prefersFirst ? Demand::Choosing::First : Demand::Choosing::Any;
+    for (const SchemaId alternative : choice.alternatives) {
         std::vector<SchemaId> schemas = demand.schemas;
         schemas.push_back(alternative);
         demand.alternatives.push_back(&this->demand(std::move(schemas)));
     }
-    if (demand.alternatives.empty())
-        refuse(demand, place, "none of its alternatives can hold beside the rest of it");
 }
 
 void GenFactory::makePart(Demand& demand, const Closure& closure) {
@@ -377,73 +399,115 @@ std::vector<GenFactory::Discriminating> GenFactory::discriminating(const Demand&
 
 // ---- measuring
 
+/// What was met on the way through needs and alternatives.
+struct GenFactory::Exploration {
+    explicit Exploration(Demand& root) : found{&root}, seen{&root} {}
+
+    std::vector<Demand*> found;
+    std::unordered_set<Demand*> seen;
+};
+
+namespace {
+
+[[nodiscard]] std::uint64_t sumOf(std::uint64_t a, std::uint64_t b) {
+    return a > UINT64_MAX - b ? UINT64_MAX : a + b;
+}
+
+[[nodiscard]] std::uint64_t productOf(std::uint64_t a, std::uint64_t b) {
+    return a != 0 && b > UINT64_MAX / a ? UINT64_MAX : a * b;
+}
+
+/// The alternatives that count so far.
+[[nodiscard]] std::span<Demand* const> countingOf(const Demand& demand) {
+    const std::span<Demand* const> all = demand.alternatives;
+    const bool isLazy = demand.choosing == Demand::Choosing::First;
+    return isLazy ? all.first(std::min(demand.measured, all.size())) : all;
+}
+
+/// Measures a demand by what it leads to. Returns whether that changed it.
+[[nodiscard]] bool update(Demand& demand) {
+    std::uint32_t height = Demand::endless;
+    std::uint64_t size = UINT64_MAX;
+    for (const Demand* alternative : countingOf(demand)) {
+        height = std::min(height, alternative->height);
+        size = std::min(size, alternative->size);
+    }
+    if (demand.part != nullptr) {
+        height = 0;
+        size = 1 + demand.part->leastBytes();
+        for (const Need& need : demand.part->needs()) {
+            height = std::max(height, need.demand->height);
+            size = sumOf(size, productOf(need.count, need.demand->size));
+        }
+        height += demand.part->isContainer() && height != Demand::endless ? 1 : 0;
+    }
+    const bool hasChanged = height != demand.height || size != demand.size;
+    demand.height = height;
+    demand.size = size;
+    return hasChanged;
+}
+
+} // namespace
+
 void GenFactory::measure(Demand& root) {
     if (root.isMeasured)
         return;
-    std::vector<Demand*> found;
-    explore(root, found);
-    constexpr auto sum = [](std::uint64_t a, std::uint64_t b) {
-        return a > UINT64_MAX - b ? UINT64_MAX : a + b;
-    };
-    constexpr auto product = [](std::uint64_t a, std::uint64_t b) {
-        return a != 0 && b > UINT64_MAX / a ? UINT64_MAX : a * b;
-    };
-    for (bool hasChanged = true; hasChanged;) {
-        hasChanged = false;
-        for (auto at = found.rbegin(); at != found.rend(); ++at) {
-            Demand& demand = **at;
-            std::uint32_t height = Demand::endless;
-            std::uint64_t size = UINT64_MAX;
-            for (const Demand* alternative : demand.alternatives) {
-                height = std::min(height, alternative->height);
-                size = std::min(size, alternative->size);
-            }
-            if (demand.part != nullptr) {
-                height = 0;
-                size = 1 + demand.part->leastBytes();
-                for (const Need& need : demand.part->needs()) {
-                    height = std::max(height, need.demand->height);
-                    size = sum(size, product(need.count, need.demand->size));
-                }
-                height += demand.part->isContainer() && height != Demand::endless ? 1 : 0;
-            }
-            hasChanged |= height != demand.height || size != demand.size;
-            demand.height = height;
-            demand.size = size;
+    Exploration exploration(root);
+    do {
+        explore(exploration);
+        for (Demand* demand : exploration.found) {
+            demand->height = Demand::endless;
+            demand->size = UINT64_MAX;
         }
-    }
-    for (Demand* demand : found)
+        for (bool hasChanged = true; hasChanged;) {
+            hasChanged = false;
+            for (auto at = exploration.found.rbegin(); at != exploration.found.rend(); ++at)
+                hasChanged |= update(**at);
+        }
+    } while (widen(exploration));
+    for (Demand* demand : exploration.found)
         demand->isMeasured = true;
 }
 
-/// Builds what a demand needs and what that needs. Demands beyond a limit are taken for easy ones.
-void GenFactory::explore(Demand& root, std::vector<Demand*>& found) {
-    std::unordered_set<Demand*> seen{&root};
-    found.push_back(&root);
+/// Builds what was found, and finds what that needs. Demands beyond a limit are taken for easy ones.
+void GenFactory::explore(Exploration& exploration) {
+    std::vector<Demand*>& found = exploration.found;
+    const auto visit = [&](Demand* further) {
+        if (further->isMeasured || exploration.seen.contains(further))
+            return;
+        if (found.size() >= mostExplored) {
+            further->height = 0;
+            further->size = 1;
+            return;
+        }
+        exploration.seen.insert(further);
+        found.push_back(further);
+    };
     for (std::size_t next = 0; next < found.size(); ++next) {
         Demand& demand = *found[next];
         build(demand);
-        const auto visit = [&](Demand* further) {
-            if (further->isMeasured || seen.contains(further))
-                return;
-            if (found.size() >= mostExplored) {
-                further->height = 0;
-                further->size = 1;
-                return;
-            }
-            seen.insert(further);
-            found.push_back(further);
-        };
-        std::ranges::for_each(demand.alternatives, visit);
+        std::ranges::for_each(countingOf(demand), visit);
         if (demand.part != nullptr) {
             for (const Need& need : demand.part->needs())
                 visit(need.demand);
         }
     }
-    for (Demand* demand : found) {
-        demand->height = Demand::endless;
-        demand->size = UINT64_MAX;
+}
+
+/// Lets one more alternative count where none could be so far. A choice of the first has one for each thing
+/// that can be broken, and so has each choice behind them: not all of these can be looked at.
+bool GenFactory::widen(const Exploration& exploration) {
+    if (exploration.found.size() >= mostExplored)
+        return false;
+    bool isWider = false;
+    for (Demand* demand : exploration.found) {
+        const bool isLazy = demand->choosing == Demand::Choosing::First;
+        if (isLazy && demand->height == Demand::endless && demand->measured < demand->alternatives.size()) {
+            ++demand->measured;
+            isWider = true;
+        }
     }
+    return isWider;
 }
 
 } // namespace specloom::jv_generator

@@ -52,8 +52,18 @@ class GenFactory {
     [[nodiscard]] bool close(Demand& demand, Closure& closure);
     const SchemaNode* extend(Closure& closure, std::size_t from);
     [[nodiscard]] bool settleChoices(Demand& demand, Closure& closure, bool& hasGrown);
-    void choose(Demand& demand, const Closure& closure, const std::vector<SchemaId>& alternatives,
-                bool prefersFirst);
+    struct OpenChoice {
+        std::vector<SchemaId> alternatives; ///< that can hold, at first sight
+        bool prefersFirst;
+    };
+    void choose(Demand& demand, const OpenChoice& choice);
+    /// What the schemas of a closure say that contradicts alternatives at first sight.
+    struct Held {
+        ValueKinds kinds = value_kind::all;
+        std::unordered_set<std::string_view> required;
+    };
+    [[nodiscard]] std::vector<SchemaId> viable(const std::vector<SchemaId>& alternatives,
+                                               const Closure& closure, const Held& held);
     void makePart(Demand& demand, const Closure& closure);
     [[nodiscard]] bool splitKinds(Demand& demand, const MergedSchema& schema);
     void makeKind(Demand& demand, const Closure& closure, MergedSchema schema);
@@ -63,7 +73,9 @@ class GenFactory {
     void makeArray(Demand& demand, MergedSchema schema);
     void makeObject(Demand& demand, const Closure& closure, MergedSchema schema);
     [[nodiscard]] Demand& itemDemand(const MergedSchema& schema, std::size_t index);
-    void explore(Demand& root, std::vector<Demand*>& found);
+    struct Exploration;
+    void explore(Exploration& exploration);
+    [[nodiscard]] static bool widen(const Exploration& exploration);
 
     SchemaGraph* graph_;
     const GeneratorConfig* config_;

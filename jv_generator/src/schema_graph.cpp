@@ -2,6 +2,7 @@
 
 #include "number/exact_numbers.h"
 
+#include <algorithm> // std::ranges::all_of, std::ranges::any_of, std::ranges::find
 #include <array>   // std::to_array
 #include <utility> // std::move
 
@@ -189,10 +190,40 @@ bool SchemaGraph::tellAllApart() {
 }
 
 SchemaId SchemaGraph::idOf(const JV& schema) {
-    const auto [known, isNew] = ids_.emplace(&schema, static_cast<SchemaId>(entries_.size()));
+    const JV* target = &schema;
+    for (std::size_t steps = 0; target->isObject() && target->size() == 1 && steps < entries_.size() + 1; ++steps) {
+        const JV* reference = target->get("$ref");
+        if (reference == nullptr)
+            break;
+        target = &schema_->target(reference->text());
+    }
+    const auto [known, isNew] = ids_.emplace(target, static_cast<SchemaId>(entries_.size()));
     if (isNew)
-        entries_.emplace_back().source = &schema;
+        entries_.emplace_back().source = target;
     return known->second;
+}
+
+bool SchemaGraph::isNever(SchemaId id) {
+    constexpr int levelsLookedAt = 6;
+    if (!entries_[id].isNever)
+        entries_[id].isNever = isNever(id, levelsLookedAt);
+    return *entries_[id].isNever;
+}
+
+bool SchemaGraph::isNever(SchemaId id, int levels) {
+    const SchemaNode& schema = node(id);
+    if (schema.isFalse || schema.kinds == 0)
+        return true;
+    if (levels == 0)
+        return false;
+    const auto never = [&](SchemaId part) { return isNever(part, levels - 1); };
+    const auto isDemanded = [&](const NamedSchema& property) {
+        return std::ranges::find(schema.required, property.name) != schema.required.end() &&
+               schema.kinds == value_kind::object && never(property.schema);
+    };
+    return std::ranges::any_of(schema.allOf, never) || (schema.reference != noSchema && never(schema.reference)) ||
+           std::ranges::any_of(schema.anyOf, [&](const auto& ways) { return std::ranges::all_of(ways, never); }) ||
+           std::ranges::any_of(schema.properties, isDemanded);
 }
 
 SchemaId SchemaGraph::add(SchemaNode node) {

@@ -115,6 +115,10 @@ class SchemaGraph {
     /// The number of a schema of the bundle; noSchema when nothing asked for it.
     [[nodiscard]] SchemaId find(const jv::JV& schema) const;
     [[nodiscard]] SchemaId opposite(SchemaId id);
+    /// The schema that this one is the opposite of; noSchema when it is none.
+    [[nodiscard]] SchemaId opposed(SchemaId id) const { return entries_[id].opposed; }
+    /// Whether no value fits a schema, as far as its first `levels` tell.
+    [[nodiscard]] bool isNever(SchemaId id);
     /// The schema of the values of some kinds.
     [[nodiscard]] SchemaId ofKinds(ValueKinds kinds);
     /// Compiled once. Throws regex::SyntaxError.
@@ -137,15 +141,18 @@ class SchemaGraph {
         SchemaId opposite = noSchema;
         bool isReady = false;
         bool isToldApart = false;
+        std::optional<bool> isNever;
         SchemaNode node;
     };
 
+    /// A schema that is nothing but a reference is what it refers to.
     [[nodiscard]] SchemaId idOf(const jv::JV& schema);
     [[nodiscard]] SchemaId add(SchemaNode node);
     [[nodiscard]] SchemaId never();
     [[nodiscard]] SchemaId always();
     [[nodiscard]] std::string_view keep(std::string text);
 
+    [[nodiscard]] bool isNever(SchemaId id, int levels);
     void read(SchemaNode& node, const jv::JV& schema);
     void readScalars(SchemaNode& node, const jv::JV& schema);
     void readArrays(SchemaNode& node, const jv::JV& schema);
