@@ -39,6 +39,7 @@ constexpr auto kindsInOrder = std::to_array<ValueKinds>({
 }
 
 constexpr std::size_t mostKindsOfTypes = 4; ///< a schema that allows more kinds is taken to be about none
+constexpr std::size_t mostDemands = 100'000;  ///< after which all are taken for easy ones
 constexpr std::size_t mostExplored = 2000;  ///< demands in one measure
 
 } // namespace
@@ -155,16 +156,27 @@ bool GenFactory::settleChoices(Demand& demand, Closure& closure, bool& hasGrown)
             refuse(demand, node.source, "two alternatives of its 'oneOf' are asked for at once");
             return false;
         }
-        for (const SchemaId alternative : node.oneOf) {
-            if (chosen == 1 && graph_->isToldApart(id) && !holds(alternative))
-                hasGrown |= closure.add(graph_->opposite(alternative));
-        }
+        if (chosen == 1)
+            hasGrown |= tellApart(id, node, closure);
     }
     if (hasGrown || !open)
         return true;
     demand.place = graph_->node(closure.schemas.front()).source;
     choose(demand, *open);
     return false;
+}
+
+/// Adds the opposites of the alternatives that are told apart from the chosen one.
+bool GenFactory::tellApart(SchemaId id, const SchemaNode& node, Closure& closure) {
+    std::size_t chosen = 0;
+    while (!closure.has(node.oneOf[chosen]))
+        ++chosen;
+    bool hasGrown = false;
+    for (std::size_t i = 0; i < node.oneOf.size(); ++i) {
+        if (i != chosen && graph_->areToldApart(id, chosen, i))
+            hasGrown |= closure.add(graph_->opposite(node.oneOf[i]));
+    }
+    return hasGrown;
 }
 
 /// Those that do not contradict what holds already, at first sight.
@@ -452,6 +464,13 @@ namespace {
 void GenFactory::measure(Demand& root) {
     if (root.isMeasured)
         return;
+    if (demands_.size() > mostDemands) {
+        build(root);
+        root.isMeasured = true;
+        root.height = root.state == Demand::State::Impossible ? Demand::endless : 0;
+        root.size = 1;
+        return;
+    }
     Exploration exploration(root);
     do {
         explore(exploration);

@@ -52,6 +52,7 @@ class GenFactory {
     [[nodiscard]] bool close(Demand& demand, Closure& closure);
     const SchemaNode* extend(Closure& closure, std::size_t from);
     [[nodiscard]] bool settleChoices(Demand& demand, Closure& closure, bool& hasGrown);
+    [[nodiscard]] bool tellApart(SchemaId id, const SchemaNode& node, Closure& closure);
     struct OpenChoice {
         std::vector<SchemaId> alternatives; ///< that can hold, at first sight
         bool prefersFirst;

@@ -6,6 +6,7 @@
 #include "jv_schema/schema.h"
 
 #include <algorithm>     // std::min, std::swap
+#include <charconv>      // std::from_chars
 #include <optional>      // std::optional
 #include <set>           // std::set
 #include <stdexcept>     // std::runtime_error
@@ -23,7 +24,7 @@ constexpr std::uint32_t fullDepth = 3;       ///< levels that are filled as far 
 constexpr std::uint32_t scalarDepth = 5;     ///< levels that get what holds no other values
 constexpr std::uint64_t legibleSize = 600;   ///< values, after which the rest gets what it must have
 constexpr int attemptsInFull = 12;           ///< of mostAttempts; the others leave out what can be left out
-constexpr int attemptsInHope = 3;            ///< before all alternatives are told apart
+constexpr int attemptsInHope = 40;           ///< before all alternatives are told apart
 constexpr std::uint64_t mostFailures = 2000; ///< of parts, in one attempt
 constexpr int mostNestedChoices = 200;
 constexpr std::uint64_t rareNull = 8; ///< one in so many of the values that may be null
@@ -72,6 +73,7 @@ class Generator::Impl final : public Context {
     [[nodiscard]] bool makeChoice(Demand& demand, JV& out);
     [[nodiscard]] std::size_t firstChoice(const Demand& demand);
     void learnFrom(const JV& value);
+    [[nodiscard]] bool tellApart(SchemaId id, std::string_view error);
     void rebuild();
     void notePatterns();
 
@@ -206,6 +208,22 @@ void Generator::Impl::notePatterns() {
     }
 }
 
+/// The error names the two alternatives that fitted, counted from 0: "... matches those at 0 and 2".
+bool Generator::Impl::tellApart(SchemaId id, std::string_view error) {
+    constexpr std::string_view before = " at ";
+    constexpr std::string_view between = " and ";
+    const std::size_t at = error.rfind(before);
+    const std::size_t split = error.rfind(between);
+    if (at == std::string_view::npos || split == std::string_view::npos || split < at)
+        return false;
+    std::size_t first = 0;
+    std::size_t second = 0;
+    const char* end = error.data() + error.size();
+    const bool isRead = std::from_chars(error.data() + at + before.size(), end, first).ec == std::errc() &&
+                        std::from_chars(error.data() + split + between.size(), end, second).ec == std::errc();
+    return isRead && first != second && graph_->tellApart(id, first, second);
+}
+
 /// Alternatives of `oneOf` that fitted together are told apart in the next attempts.
 void Generator::Impl::learnFrom(const JV& value) {
     const std::vector<jv::schema::ValidationError> errors = validator_->validate(value);
@@ -219,7 +237,8 @@ void Generator::Impl::learnFrom(const JV& value) {
         location.remove_prefix(location.find('#') + 1);
         const JV* schema = bundle_->at(location.substr(0, location.rfind('/')));
         const SchemaId id = schema == nullptr ? noSchema : graph_->find(*schema);
-        hasLearned |= id != noSchema && graph_->tellApart(id);
+        if (id != noSchema && graph_->node(id).oneOf.size() > 1)
+            hasLearned |= tellApart(id, error.message);
     }
     if (attempt_ == attemptsInHope)
         hasLearned |= graph_->tellAllApart();

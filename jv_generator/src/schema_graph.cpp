@@ -174,17 +174,15 @@ bool SchemaGraph::matches(std::string_view source, std::string_view text) {
     return pattern(source).search(text) == regex::Pattern::Outcome::Match;
 }
 
-bool SchemaGraph::tellApart(SchemaId id) {
-    const bool isNew = !entries_[id].isToldApart;
-    entries_[id].isToldApart = true;
-    return isNew;
+bool SchemaGraph::tellApart(SchemaId id, std::size_t first, std::size_t second) {
+    return entries_[id].toldApart.insert(std::minmax(first, second)).second;
 }
 
 bool SchemaGraph::tellAllApart() {
     bool isNew = false;
-    for (SchemaId id = 0; id < entries_.size(); ++id) {
-        if (entries_[id].isReady && !entries_[id].node.oneOf.empty())
-            isNew |= tellApart(id);
+    for (Entry& entry : entries_) {
+        isNew |= !entry.isToldApart && !entry.node.oneOf.empty();
+        entry.isToldApart = true;
     }
     return isNew;
 }

@@ -4,13 +4,17 @@
 #include "number/number.h"
 #include "regex/pattern.h"
 
+#include <algorithm>     // std::minmax
+#include <cstddef>       // std::size_t
 #include <cstdint>       // std::uint8_t, std::uint32_t, std::uint64_t
 #include <deque>         // std::deque
 #include <memory>        // std::unique_ptr
 #include <optional>      // std::optional
+#include <set>           // std::set
 #include <string>        // std::string
 #include <string_view>   // std::string_view
 #include <unordered_map> // std::unordered_map
+#include <utility>       // std::pair
 #include <vector>        // std::vector
 
 namespace specloom::jv_generator {
@@ -127,12 +131,14 @@ class SchemaGraph {
     [[nodiscard]] bool matches(std::string_view pattern, std::string_view text);
     [[nodiscard]] const JSONSchema& schema() const noexcept { return *schema_; }
 
-    /// From now on exactly one alternative of the `oneOf` of a schema fits: the others are kept from fitting,
-    /// rather than hoped not to. False when that was so before.
-    bool tellApart(SchemaId id);
-    /// The same for all schemas that were read.
+    /// From now on, of two alternatives of the `oneOf` of a schema, one is kept from fitting where the other
+    /// is chosen, rather than hoped not to. False when that was so before.
+    bool tellApart(SchemaId id, std::size_t first, std::size_t second);
+    /// The same for all alternatives of all schemas that were read.
     bool tellAllApart();
-    [[nodiscard]] bool isToldApart(SchemaId id) const { return entries_[id].isToldApart; }
+    [[nodiscard]] bool areToldApart(SchemaId id, std::size_t first, std::size_t second) const {
+        return entries_[id].isToldApart || entries_[id].toldApart.contains(std::minmax(first, second));
+    }
 
   private:
     struct Entry {
@@ -141,6 +147,7 @@ class SchemaGraph {
         SchemaId opposite = noSchema;
         bool isReady = false;
         bool isToldApart = false;
+        std::set<std::pair<std::size_t, std::size_t>> toldApart; ///< the smaller one first
         std::optional<bool> isNever;
         SchemaNode node;
     };
