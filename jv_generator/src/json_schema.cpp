@@ -68,11 +68,12 @@ class JSONSchemaBuilder {
         isOpenAPI30_ = version != nullptr && version->isString() && version->text().starts_with("3.0");
     }
 
-    void build(const JV& schema) {
+    void build(const std::vector<const openapi::Node*>& schemas) {
         result_.bundle_ = JV::newObject();
         result_.bundle_->setString("$ref", "#/$defs/0");
         result_.definitions_ = result_.bundle_->setObject("$defs");
-        (void)define(schema);
+        for (const openapi::Node* schema : schemas)
+            result_.references_.emplace(schema->source(), define(*schema->source()));
         while (!waiting_.empty()) {
             const auto [source, target] = waiting_.back();
             waiting_.pop_back();
@@ -216,8 +217,11 @@ class JSONSchemaBuilder {
     std::vector<Waiting> waiting_;
 };
 
-JSONSchema::JSONSchema(const openapi::Node& schema) {
-    JSONSchemaBuilder(*this, *schema.root()->source()).build(*schema.source());
+JSONSchema::JSONSchema(const openapi::Node& schema) : JSONSchema(std::vector{&schema}) {}
+
+JSONSchema::JSONSchema(const std::vector<const openapi::Node*>& schemas) {
+    if (!schemas.empty())
+        JSONSchemaBuilder(*this, *schemas.front()->root()->source()).build(schemas);
 }
 
 const JV& JSONSchema::target(std::string_view reference) const {

@@ -7,6 +7,7 @@
 #include <string>        // std::string
 #include <string_view>   // std::string_view
 #include <unordered_map> // std::unordered_map
+#include <vector>        // std::vector
 
 namespace specloom::jv_generator {
 
@@ -21,9 +22,16 @@ class JSONSchema {
     /// `schema` is a schema, or a reference to one, that was read from a document, which outlives the result.
     explicit JSONSchema(const openapi::Node& schema);
 
+    /// The same for several schemas of one document, the first of them at the root.
+    explicit JSONSchema(const std::vector<const openapi::Node*>& schemas);
+
     [[nodiscard]] const jv::JV& bundle() const noexcept { return *bundle_; }
     /// The schema itself, below `$defs`.
     [[nodiscard]] const jv::JV& root() const noexcept { return *definitions_->get("0"); }
+    /// The `$ref` to a schema that was given.
+    [[nodiscard]] const std::string& reference(const openapi::Node& schema) const {
+        return references_.at(schema.source());
+    }
     /// What a `$ref` of the bundle leads to.
     [[nodiscard]] const jv::JV& target(std::string_view reference) const;
     /// The value of the document that a schema of the bundle came from; null for other values.
@@ -40,6 +48,7 @@ class JSONSchema {
     std::unique_ptr<jv::JV> bundle_;
     jv::JV* definitions_;
     std::unordered_map<const jv::JV*, const jv::JV*> origins_;
+    std::unordered_map<const jv::JV*, std::string> references_; ///< by the value in the document
 };
 
 } // namespace specloom::jv_generator

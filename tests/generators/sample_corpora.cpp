@@ -9,6 +9,7 @@
 
 #include "foundation/escapes.h"
 #include "jv/json_writer.h"
+#include "jv/jv_document.h"
 #include "jv_generator/generator.h"
 #include "jv_generator/json_schema.h"
 #include "jv_schema/schema.h"
@@ -21,6 +22,7 @@
 #include <cstdio>    // stdout
 #include <exception> // std::exception
 #include <memory>    // std::unique_ptr
+#include <optional>  // std::optional
 #include <string>    // std::string
 #include <utility>   // std::move
 #include <vector>    // std::vector
@@ -52,20 +54,40 @@ std::string textOf(std::unique_ptr<jv::JV> value) {
     return std::move(writer).output();
 }
 
+/// All schemas of a document, compiled as one: the instance is an object with the number of the schema as key.
+class Judge {
+  public:
+    explicit Judge(const std::vector<const openapi::Node*>& schemas) : bundle_(schemas) {
+        const auto wrapper = jv::JVDocument::clone(bundle_.bundle());
+        wrapper->remove("$ref");
+        jv::JV& properties = *wrapper->setObject("properties");
+        for (std::size_t i = 0; i < schemas.size(); ++i)
+            properties.setObject(std::to_string(i))->setString("$ref", bundle_.reference(*schemas[i]));
+        jv::schema::CompileOptions options;
+        options.assertFormats = true;
+        schema_ = jv::schema::Schema::compile(*wrapper, options);
+    }
+
+    [[nodiscard]] bool accepts(std::size_t schema, const jv::JV& value) const {
+        const auto instance = jv::JV::newObject();
+        instance->set(std::to_string(schema), jv::JVDocument::clone(value));
+        return schema_->isValid(*instance);
+    }
+
+  private:
+    jv_generator::JSONSchema bundle_;
+    std::optional<jv::schema::Schema> schema_;
+};
+
 /// Members of the line about one schema.
-std::string sample(const openapi::Node& schema, int count) {
-    jv_generator::Generator generator;
+std::string sample(const openapi::Node& schema, std::size_t number, int count, const Judge& judge) {
     std::string values;
     int fits = 0;
     try {
-        generator.setSchema(schema);
-        const jv_generator::JSONSchema bundle(schema);
-        jv::schema::CompileOptions options;
-        options.assertFormats = true;
-        const auto judge = jv::schema::Schema::compile(bundle.bundle(), options);
+        jv_generator::Generator generator(schema);
         for (int i = 0; i < count; ++i) {
             std::unique_ptr<jv::JV> value = generator.generate();
-            fits += judge.isValid(*value) ? 1 : 0;
+            fits += judge.accepts(number, *value) ? 1 : 0;
             values += (i == 0 ? "" : ",") + textOf(std::move(value));
         }
     } catch (const std::exception& error) {
@@ -81,13 +103,17 @@ void sampleAll(const std::string& path, int count) {
         return;
     }
     Collector collector;
-    const openapi::Components& components = tree.result->root().components();
-    for (const auto& component : components.schemas())
+    for (const auto& component : tree.result->root().components().schemas())
         collector.add(component.value.get());
     openapi::NodeVisitor(collector).visit(tree.result->root());
-    for (const openapi::Node* schema : collector.schemas)
+    if (collector.schemas.empty())
+        return;
+    const Judge judge(collector.schemas);
+    for (std::size_t i = 0; i < collector.schemas.size(); ++i) {
+        const openapi::Node& schema = *collector.schemas[i];
         fmt::print("{{\"document\":{},\"pointer\":{},{}}}\n", toJsonLiteral(path),
-                   toJsonLiteral(schema->source()->pointer()), sample(*schema, count));
+                   toJsonLiteral(schema.source()->pointer()), sample(schema, i, count, judge));
+    }
 }
 
 } // namespace
