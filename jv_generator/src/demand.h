@@ -32,7 +32,8 @@ struct Demand {
     std::uint32_t height = endless;  ///< levels of containers that a value has at least
     std::uint64_t size = UINT64_MAX; ///< values and bytes of texts that it has at least
     std::vector<Demand*> alternatives;
-    std::size_t measured = 1; ///< alternatives of a choice of the first that counted; all do for other choices
+    std::size_t measured =
+        1; ///< alternatives of a choice of the first that counted; all do for other choices
     std::unique_ptr<GenBase> part;
     std::string reason;            ///< why it is impossible
     const jv::JV* place = nullptr; ///< the schema of the bundle that says so

@@ -38,9 +38,9 @@ constexpr auto kindsInOrder = std::to_array<ValueKinds>({
     return result;
 }
 
-constexpr std::size_t mostKindsOfTypes = 4; ///< a schema that allows more kinds is taken to be about none
-constexpr std::size_t mostDemands = 100'000;  ///< after which all are taken for easy ones
-constexpr std::size_t mostExplored = 2000;  ///< demands in one measure
+constexpr std::size_t mostKindsOfTypes = 4;  ///< a schema that allows more kinds is taken to be about none
+constexpr std::size_t mostDemands = 100'000; ///< after which all are taken for easy ones
+constexpr std::size_t mostExplored = 2000;   ///< demands in one measure
 
 } // namespace
 
@@ -122,8 +122,8 @@ bool GenFactory::admits(const Demand& demand, const jv::JV& value) {
            }));
 }
 
-/// Makes the demand a choice where one is open: the one with the fewest alternatives, since that tells most of
-/// the others. An alternative that holds already is the chosen one.
+/// Makes the demand a choice where one is open: the one with the fewest alternatives, since that tells most
+/// of the others. An alternative that holds already is the chosen one.
 bool GenFactory::settleChoices(Demand& demand, Closure& closure, bool& hasGrown) {
     std::optional<OpenChoice> open;
     Held held;

@@ -113,7 +113,8 @@ class JSONSchemaBuilder {
                 return;
         }
         for (const jv::Member member : source.members()) {
-            const auto* keyword = std::ranges::lower_bound(bundledKeywords, member.key, {}, &BundledKeyword::name);
+            const auto* keyword =
+                std::ranges::lower_bound(bundledKeywords, member.key, {}, &BundledKeyword::name);
             if (keyword != bundledKeywords.end() && keyword->name == member.key)
                 convertKeyword(*keyword, *member.value, target);
         }

@@ -27,6 +27,8 @@ constexpr int drawsOfNumber = 200;
 
 NumberPart::NumberPart(SchemaGraph& graph, MergedSchema schema, const GeneratorConfig& config)
     : graph_(&graph), schema_(std::move(schema)) {
+    if (schema_.kinds == value_kind::number && (hasFormat("int32") || hasFormat("int64")))
+        schema_.kinds = value_kind::integer;
     setStep();
     setRange(config);
     // Between 0.001 and 0.002 nothing has two decimals.
@@ -39,9 +41,13 @@ NumberPart::NumberPart(SchemaGraph& graph, MergedSchema schema, const GeneratorC
     }
 }
 
+bool NumberPart::hasFormat(std::string_view name) const {
+    return std::ranges::find(schema_.formats, name) != schema_.formats.end();
+}
+
 /// The range of 32 bits holds where that leaves anything.
 void NumberPart::keepToFormat() {
-    if (std::ranges::find(schema_.formats, "int32") == schema_.formats.end())
+    if (!hasFormat("int32"))
         return;
     const Integer least = std::max(least_, dividedUp(Integer{INT32_MIN} * powerOfTen(scale_), step_));
     const Integer most = std::min(most_, dividedDown(Integer{INT32_MAX} * powerOfTen(scale_), step_));

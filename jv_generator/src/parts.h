@@ -63,6 +63,7 @@ class NumberPart : public GenBase {
     [[nodiscard]] bool hasOpenEnd() const noexcept { return isOpenBelow_ || isOpenAbove_; }
     void setStep();
     void setRange(const GeneratorConfig& config);
+    [[nodiscard]] bool hasFormat(std::string_view name) const;
     void keepToFormat();
     [[nodiscard]] bool isFine(const number::Number& value) const;
     [[nodiscard]] Integer draw(Context& context) const;

@@ -3,8 +3,8 @@
 #include "number/exact_numbers.h"
 
 #include <algorithm> // std::ranges::all_of, std::ranges::any_of, std::ranges::find
-#include <array>   // std::to_array
-#include <utility> // std::move
+#include <array>     // std::to_array
+#include <utility>   // std::move
 
 namespace specloom::jv_generator {
 
@@ -189,7 +189,8 @@ bool SchemaGraph::tellAllApart() {
 
 SchemaId SchemaGraph::idOf(const JV& schema) {
     const JV* target = &schema;
-    for (std::size_t steps = 0; target->isObject() && target->size() == 1 && steps < entries_.size() + 1; ++steps) {
+    for (std::size_t steps = 0; target->isObject() && target->size() == 1 && steps < entries_.size() + 1;
+         ++steps) {
         const JV* reference = target->get("$ref");
         if (reference == nullptr)
             break;
@@ -219,8 +220,10 @@ bool SchemaGraph::isNever(SchemaId id, int levels) {
         return std::ranges::find(schema.required, property.name) != schema.required.end() &&
                schema.kinds == value_kind::object && never(property.schema);
     };
-    return std::ranges::any_of(schema.allOf, never) || (schema.reference != noSchema && never(schema.reference)) ||
-           std::ranges::any_of(schema.anyOf, [&](const auto& ways) { return std::ranges::all_of(ways, never); }) ||
+    return std::ranges::any_of(schema.allOf, never) ||
+           (schema.reference != noSchema && never(schema.reference)) ||
+           std::ranges::any_of(schema.anyOf,
+                               [&](const auto& ways) { return std::ranges::all_of(ways, never); }) ||
            std::ranges::any_of(schema.properties, isDemanded);
 }
 

@@ -54,7 +54,8 @@ std::string textOf(std::unique_ptr<jv::JV> value) {
     return std::move(writer).output();
 }
 
-/// All schemas of a document, compiled as one: the instance is an object with the number of the schema as key.
+/// All schemas of a document, compiled as one: the instance is an object with the number of the schema as
+/// key.
 class Judge {
   public:
     explicit Judge(const std::vector<const openapi::Node*>& schemas) : bundle_(schemas) {

@@ -40,6 +40,10 @@ function schemaOf(source) {
     if (!(key in source)) continue;
     schema[key] = Object.fromEntries(Object.entries(source[key]).map(([name, value]) => [name, schemaOf(value)]));
   }
+  if (Array.isArray(schema.enum) && schema.enum.length === 0) {
+    delete schema.enum; // Ajv does not compile it
+    schema.allOf = [...(schema.allOf ?? []), false];
+  }
   if ("required" in schema && !Array.isArray(schema.required)) delete schema.required;
   if (isOld) translate(schema, source);
   return schema;
