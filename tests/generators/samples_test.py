@@ -30,7 +30,7 @@ class Loader(yaml.CSafeLoader):
     """Takes 1e-8 for a number, as YAML 1.2 does."""
 
 
-Loader.add_implicit_resolver("tag:yaml.org,2002:float", re.compile(r"[-+]?[0-9]+(\.[0-9]*)?[eE][-+]?[0-9]+"), list("-+0123456789"))
+Loader.add_implicit_resolver("tag:yaml.org,2002:float", re.compile(r"[-+]?[0-9]+(\.[0-9]*)?[eE][-+]?[0-9]+$"), list("-+0123456789"))
 
 
 def as_json(file, target):
