@@ -4,6 +4,7 @@
 #include "test_support/corpora.h"
 #include "workspace.h"
 
+#include <algorithm>  // std::ranges::replace
 #include <csignal>    // SIGABRT
 #include <filesystem> // std::filesystem
 #include <iterator>   // std::istream_iterator
@@ -23,7 +24,8 @@ using testing::Not;
 
 const std::string documentOfLeaves =
     "openapi: 3.1.0\ninfo: {title: Tides, version: 1.0.0}\ntags: [{name: tides}]\npaths:\n"
-    "  /tides: {get: {operationId: listTides, tags: [tides], responses: {}}}\n";
+    "  /tides: {get: {operationId: listTides, tags: [tides], responses: {}}}\n"
+    "components: {schemas: {Tide: {type: object}}}\n";
 
 struct LeafRow {
     std::string words; ///< behind "generate"
@@ -33,7 +35,7 @@ struct LeafRow {
 };
 
 constexpr const char* leafTable =
-    R"(data|Generate data from an OpenAPI file.|--config --pointer --mime-type --number|
+    R"(data|Generate data from an OpenAPI file.|--config --pointer --mime-type --number|files
 doc html|Generate HTML documentation from an OpenAPI file.|--config --i18n --package-name --package-version|
 doc markdown|Generate Markdown documentation from an OpenAPI file.||Running DocMarkdownPlugin
 client cpp|Generate a C++ client using the fetch API.||Running ClientCPPPlugin
@@ -100,10 +102,12 @@ class GenerateLeaves : public testing::Test {
         return outcome;
     }
 
-    /// The arguments, with those that the leaf needs besides.
+    /// The arguments, with those that the leaf needs besides; its output is a file in the folder.
     static std::vector<std::string> with(const LeafRow& row, std::vector<std::string> arguments) {
-        if (row.words == "data")
-            arguments.insert(arguments.end(), {"--pointer", "/info"});
+        if (row.words != "data")
+            return arguments;
+        std::ranges::replace(arguments, "out", "out/values.json");
+        arguments.insert(arguments.end(), {"--pointer", "/components/schemas/Tide"});
         return arguments;
     }
 
@@ -214,6 +218,13 @@ TEST(Generate, doesWhatTheManualShows) {
     const Workspace workspace;
     workspace.write("api.yaml", documentOfLeaves);
     EXPECT_GT(expectManualShows(workspace, "docs/generating.md"), 0u);
+}
+
+TEST(Generate, doesWhatTheManualShowsOfData) {
+    const Workspace workspace;
+    workspace.write("bookshop.yaml",
+                    test_support::fileBytes(SPECLOOM_SOURCE_DIR "/examples/bookshop-3.1.yaml"));
+    EXPECT_GT(expectManualShows(workspace, "docs/generating-data.md"), 0u);
 }
 
 TEST(Generate, theManualSaysOfEachLeafWhatItIs) {

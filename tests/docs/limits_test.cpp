@@ -5,6 +5,7 @@
 #include "foundation/input_file.h"
 #include "foundation/message.h"
 #include "jv/yaml_reader.h"
+#include "jv_generator/generator.h"
 #include "jv_schema/schema.h"
 #include "markdown/containers.h"
 #include "markdown/parser.h"
@@ -42,6 +43,9 @@ const Limits declared = {
     {"jv/src/yaml_reader.h deepestYaml", jv::deepestYaml},
     {"jv/src/yaml_reader.h longestTagPrefix", jv::longestTagPrefix},
     {"jv/src/yaml_reader.h mostTagDirectives", jv::mostTagDirectives},
+    {"jv_generator/src/generator.h deepestValue", jv_generator::deepestValue},
+    {"jv_generator/src/generator.h mostAttempts", jv_generator::mostAttempts},
+    {"jv_generator/src/generator.h mostGenerated", jv_generator::mostGenerated},
     {"jv_schema/src/schema.h deepestEvaluation", jv::schema::deepestEvaluation},
     {"jv_schema/src/schema.h longestEvaluation", jv::schema::longestEvaluation},
     {"jv_schema/src/schema.h mostErrorBytes", jv::schema::mostErrorBytes},
@@ -91,6 +95,16 @@ const std::set<std::string> noLimits = {
     "egret/src/path_search.cpp mostComparedEdges",         // which of several good ways is taken
     "foundation/src/validators/hostname.cpp longestLabel", // what a host name is
     "markdown/src/raw_html.cpp longestReference",          // no name of HTML is longer
+    "jv_generator/src/array_part.cpp mostSpread",          // no schema tells more of them apart
+    "jv_generator/src/decimal.cpp mostDecimals",           // the looks of numbers
+    "jv_generator/src/decimal.cpp mostDigits",             // no float has more
+    "jv_generator/src/gen_factory.cpp mostDemands",        // how far is looked ahead
+    "jv_generator/src/gen_factory.cpp mostExplored",       // the same
+    "jv_generator/src/gen_factory.cpp mostKindsOfTypes",   // the looks of values
+    "jv_generator/src/generator.cpp mostFailures",         // of one attempt; another follows
+    "jv_generator/src/generator.cpp mostNestedChoices",    // the same
+    "jv_generator/src/number_part.cpp mostScale",          // the looks of numbers
+    "jv_generator/src/texts.cpp longestWord",              // the looks of texts
     "jv_schema/src/evaluation.cpp mostAnswers",            // what is remembered; forgetting changes no result
     "jv_schema/src/keywords/constants.cpp mostShown",      // the wording of a message
     "jv_schema/src/messages.cpp longestQuotation",         // the same

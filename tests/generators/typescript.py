@@ -43,19 +43,20 @@ def generate(program, generator, document, folder, *options):
     return "" if run.returncode == 0 else run.stdout + run.stderr or f"status {run.returncode}"
 
 
-def installed_dependencies(work):
-    """The folder node_modules, below `work`, with what the lockfile pins. It is installed once for each state of that."""
-    pinned = [HERE / "express" / name for name in ("package.json", "package-lock.json")]
+def installed_dependencies(work, folder="express"):
+    """The folder node_modules, below `work`, with what the lockfile of a folder beside this file pins. It is installed once for each
+    state of that."""
+    pinned = [HERE / folder / name for name in ("package.json", "package-lock.json")]
     state = hashlib.sha256(b"\0".join(file.read_bytes() for file in pinned)).hexdigest()[:16]
-    folder = work / f"express-dependencies-{state}"
-    with open(work / "express-dependencies.lock", "w", encoding="utf-8") as lock:
+    target = work / f"{folder}-dependencies-{state}"
+    with open(work / f"{folder}-dependencies.lock", "w", encoding="utf-8") as lock:
         fcntl.flock(lock, fcntl.LOCK_EX)  # for tests that run at once
-        if not (folder / "complete").exists():
-            shutil.rmtree(folder, ignore_errors=True)
-            folder.mkdir(parents=True)
+        if not (target / "complete").exists():
+            shutil.rmtree(target, ignore_errors=True)
+            target.mkdir(parents=True)
             for file in pinned:
-                shutil.copy(file, folder)
-            subprocess.run(["npm", "ci", "--no-audit", "--no-fund", "--ignore-scripts"], cwd=folder, check=True,
+                shutil.copy(file, target)
+            subprocess.run(["npm", "ci", "--no-audit", "--no-fund", "--ignore-scripts"], cwd=target, check=True,
                            stdin=subprocess.DEVNULL)
-            (folder / "complete").touch()
-    return folder / "node_modules"
+            (target / "complete").touch()
+    return target / "node_modules"

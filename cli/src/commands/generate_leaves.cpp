@@ -4,6 +4,7 @@
 #include "openapi_generator/named_plugins.h"
 #include "openapi_generator/plugin_runner.h"
 #include "openapi_generator_client_fetch/plugin.h"
+#include "openapi_generator_data/plugin.h"
 #include "openapi_generator_server_express/plugin.h"
 #include "openapi_generator_server_nestjs/plugin.h"
 
@@ -173,7 +174,7 @@ constexpr auto groupTable = std::to_array<GenerateGroup>({
 });
 
 constexpr auto leafTable = std::to_array<GenerateLeaf>({
-    {"", "data", "Generate data from an OpenAPI file.", ofData, toCome},
+    {"", "data", "Generate data from an OpenAPI file.", ofData, made<openapi_generator::data::Plugin>},
     {"doc", "html", "Generate HTML documentation from an OpenAPI file.", ofDocHtml, toCome},
     {"doc", "markdown", "Generate Markdown documentation from an OpenAPI file.", fileAndOutput, named},
     {"client", "fetch", "Generate a TypeScript client using the fetch API.", withUnreadConfig,
