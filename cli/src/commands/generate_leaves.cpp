@@ -7,6 +7,7 @@
 #include "openapi_generator_data/plugin.h"
 #include "openapi_generator_server_express/plugin.h"
 #include "openapi_generator_server_nestjs/plugin.h"
+#include "openapi_generator_server_spring/plugin.h"
 
 #include <array>     // std::to_array
 #include <iostream>  // std::cout
@@ -195,7 +196,8 @@ constexpr auto leafTable = std::to_array<GenerateLeaf>({
     {"server", "fastapi", "Generate a FastAPI server.", fileAndOutput, named},
     {"server", "fastify", "Generate a Fastify server.", withUnreadConfig, named},
     {"server", "csharp", "Generate a C# server.", fileAndOutput, named},
-    {"server", "spring", "Generate a Java Spring server.", withPackage, toCome},
+    {"server", "spring", "Generate a Java Spring server.", withPackage,
+     made<openapi_generator::server_spring::Plugin>},
     {"server", "elixir", "Generate an Elixir server.", fileAndOutput, named},
     {"server", "rust", "Generate a Rust server.", fileAndOutput, named},
     {"server", "rails", "Generate a Rails server.", fileAndOutput, named},

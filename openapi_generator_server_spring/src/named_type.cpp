@@ -1,0 +1,104 @@
+#include "openapi_generator_server_spring/named_type.h"
+
+#include "code_morph_java/spring/annotations.h"
+#include "code_morph_java/spring/names.h"
+#include "foundation/strings.h"
+#include "openapi/extensions.h"
+#include "openapi_generator/codegen_extensions.h"
+
+#include <nlohmann/json.hpp>
+
+namespace specloom::openapi_generator::server_spring {
+
+NamedType::NamedType(Context& context, code_morph::java::SourceFile& file, const openapi::Schema& schema,
+                     const std::string& qualifiedName)
+    : Part(context, file, code_morph::java::classOf(qualifiedName), "named_type.jinja"), schema_(&schema),
+      record_(context.typeOf(schema).record) {}
+
+void NamedType::collectData() {
+    const auto members = membersOf(*schema_);
+    const std::vector<ObjectProperty> properties = members ? propertiesOf(*members)
+                                                           : std::vector<ObjectProperty>();
+    if (!members)
+        addIssue(IssueSeverity::Error,
+                 formatMessage("Schema has more than {} members in its allOf ({}.{})", mostArguments,
+                               file().packageName(), className()),
+                 *schema_);
+    if (properties.size() > mostArguments)
+        addIssue(IssueSeverity::Error,
+                 formatMessage("Schema has more than {} properties ({}.{})", mostArguments,
+                               file().packageName(), className()),
+                 *schema_);
+    else
+        for (const ObjectProperty& property : properties)
+            addField(property);
+}
+
+void NamedType::addField(const ObjectProperty& property) {
+    context().checkAnnotationText(property.key, *property.schemas.back());
+    const code_morph::java::AnnotationRef annotation = code_morph::java::propertyAnnotation(
+        property.key, property.isRequired, names_.take(code_morph::java::toMemberName(nameOf(property))));
+    const SchemaTypeInfo& type = typeOf(property);
+    std::string text = annotation.text;
+    file().addImport(annotation.import);
+    for (const Constraint& constraint : type.annotations) {
+        text.append(text.empty() ? "" : " ").append(constraint.text);
+        file().addImport(constraint.import);
+    }
+    type.addImports(file());
+    const std::size_t record = type.isList() ? SchemaTypeInfo::noRecord : type.record;
+    if (record != SchemaTypeInfo::noRecord)
+        context().recordCycles.addComponent(record_, record);
+    fields_.push_back({std::move(text), std::string(type.text()), annotation.name, record});
+}
+
+const SchemaTypeInfo& NamedType::typeOf(const ObjectProperty& property) const {
+    static const SchemaTypeInfo object;
+    const SchemaTypeInfo* agreed = nullptr;
+    for (const openapi::Schema* schema : property.schemas) {
+        const SchemaTypeInfo& type = context().typeOf(*schema);
+        if (agreed == nullptr || agreed->isObject() || type.isSameType(*agreed)) {
+            agreed = &type; // the last one may say more
+        } else if (!type.isObject()) {
+            addIssue(
+                IssueSeverity::Warning,
+                formatMessage("Members of allOf disagree on the type of '{}' ({}.{}). Falling back to Object",
+                              property.key, file().packageName(), className()),
+                *schema);
+            return object;
+        }
+    }
+    return *agreed;
+}
+
+std::string_view NamedType::nameOf(const ObjectProperty& property) {
+    std::optional<std::string_view> name;
+    try {
+        name = openapi_generator::nameOf(*property.schemas.back());
+    } catch (const openapi::extensions::ExtensionError&) {
+        addIssue(IssueSeverity::Error,
+                 formatMessage("x-specloom/codegen/name must be a string ({}.{})", file().packageName(),
+                               className()),
+                 *property.schemas.back());
+    }
+    if (name && !isIdentifier(*name))
+        addIssue(IssueSeverity::Fatal,
+                 formatMessage("x-specloom/codegen/name must be a valid variable name ({}.{}.{})",
+                               file().packageName(), className(), *name),
+                 *property.schemas.back());
+    return name.value_or(property.key);
+}
+
+void NamedType::fill(nlohmann::json& data) const {
+    nlohmann::json& fields = data["fields"] = nlohmann::json::array();
+    for (const Field& field : fields_) {
+        const bool isCircular = field.record != SchemaTypeInfo::noRecord &&
+                                context().recordCycles.leadsBack(record_, field.record);
+        fields.push_back({{"annotation", field.annotation},
+                          {"type", field.type},
+                          {"name", field.name},
+                          {"isCircular", isCircular}});
+    }
+}
+
+} // namespace specloom::openapi_generator::server_spring

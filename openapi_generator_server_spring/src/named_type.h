@@ -1,0 +1,47 @@
+#pragma once
+
+#include "openapi_generator_server_spring/object_schema.h"
+#include "openapi_generator_server_spring/parts.h"
+#include "openapi_generator_server_spring/unique_names.h"
+
+#include <cstddef> // std::size_t
+#include <string>  // std::string
+#include <vector>  // std::vector
+
+namespace specloom::openapi_generator::server_spring {
+
+/// A record for a schema of objects.
+class NamedType final : public Part {
+  public:
+    NamedType(Context& context, code_morph::java::SourceFile& file, const openapi::Schema& schema,
+              const std::string& qualifiedName);
+    void collectData() override;
+
+  protected:
+    void fill(nlohmann::json& data) const override;
+
+  private:
+    struct Field {
+        std::string annotation;
+        std::string type;
+        std::string name;
+        std::size_t record; ///< the number of the record that it holds, or SchemaTypeInfo::noRecord
+    };
+
+    void addField(const ObjectProperty& property);
+    /// The type of a property that several members of `allOf` may have, of which Object says nothing: Object
+    /// where the others do not agree.
+    [[nodiscard]] const SchemaTypeInfo& typeOf(const ObjectProperty& property) const;
+    /// What the component is called after: the key, or what the document says in its place.
+    [[nodiscard]] std::string_view nameOf(const ObjectProperty& property);
+    void addIssue(IssueSeverity severity, const Message& message, const openapi::Node& node) const {
+        context().addIssue(severity, message, node);
+    }
+
+    const openapi::Schema* schema_;
+    std::size_t record_;
+    UniqueNames names_;
+    std::vector<Field> fields_;
+};
+
+} // namespace specloom::openapi_generator::server_spring

@@ -1,0 +1,4 @@
+package org.springframework.boot.autoconfigure;
+
+public @interface SpringBootApplication {
+}
