@@ -77,6 +77,7 @@ void Plugin::configureParts() {
              {serviceInterfaceName(configuration, group), serviceClassName(configuration, group),
               controllerClassName(configuration, group), controllerTestClassName(configuration, group)})
             handler.reserve(name);
+    handler.reserveComponents();
     noteShared(grouper_.groups(), handler);
     openapi::NodeVisitor visitor(handler);
     auto group = groups_.begin();

@@ -32,6 +32,14 @@ bool isBoolean(const openapi::Node* node) {
 
 } // namespace
 
+void SchemaVisitorHandler::reserveComponents() {
+    for (const auto& entry : context_->document->components().schemas())
+        if (entry.value->type() == openapi::NodeType::Schema &&
+            isObject(static_cast<const Schema&>(*entry.value)))
+            componentNames_.emplace(entry.value.get(), classNames_.take(sharedDtoName(context_->configuration,
+                                                                                      entry.name())));
+}
+
 void SchemaVisitorHandler::visit(const openapi::Parameter& parameter) {
     planElement(parameter, schemaNodeOf(parameter), paramDtoName(elementNames(), parameter));
 }
@@ -128,7 +136,8 @@ void SchemaVisitorHandler::setType(SchemaTypeInfo& info, ClassPlan& plan) {
 }
 
 void SchemaVisitorHandler::setClass(SchemaTypeInfo& info, ClassPlan& plan) {
-    info.typeName = classNames_.take(plan);
+    const auto component = componentNames_.find(info.schema);
+    info.typeName = component != componentNames_.end() ? component->second : classNames_.take(plan);
     plan.name = code_morph::java::classOf(info.typeName);
     info.record = context_->recordCycles.addRecord();
     addClass_(*info.schema, info.typeName);

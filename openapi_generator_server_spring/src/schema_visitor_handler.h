@@ -28,6 +28,9 @@ class SchemaVisitorHandler final : public openapi::NodeVisitHandler {
 
     /// Takes the names of classes that do not stand for schemas.
     void reserve(std::string_view qualifiedName) { classNames_.reserve(qualifiedName); }
+    /// Takes the names of the classes of `components`, so that these keep them when a schema within another
+    /// would be called alike.
+    void reserveComponents();
     /// To be called before the operations of a group are walked. `group` outlives that walk.
     void enter(const Group& group) { group_ = &group; }
     /// Notes an operation that several groups have, and a path item of which several have operations: from
@@ -67,6 +70,7 @@ class SchemaVisitorHandler final : public openapi::NodeVisitHandler {
     Context* context_;
     AddClass addClass_;
     ClassNames classNames_;
+    std::unordered_map<const openapi::Node*, std::string, openapi::NodeHash> componentNames_;
     const Group* group_ = nullptr;
     const openapi::Operation* operation_ = nullptr;
     std::unordered_set<const openapi::Node*, openapi::NodeHash> sharedNodes_;
