@@ -16,8 +16,6 @@ namespace {
 std::vector<templating::Function> templateFunctions() {
     using Arguments = std::span<const std::string_view>;
     return {
-        {"startsWith", 2,
-         [](Arguments arguments) -> nlohmann::json { return startsWith(arguments[0], arguments[1]); }},
         {"toStringLiteral", 1,
          [](Arguments arguments) -> nlohmann::json {
              return code_morph::java::toStringLiteral(arguments[0]);

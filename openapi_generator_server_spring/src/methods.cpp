@@ -2,7 +2,8 @@
 
 #include "code_morph_java/spring/annotations.h"
 
-#include <array> // std::to_array
+#include <array>   // std::to_array
+#include <utility> // std::move
 
 #include <nlohmann/json.hpp>
 
@@ -48,11 +49,7 @@ void OperationMethod::collectData() {
 }
 
 nlohmann::json OperationMethod::data() const {
-    nlohmann::json arguments = nlohmann::json::array();
-    for (const Argument& argument : signature_->arguments)
-        arguments.push_back(
-            {{"annotation", argument.annotation}, {"type", argument.type}, {"name", argument.name}});
-    return {{"args", std::move(arguments)},
+    return {{"declarations", scope().signatures.declarationOf(*signature_)},
             {"result", {{"type", signature_->resultType}, {"annotation", signature_->resultAnnotation}}}};
 }
 
@@ -67,6 +64,10 @@ nlohmann::json ControllerMethod::data() const {
     nlohmann::json data = OperationMethod::data();
     data["methodAnnotation"] = mappingOf(operation().method).text;
     data["methodUrl"] = operation().path;
+    std::string names;
+    for (const Argument& argument : signature().arguments)
+        names.append(names.empty() ? "" : ", ").append(argument.name);
+    data["argumentNames"] = std::move(names);
     data["serviceMethodName"] = scope().context.methodName("", operation());
     return data;
 }

@@ -39,17 +39,17 @@ void NamedType::addField(const ObjectProperty& property) {
     const code_morph::java::AnnotationRef annotation = code_morph::java::propertyAnnotation(
         property.key, property.isRequired, names_.take(code_morph::java::toMemberName(nameOf(property))));
     const SchemaTypeInfo& type = typeOf(property);
-    std::string text = annotation.text;
+    std::string declaration = annotation.text;
     file().addImport(annotation.import);
     for (const Constraint& constraint : type.annotations) {
-        text.append(text.empty() ? "" : " ").append(constraint.text);
+        declaration.append(declaration.empty() ? "" : " ").append(constraint.text);
         file().addImport(constraint.import);
     }
     type.addImports(file());
-    const std::size_t record = type.isList() ? SchemaTypeInfo::noRecord : type.record;
-    if (record != SchemaTypeInfo::noRecord)
-        context().recordCycles.addComponent(record_, record);
-    fields_.push_back({std::move(text), std::string(type.text()), annotation.name, record});
+    if (type.record != SchemaTypeInfo::noRecord)
+        context().recordCycles.addComponent(record_, type.record);
+    declaration.append(declaration.empty() ? "" : " ").append(type.text());
+    fields_.push_back({declaration.append(" ").append(annotation.name), &type});
 }
 
 const SchemaTypeInfo& NamedType::typeOf(const ObjectProperty& property) const {
@@ -92,12 +92,10 @@ std::string_view NamedType::nameOf(const ObjectProperty& property) {
 void NamedType::fill(nlohmann::json& data) const {
     nlohmann::json& fields = data["fields"] = nlohmann::json::array();
     for (const Field& field : fields_) {
-        const bool isCircular = field.record != SchemaTypeInfo::noRecord &&
-                                context().recordCycles.leadsBack(record_, field.record);
-        fields.push_back({{"annotation", field.annotation},
-                          {"type", field.type},
-                          {"name", field.name},
-                          {"isCircular", isCircular}});
+        const bool isCircular = field.type->record != SchemaTypeInfo::noRecord &&
+                                context().recordCycles.leadsBack(record_, field.type->record);
+        fields.push_back({{"declaration", field.declaration},
+                          {"value", isCircular ? "null" : defaultValueOf(*field.type, "\"Hello\"")}});
     }
 }
 

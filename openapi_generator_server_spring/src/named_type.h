@@ -22,10 +22,8 @@ class NamedType final : public Part {
 
   private:
     struct Field {
-        std::string annotation;
-        std::string type;
-        std::string name;
-        std::size_t record; ///< the number of the record that it holds, or SchemaTypeInfo::noRecord
+        std::string declaration; ///< its annotations, its type and its name
+        const SchemaTypeInfo* type;
     };
 
     void addField(const ObjectProperty& property);

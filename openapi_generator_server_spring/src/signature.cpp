@@ -9,6 +9,7 @@
 #include <utility> // std::move, std::pair
 
 #include <fmt/core.h>
+#include <nlohmann/json.hpp>
 
 namespace specloom::openapi_generator::server_spring {
 namespace {
@@ -23,17 +24,6 @@ ParameterPlace placeOf(const openapi::Parameter& parameter) {
     constexpr auto places = std::to_array<ParameterPlace>(
         {ParameterPlace::Path, ParameterPlace::Query, ParameterPlace::Header, ParameterPlace::Cookie});
     return places.at(static_cast<std::size_t>(parameter.location()));
-}
-
-std::string defaultValueOf(const SchemaTypeInfo& type) {
-    constexpr auto values = std::to_array<std::pair<std::string_view, std::string_view>>(
-        {{"Boolean", "true"}, {"Integer", "42"}, {"Double", "3.14"}, {"String", "\"some_string\""}});
-    if (type.isList())
-        return "List.of()";
-    for (const auto& [name, value] : values)
-        if (type.typeName == name)
-            return std::string(value);
-    return fmt::format("new {}()", type.text());
 }
 
 class SignatureMaker {
@@ -113,7 +103,7 @@ class SignatureMaker {
     void setResult(const SchemaTypeInfo& type) {
         signature_.resultType = type.text();
         signature_.resultAnnotation = textOf(type.annotations);
-        signature_.resultValue = defaultValueOf(type);
+        signature_.resultValue = defaultValueOf(type, "\"some_string\"");
         addType(type);
         addImports(type.annotations, signature_.resultImports);
     }
@@ -136,11 +126,36 @@ class SignatureMaker {
 
 } // namespace
 
+std::string defaultValueOf(const SchemaTypeInfo& type, std::string_view text) {
+    if (type.isList())
+        return "List.of()";
+    for (const auto& [name, value] : {std::pair<std::string_view, std::string_view>{"Boolean", "true"},
+                                      {"Integer", "42"},
+                                      {"Double", "3.14"},
+                                      {"String", text}})
+        if (type.typeName == name)
+            return std::string(value);
+    return fmt::format("new {}()", type.text());
+}
+
 const Signature& Signatures::of(const openapi::OperationRef& ref) {
     const auto found = signatures_.find(ref.operation);
     if (found != signatures_.end())
         return found->second;
     return signatures_.emplace(ref.operation, SignatureMaker(*context_, ref).make()).first->second;
+}
+
+const std::string& Signatures::declarationOf(const Signature& signature) {
+    const auto [found, isNew] = declarations_.try_emplace(&signature);
+    if (isNew) {
+        nlohmann::json data;
+        nlohmann::json& arguments = data["args"] = nlohmann::json::array();
+        for (const Argument& argument : signature.arguments)
+            arguments.push_back(
+                {{"annotation", argument.annotation}, {"type", argument.type}, {"name", argument.name}});
+        found->second = context_->templates.render("function_decl_param_list.jinja", data);
+    }
+    return found->second;
 }
 
 } // namespace specloom::openapi_generator::server_spring

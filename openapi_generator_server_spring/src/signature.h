@@ -4,6 +4,7 @@
 #include "openapi_generator_server_spring/context.h"
 
 #include <string>        // std::string
+#include <string_view>   // std::string_view
 #include <unordered_map> // std::unordered_map
 #include <vector>        // std::vector
 
@@ -15,6 +16,10 @@ struct Argument {
     std::string type;
     std::string name;
 };
+
+/// The expression for a value of a type that constructors and services give where nothing better is known:
+/// `text` for a string, "new Pet()" for a record.
+[[nodiscard]] std::string defaultValueOf(const SchemaTypeInfo& type, std::string_view text);
 
 /// What a method takes and gives back.
 struct Signature {
@@ -35,10 +40,13 @@ class Signatures {
     explicit Signatures(Context& context) : context_(&context) {}
 
     [[nodiscard]] const Signature& of(const openapi::OperationRef& ref);
+    /// The arguments of such a signature as they stand in a declaration, rendered once.
+    [[nodiscard]] const std::string& declarationOf(const Signature& signature);
 
   private:
     Context* context_;
     std::unordered_map<const openapi::Operation*, Signature, openapi::NodeHash> signatures_;
+    std::unordered_map<const Signature*, std::string> declarations_;
 };
 
 } // namespace specloom::openapi_generator::server_spring
