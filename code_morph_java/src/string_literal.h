@@ -11,8 +11,8 @@ namespace specloom::code_morph::java {
 /// U+FFFD.
 [[nodiscard]] std::string toStringLiteral(std::string_view text);
 
-/// Whether a class file can hold `text` as one string. What is not UTF-8 is judged as toStringLiteral() writes
-/// it, or as more.
+/// Whether a class file can hold `text` as one string. What is not UTF-8 is judged as toStringLiteral()
+/// writes it, or as more.
 [[nodiscard]] bool fitsConstant(std::string_view text);
 
 } // namespace specloom::code_morph::java

@@ -76,10 +76,13 @@ TEST(JavaStringLiteral, standsForAnyText) {
         {std::string("\0\x1A\x7F", 3), R"("\u0000\u001a\u007f")"},
         {"é日😀", R"("é日😀")"},
         {"\u2028\u2029\u202E\u2066", R"("\u2028\u2029\u202e\u2066")"},
-        {R"(\u000a)", R"("\\u000a")"},        // no escape: its backslash is not alone
-        {"\\\xED\xA0\x80", R"("\\\ud800")"},  // an escape: two backslashes before it are one
+        {R"(\u000a)", R"("\\u000a")"},       // no escape: its backslash is not alone
+        {"\\\xED\xA0\x80", R"("\\\ud800")"}, // an escape: two backslashes before it are one
         {"\xED\xBF\xBF\xED\x9F\xBF", "\"\\udfff\uD7FF\""},
-        {"a\xFF" "b\xED", "\"a\uFFFD" "b\uFFFD\""},
+        {"a\xFF"
+         "b\xED",
+         "\"a\uFFFD"
+         "b\uFFFD\""},
     };
     for (const auto& [text, literal] : rows)
         EXPECT_EQ(toStringLiteral(text), literal);

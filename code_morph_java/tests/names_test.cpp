@@ -52,8 +52,8 @@ TEST(JavaNames, areMadeOfAnyText) {
 }
 
 TEST(JavaNames, ofMembersLeaveMethodsOfObjectAlone) {
-    for (const std::string name : {"clone", "equals", "finalize", "getClass", "hashCode", "notify",
-                                   "notifyAll", "toString", "wait"}) {
+    for (const std::string name :
+         {"clone", "equals", "finalize", "getClass", "hashCode", "notify", "notifyAll", "toString", "wait"}) {
         EXPECT_EQ(toMemberName(name), name + "1");
         EXPECT_EQ(toIdentifier(name), name);
     }
@@ -72,7 +72,8 @@ TEST(JavaNames, ofFilesAreNotTooLong) {
 TEST(JavaNames, areChecked) {
     for (const std::string name : {"a", "com.acme", "_a.b1_C", "com.class"})
         EXPECT_TRUE(isValidPackageName(name)) << name;
-    for (const std::string name : {"", ".", "com.", ".com", "com..a", "Com", "com.1a", "com.a-b", "com.é", "a b"})
+    for (const std::string name :
+         {"", ".", "com.", ".com", "com..a", "Com", "com.1a", "com.a-b", "com.é", "a b"})
         EXPECT_FALSE(isValidPackageName(name)) << name;
     for (const std::string name : {"", "pet", "1Pet", "Pet-1", "P.Q", "Pét"})
         EXPECT_FALSE(isValidClassName(name)) << name;

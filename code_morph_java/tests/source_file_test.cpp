@@ -23,8 +23,8 @@ TEST(JavaSourceFile, importsWhatIsNotInSightOnce) {
     MemoryFileSystem files;
     Project project(files);
     SourceFile& file = project.mainClass("com.acme.Pet");
-    for (const char* name : {"java.util.List", "com.acme.dto.Pet", "java.util.List", "", "Object", "com.acme.Dog",
-                             "java.lang.String", "java.lang.reflect.Method"})
+    for (const char* name : {"java.util.List", "com.acme.dto.Pet", "java.util.List", "", "Object",
+                             "com.acme.Dog", "java.lang.String", "java.lang.reflect.Method"})
         file.addImport(name);
     EXPECT_THAT(file.imports(),
                 testing::ElementsAre("com.acme.dto.Pet", "java.lang.reflect.Method", "java.util.List"));

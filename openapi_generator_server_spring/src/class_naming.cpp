@@ -18,16 +18,14 @@ using code_morph::java::toClassName;
 
 /// What templates and annotations name without a package.
 constexpr auto namesOfTemplates = std::to_array<std::string_view>({
-    "AfterAll",       "AfterEach",    "AssertFalse",   "AssertTrue",
-    "BeforeAll",      "BeforeEach",   "Boolean",       "CookieValue",
-    "DeleteMapping",  "Disabled",     "Double",        "GetMapping",
-    "HeadMapping",    "Integer",      "JsonProperty",  "List",
-    "Max",            "Min",          "NotNull",       "Object",
-    "OptionsMapping", "Override",     "PatchMapping",  "PathVariable",
-    "Pattern",        "PostMapping",  "PutMapping",    "RequestBody",
-    "RequestHeader",  "RequestParam", "RestController", "Service",
-    "Size",           "SpringApplication", "SpringBootApplication", "String",
-    "Test",           "TraceMapping",
+    "AfterAll",       "AfterEach",  "AssertFalse",  "AssertTrue",        "BeforeAll",
+    "BeforeEach",     "Boolean",    "CookieValue",  "DeleteMapping",     "Disabled",
+    "Double",         "GetMapping", "HeadMapping",  "Integer",           "JsonProperty",
+    "List",           "Max",        "Min",          "NotNull",           "Object",
+    "OptionsMapping", "Override",   "PatchMapping", "PathVariable",      "Pattern",
+    "PostMapping",    "PutMapping", "RequestBody",  "RequestHeader",     "RequestParam",
+    "RestController", "Service",    "Size",         "SpringApplication", "SpringBootApplication",
+    "String",         "Test",       "TraceMapping",
 });
 static_assert(std::is_sorted(namesOfTemplates.begin(), namesOfTemplates.end()));
 

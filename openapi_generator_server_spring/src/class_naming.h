@@ -88,7 +88,7 @@ class ClassNames {
 
     [[nodiscard]] bool isTaken(const ClassPlan& plan, std::string_view name) const;
 
-    TextMap<Holders> holders_;          ///< by simple name
+    TextMap<Holders> holders_;         ///< by simple name
     TextMap<std::size_t> lastNumbers_; ///< by planned qualified name
 };
 

@@ -69,8 +69,7 @@ void addPattern(const openapi::Schema& schema, std::vector<Constraint>& constrai
     if (!pattern)
         return;
     if (code_morph::java::fitsConstant(*pattern))
-        constraints.push_back(
-            {code_morph::java::patternAnnotation(*pattern), annotations::pattern.import});
+        constraints.push_back({code_morph::java::patternAnnotation(*pattern), annotations::pattern.import});
     else
         context.addIssue(IssueSeverity::Warning, "Pattern is too long for Java, skipping", schema);
 }

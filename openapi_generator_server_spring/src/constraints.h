@@ -6,8 +6,8 @@
 
 namespace specloom::openapi_generator::server_spring {
 
-/// The annotations that the constraints of a schema become: @NotNull, @Size and @Pattern. Adds issues for what
-/// cannot become any.
+/// The annotations that the constraints of a schema become: @NotNull, @Size and @Pattern. Adds issues for
+/// what cannot become any.
 [[nodiscard]] std::vector<Constraint> constraintsOf(const openapi::Schema& schema, Context& context);
 
 } // namespace specloom::openapi_generator::server_spring

@@ -18,8 +18,8 @@
 
 namespace specloom::openapi_generator::server_spring {
 
-/// The most components of a record and arguments of a method: a method has 255 slots (The Java Virtual Machine
-/// Specification, section 4.3.3), one of which is taken by the object.
+/// The most components of a record and arguments of a method: a method has 255 slots (The Java Virtual
+/// Machine Specification, section 4.3.3), one of which is taken by the object.
 inline constexpr std::size_t mostArguments = 254;
 
 /// What the plugin and its parts share.

@@ -110,7 +110,8 @@ using Methods = std::vector<std::unique_ptr<Method>>;
 
 /// A method of that kind for each operation.
 template <typename Kind>
-[[nodiscard]] Methods methodsOf(const MethodScope& scope, const std::vector<openapi::OperationRef>& operations) {
+[[nodiscard]] Methods methodsOf(const MethodScope& scope,
+                                const std::vector<openapi::OperationRef>& operations) {
     Methods methods;
     for (const openapi::OperationRef& ref : operations)
         methods.push_back(std::make_unique<Kind>(scope, ref));

@@ -17,8 +17,8 @@ NamedType::NamedType(Context& context, code_morph::java::SourceFile& file, const
 
 void NamedType::collectData() {
     const auto members = membersOf(*schema_);
-    const std::vector<ObjectProperty> properties = members ? propertiesOf(*members)
-                                                           : std::vector<ObjectProperty>();
+    const std::vector<ObjectProperty> properties =
+        members ? propertiesOf(*members) : std::vector<ObjectProperty>();
     if (!members)
         addIssue(IssueSeverity::Error,
                  formatMessage("Schema has more than {} members in its allOf ({}.{})", mostArguments,
@@ -71,22 +71,26 @@ const SchemaTypeInfo& NamedType::typeOf(const ObjectProperty& property) const {
     return *agreed;
 }
 
-std::string_view NamedType::nameOf(const ObjectProperty& property) {
-    std::optional<std::string_view> name;
-    try {
-        name = openapi_generator::nameOf(*property.schemas.back());
-    } catch (const openapi::extensions::ExtensionError&) {
-        addIssue(IssueSeverity::Error,
-                 formatMessage("x-specloom/codegen/name must be a string ({}.{})", file().packageName(),
-                               className()),
-                 *property.schemas.back());
-    }
+std::string_view NamedType::nameOf(const ObjectProperty& property) const {
+    const std::optional<std::string_view> name = chosenName(property);
     if (name && !isIdentifier(*name))
         addIssue(IssueSeverity::Fatal,
                  formatMessage("x-specloom/codegen/name must be a valid variable name ({}.{}.{})",
                                file().packageName(), className(), *name),
                  *property.schemas.back());
     return name.value_or(property.key);
+}
+
+std::optional<std::string_view> NamedType::chosenName(const ObjectProperty& property) const {
+    try {
+        return openapi_generator::nameOf(*property.schemas.back());
+    } catch (const openapi::extensions::ExtensionError&) {
+        addIssue(IssueSeverity::Error,
+                 formatMessage("x-specloom/codegen/name must be a string ({}.{})", file().packageName(),
+                               className()),
+                 *property.schemas.back());
+        return std::nullopt;
+    }
 }
 
 void NamedType::fill(nlohmann::json& data) const {

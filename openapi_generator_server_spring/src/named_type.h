@@ -4,9 +4,11 @@
 #include "openapi_generator_server_spring/parts.h"
 #include "openapi_generator_server_spring/unique_names.h"
 
-#include <cstddef> // std::size_t
-#include <string>  // std::string
-#include <vector>  // std::vector
+#include <cstddef>     // std::size_t
+#include <optional>    // std::optional
+#include <string>      // std::string
+#include <string_view> // std::string_view
+#include <vector>      // std::vector
 
 namespace specloom::openapi_generator::server_spring {
 
@@ -31,7 +33,8 @@ class NamedType final : public Part {
     /// where the others do not agree.
     [[nodiscard]] const SchemaTypeInfo& typeOf(const ObjectProperty& property) const;
     /// What the component is called after: the key, or what the document says in its place.
-    [[nodiscard]] std::string_view nameOf(const ObjectProperty& property);
+    [[nodiscard]] std::string_view nameOf(const ObjectProperty& property) const;
+    [[nodiscard]] std::optional<std::string_view> chosenName(const ObjectProperty& property) const;
     void addIssue(IssueSeverity severity, const Message& message, const openapi::Node& node) const {
         context().addIssue(severity, message, node);
     }

@@ -14,8 +14,8 @@ namespace specloom::openapi_generator::server_spring {
 /// Whether the schema has several types beside "null".
 [[nodiscard]] bool hasSeveralTypes(const openapi::Schema& schema) noexcept;
 
-/// The members of `allOf` and theirs, each once and behind its own members, the schema itself last. None where
-/// there are more than mostArguments.
+/// The members of `allOf` and theirs, each once and behind its own members, the schema itself last. None
+/// where there are more than mostArguments.
 [[nodiscard]] std::optional<std::vector<const openapi::Schema*>> membersOf(const openapi::Schema& schema);
 
 /// Whether Java has a class for the schema: one of the type "object", unless it only says which of other
@@ -31,7 +31,6 @@ struct ObjectProperty {
 
 /// The properties of the members of an object, each once, in their order; no more than one beyond
 /// mostArguments.
-[[nodiscard]] std::vector<ObjectProperty>
-propertiesOf(const std::vector<const openapi::Schema*>& members);
+[[nodiscard]] std::vector<ObjectProperty> propertiesOf(const std::vector<const openapi::Schema*>& members);
 
 } // namespace specloom::openapi_generator::server_spring

@@ -51,10 +51,9 @@ void OperationsClass::fill(nlohmann::json& data) const {
 }
 
 ServiceInterface::ServiceInterface(const GroupScope& scope, SourceFile& file)
-    : OperationsClass(scope.context, file,
-                      classOf(serviceInterfaceName(scope.context.configuration, scope.group)),
-                      "service_interface.jinja", "service interface",
-                      methodsIn<ServiceInterfaceMethod>(scope, file)) {
+    : OperationsClass(
+          scope.context, file, classOf(serviceInterfaceName(scope.context.configuration, scope.group)),
+          "service_interface.jinja", "service interface", methodsIn<ServiceInterfaceMethod>(scope, file)) {
     file.addImport("org.springframework.stereotype.Service");
 }
 
@@ -64,7 +63,8 @@ void ServiceInterface::fill(nlohmann::json& data) const {
 }
 
 ServiceClass::ServiceClass(const GroupScope& scope, SourceFile& file, std::string_view interfaceName)
-    : OperationsClass(scope.context, file, classOf(serviceClassName(scope.context.configuration, scope.group)),
+    : OperationsClass(scope.context, file,
+                      classOf(serviceClassName(scope.context.configuration, scope.group)),
                       "service_class.jinja", "service class", methodsIn<ServiceClassMethod>(scope, file)),
       interfaceName_(classOf(interfaceName)) {
     file.addImport("org.springframework.stereotype.Service");

@@ -115,7 +115,8 @@ void Plugin::addClasses(const Group& group, const std::vector<openapi::Operation
     const std::string interfaceName = serviceInterfaceName(configuration, group);
     addPart<ServiceInterface>(scope, project.mainClass(interfaceName));
     if (configuration.serviceClasses)
-        addPart<ServiceClass>(scope, project.mainClass(serviceClassName(configuration, group)), interfaceName);
+        addPart<ServiceClass>(scope, project.mainClass(serviceClassName(configuration, group)),
+                              interfaceName);
     addPart<Controller>(scope, project.mainClass(controllerClassName(configuration, group)), interfaceName);
     if (configuration.controllerTests)
         addPart<ControllerTest>(scope, project.testClass(controllerTestClassName(configuration, group)));

@@ -32,8 +32,8 @@ class Plugin final : public openapi_generator::Plugin {
     /// Throws std::invalid_argument "Invalid package name: '{}'".
     void configureSelf() override;
     void configureParts() override;
-    /// Throws std::runtime_error "Invalid variable name", behind the report, when the document asks for a name
-    /// that is none.
+    /// Throws std::runtime_error "Invalid variable name", behind the report, when the document asks for a
+    /// name that is none.
     void generateCode() override;
 
   private:

@@ -23,8 +23,8 @@ struct Constraint {
 struct SchemaTypeInfo {
     static constexpr std::size_t noRecord = static_cast<std::size_t>(-1);
 
-    /// "Object", "String", "Boolean", "Integer", "Double", or the qualified name of a class. Of a list that of
-    /// the innermost elements.
+    /// "Object", "String", "Boolean", "Integer", "Double", or the qualified name of a class. Of a list that
+    /// of the innermost elements.
     std::string typeName = "Object";
     const openapi::Schema* schema = nullptr;
     std::string_view containerClass; ///< "java.util.List" for a list, otherwise empty

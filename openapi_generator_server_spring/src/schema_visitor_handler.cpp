@@ -27,7 +27,8 @@ ClassPlan planBehind(const ClassPlan& owner, std::string_view text) {
 /// Whether it is true or false, which is no schema that a type could come of.
 bool isBoolean(const openapi::Node* node) {
     const auto* schema = openapi::resolveTo<Schema>(node);
-    return schema != nullptr && schema->types().empty() && (schema->isAlwaysTrue() || schema->isAlwaysFalse());
+    return schema != nullptr && schema->types().empty() &&
+           (schema->isAlwaysTrue() || schema->isAlwaysFalse());
 }
 
 } // namespace
@@ -36,8 +37,8 @@ void SchemaVisitorHandler::reserveComponents() {
     for (const auto& entry : context_->document->components().schemas())
         if (entry.value->type() == openapi::NodeType::Schema &&
             isObject(static_cast<const Schema&>(*entry.value)))
-            componentNames_.emplace(entry.value.get(), classNames_.take(sharedDtoName(context_->configuration,
-                                                                                      entry.name())));
+            componentNames_.emplace(entry.value.get(),
+                                    classNames_.take(sharedDtoName(context_->configuration, entry.name())));
 }
 
 void SchemaVisitorHandler::visit(const openapi::Parameter& parameter) {
@@ -67,8 +68,8 @@ void SchemaVisitorHandler::visit(const openapi::Response& response) {
 
 void SchemaVisitorHandler::planElement(const openapi::Node& element, const openapi::Node* schema,
                                        ClassPlan plan) {
-    plan.isSeenEverywhere = plan.isSeenEverywhere || sharedNodes_.contains(operation_) ||
-                            sharedNodes_.contains(element.parent());
+    plan.isSeenEverywhere =
+        plan.isSeenEverywhere || sharedNodes_.contains(operation_) || sharedNodes_.contains(element.parent());
     planClass(schema, std::move(plan));
 }
 
@@ -154,8 +155,7 @@ void SchemaVisitorHandler::planBelow(const Schema& schema, const ClassPlan& owne
     planMembers(schema.anyOf(), owner);
 }
 
-void SchemaVisitorHandler::planMembers(const openapi::NodeList& members,
-                                       const ClassPlan& owner) {
+void SchemaVisitorHandler::planMembers(const openapi::NodeList& members, const ClassPlan& owner) {
     for (std::size_t i = 0; i < members.size(); ++i)
         planClass(members[i].get(), planBehind(owner, std::to_string(i + 1)));
 }

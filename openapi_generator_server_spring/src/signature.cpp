@@ -78,7 +78,8 @@ class SignatureMaker {
         signature_.imports.emplace_back(annotation.import);
         addImports(type.annotations, signature_.imports);
         addType(type);
-        signature_.arguments.push_back({std::move(text), std::string(type.text()), std::move(annotation.name)});
+        signature_.arguments.push_back(
+            {std::move(text), std::string(type.text()), std::move(annotation.name)});
     }
 
     /// From the first response that has a body of JSON.
@@ -92,7 +93,8 @@ class SignatureMaker {
                 context_.addIssue(IssueSeverity::Warning,
                                   "Response has no media type 'application/json', skipping", *response);
             } else if (json->schema() == nullptr) {
-                context_.addIssue(IssueSeverity::Error, "Response has no schema defined, skipping", *response);
+                context_.addIssue(IssueSeverity::Error, "Response has no schema defined, skipping",
+                                  *response);
             } else {
                 setResult(context_.typeOf(*json->schema()));
                 return;

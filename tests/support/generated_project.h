@@ -5,9 +5,9 @@
 #include "test_support/golden_folder.h"
 #include "test_support/temporary_folder.h"
 
+#include <exception>   // std::exception
 #include <filesystem>  // std::filesystem
 #include <memory>      // std::make_unique
-#include <stdexcept>   // std::runtime_error
 #include <string>      // std::string
 #include <string_view> // std::string_view
 #include <utility>     // std::move
@@ -31,18 +31,25 @@ struct GeneratedProject {
     std::string failure;           ///< what ended the run; empty when nothing did
 };
 
-/// Runs a plugin on the document at `path`, into memory.
+/// Runs a plugin on the document at `path`, into memory, with the configuration at `configPath` if that is
+/// not empty, and as the command line with the package of that name.
 template <typename Plugin>
-[[nodiscard]] GeneratedProject generate(std::string_view path) {
+[[nodiscard]] GeneratedProject generate(std::string_view path, std::string_view configPath = {},
+                                        std::string_view packageName = {}) {
     auto memory = std::make_unique<MemoryFileSystem>();
     const MemoryFileSystem& made = *memory;
     openapi_generator::PluginRunner runner(std::move(memory));
     runner.setInputPath(path);
-    runner.addPlugin(std::make_unique<Plugin>(runner)).setParam("outputPath", "out");
+    if (!configPath.empty())
+        runner.setConfigPath(configPath);
+    auto& plugin = runner.addPlugin(std::make_unique<Plugin>(runner));
+    plugin.setParam("outputPath", "out");
+    if (!packageName.empty())
+        plugin.setParam("packageName", packageName);
     GeneratedProject result;
     try {
         runner.run();
-    } catch (const std::runtime_error& error) {
+    } catch (const std::exception& error) {
         result.failure = error.what();
     }
     result.files = made.files();

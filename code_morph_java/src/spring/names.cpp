@@ -14,14 +14,14 @@ namespace {
 /// Words that no source may use as a name in all places (The Java Language Specification, Java SE 17, section
 /// 3.9), "_" aside.
 constexpr auto reservedWords = std::to_array<std::string_view>({
-    "abstract",  "assert",     "boolean",    "break",        "byte",   "case",         "catch",   "char",
-    "class",     "const",      "continue",   "default",      "do",     "double",       "else",    "enum",
-    "extends",   "false",      "final",      "finally",      "float",  "for",          "goto",    "if",
-    "implements", "import",    "instanceof", "int",          "interface", "long",      "native",  "new",
-    "non-sealed", "null",      "package",    "permits",      "private", "protected",   "public",  "record",
-    "return",    "sealed",     "short",      "static",       "strictfp", "super",      "switch",  "synchronized",
-    "this",      "throw",      "throws",     "transient",    "true",   "try",          "void",    "volatile",
-    "while",     "yield",
+    "abstract",   "assert", "boolean",    "break",     "byte",      "case",      "catch",  "char",
+    "class",      "const",  "continue",   "default",   "do",        "double",    "else",   "enum",
+    "extends",    "false",  "final",      "finally",   "float",     "for",       "goto",   "if",
+    "implements", "import", "instanceof", "int",       "interface", "long",      "native", "new",
+    "non-sealed", "null",   "package",    "permits",   "private",   "protected", "public", "record",
+    "return",     "sealed", "short",      "static",    "strictfp",  "super",     "switch", "synchronized",
+    "this",       "throw",  "throws",     "transient", "true",      "try",       "void",   "volatile",
+    "while",      "yield",
 });
 static_assert(std::is_sorted(reservedWords.begin(), reservedWords.end()));
 
@@ -81,7 +81,8 @@ bool isReserved(std::string_view name) noexcept {
     return name == "_" || isOneOf(reservedWords, name);
 }
 
-/// `text` with "_" for each code point that is neither a letter, a digit, "_" nor `allowed`, cut to longestName.
+/// `text` with "_" for each code point that is neither a letter, a digit, "_" nor `allowed`, cut to
+/// longestName.
 std::string wordOf(std::string_view text, char allowed) {
     std::string word;
     for (const char c : text) {

@@ -1,0 +1,5 @@
+package com.specloom.domain.books;
+
+
+public record ListBooksParamDTO () {
+}

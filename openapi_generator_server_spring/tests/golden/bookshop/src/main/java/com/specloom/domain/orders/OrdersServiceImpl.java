@@ -1,0 +1,21 @@
+package com.specloom.domain.orders;
+
+import com.specloom.domain.shared.dto.NewOrder;
+import com.specloom.domain.shared.dto.Order;
+import jakarta.validation.constraints.NotNull;
+import org.springframework.stereotype.Service;
+import org.springframework.web.bind.annotation.PathVariable;
+import org.springframework.web.bind.annotation.RequestBody;
+
+@Service
+public class OrdersServiceImpl implements OrdersService {
+    @Override
+    public Order createOrder(@RequestBody @NotNull NewOrder body) {
+        return new Order();
+    }
+
+    @Override
+    public Order getOrder(@PathVariable @NotNull String orderId) {
+        return new Order();
+    }
+}

@@ -1,0 +1,28 @@
+package com.specloom.domain.shared.dto;
+
+import com.fasterxml.jackson.annotation.JsonProperty;
+import jakarta.validation.constraints.NotNull;
+import jakarta.validation.constraints.Size;
+import java.util.List;
+
+public record Order (
+    @NotNull String currency,
+    @NotNull List<Object> delivery,
+    @JsonProperty(required=true) @NotNull @Size(min = 1, max = 100) List<NewOrderLinesItem> lines,
+    @JsonProperty(value="notify") @NotNull String notify1,
+    @JsonProperty(required=true) @NotNull String id,
+    @JsonProperty(required=true) @NotNull String placed,
+    @NotNull Integer total
+) {
+    public Order() {
+        this(
+            "Hello",
+            List.of(),
+            List.of(),
+            "Hello",
+            "Hello",
+            "Hello",
+            42
+        );
+    }
+}

@@ -1,0 +1,10 @@
+package com.specloom.petsId;
+
+import jakarta.validation.constraints.NotNull;
+import org.springframework.stereotype.Service;
+import org.springframework.web.bind.annotation.PathVariable;
+
+@Service
+public interface PetsIdService {
+    void dropPet(@PathVariable @NotNull String id);
+}

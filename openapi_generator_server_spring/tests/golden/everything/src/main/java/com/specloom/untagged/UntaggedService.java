@@ -1,0 +1,8 @@
+package com.specloom.untagged;
+
+import org.springframework.stereotype.Service;
+
+@Service
+public interface UntaggedService {
+    void untagged();
+}

@@ -1,0 +1,10 @@
+package com.specloom.untagged;
+
+import org.springframework.stereotype.Service;
+
+@Service
+public class UntaggedServiceImpl implements UntaggedService {
+    @Override
+    public void untagged() {
+    }
+}

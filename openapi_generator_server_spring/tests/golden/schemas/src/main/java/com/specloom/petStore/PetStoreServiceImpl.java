@@ -1,0 +1,15 @@
+package com.specloom.petStore;
+
+import com.specloom.shared.dto.Pet;
+import jakarta.validation.constraints.NotNull;
+import org.springframework.stereotype.Service;
+import org.springframework.web.bind.annotation.RequestBody;
+import org.springframework.web.bind.annotation.RequestParam;
+
+@Service
+public class PetStoreServiceImpl implements PetStoreService {
+    @Override
+    public Pet addPet(@RequestBody @NotNull AddPetNewPetRequestDTO body, @RequestParam(required=false) @NotNull AddPetParamDTO filter) {
+        return new Pet();
+    }
+}

@@ -1,0 +1,5 @@
+package com.specloom.shared.dto;
+
+
+public record TypesMap () {
+}
