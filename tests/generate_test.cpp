@@ -31,7 +31,8 @@ struct LeafRow {
     std::string words; ///< behind "generate"
     std::string description;
     std::string options; ///< besides --help, --version and --output
-    std::string line;    ///< that it prints; "files" where it makes some, empty where it is still to come
+    std::string line;    ///< that it prints; "files" where it makes some, "issues" where it asks for a
+                         ///< configuration, empty where it is still to come
 };
 
 constexpr const char* leafTable =
@@ -53,7 +54,7 @@ server express|Generate an Express server.|--config --package-name --package-ver
 server fastapi|Generate a FastAPI server.||Running ServerFastAPIPlugin
 server fastify|Generate a Fastify server.|--config|Running ServerFastifyPlugin
 server csharp|Generate a C# server.||Running ServerCSharpPlugin
-server spring|Generate a Java Spring server.|--config --package-name --package-version|
+server spring|Generate a Java Spring server.|--config --package-name --package-version|issues
 server elixir|Generate an Elixir server.||Running ServerElixirPlugin
 server rust|Generate a Rust server.||Running ServerRustPlugin
 server rails|Generate a Rails server.||Running ServerRailsPlugin
@@ -121,7 +122,9 @@ TEST_F(GenerateLeaves, makeFilesOrPrintTheirLineOrFailInOne) {
         const Outcome outcome = run(row, with(row, {"api.yaml", "-o", "out"}));
         EXPECT_EQ(outcome.status, row.line.empty() ? 1 : 0);
         EXPECT_EQ(std::filesystem::remove_all(workspace.path("out")) > 0, row.line == "files");
-        if (row.line.empty())
+        if (row.line == "issues")
+            EXPECT_THAT(outcome.out, HasSubstr("could not be named\n"));
+        else if (row.line.empty())
             EXPECT_EQ(outcome.out, "The generator of '" + row.words + "' is not built yet.\n");
         else
             EXPECT_EQ(outcome.out, row.line == "files" ? "" : row.line + "\n");
@@ -227,12 +230,20 @@ TEST(Generate, doesWhatTheManualShowsOfData) {
     EXPECT_GT(expectManualShows(workspace, "docs/generating-data.md"), 0u);
 }
 
+TEST(Generate, makesTheSpringServerOfTheManual) {
+    const Workspace workspace;
+    workspace.write("api.yaml", documentOfLeaves);
+    std::filesystem::copy(SPECLOOM_SOURCE_DIR "/examples", workspace.path("examples"));
+    EXPECT_EQ(expectManualShows(workspace, "docs/generating-spring.md"), 2u);
+}
+
 TEST(Generate, theManualSaysOfEachLeafWhatItIs) {
     const std::string page = test_support::fileBytes(SPECLOOM_SOURCE_DIR "/docs/generating.md");
     for (const LeafRow& row : leafRows()) {
-        const std::string state = row.line.empty()      ? "not built yet: ends with status 1 |\n"
-                                  : row.line == "files" ? "makes "
-                                                        : "named, not built: prints a line |\n";
+        const bool isBuilt = row.line == "files" || row.line == "issues";
+        const std::string state = row.line.empty() ? "not built yet: ends with status 1 |\n"
+                                  : isBuilt        ? "makes "
+                                                   : "named, not built: prints a line |\n";
         EXPECT_THAT(page, HasSubstr("| `" + row.words + "` | " + state));
     }
 }
