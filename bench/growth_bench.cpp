@@ -5,8 +5,9 @@
 #include "test_support/growing_documents.h"
 #include "test_support/temporary_folder.h"
 
-#include <algorithm> // std::max
-#include <fstream>   // std::ofstream
+#include <algorithm>   // std::max
+#include <fstream>     // std::ofstream
+#include <string_view> // std::string_view
 
 #include <fmt/core.h>
 
@@ -24,9 +25,15 @@ class GrowthInput {
     GrowthInput(const GrowingDocument& document, std::size_t size) {
         const std::string source = write("source", document.extension, document.source(size));
         const std::string config =
-            write("config", "json", configurationText(R"("lint":{"extends":["all"]})", {}));
+            write("config", "json",
+                  configurationText(R"("lint":{"extends":["all"]},"generate":{"server_spring":)"
+                                    R"({"action_naming":"url","controller_grouping":["tag","url"]}})",
+                                    {}));
         arguments_ = {SPECLOOM_PROGRAM, document.command, "--config", config};
-        if (arguments_[1] == "format")
+        if (std::string_view(document.command) == "generate server spring")
+            arguments_ = {SPECLOOM_PROGRAM, "generate", "server",   "spring",
+                          "--config",       config,     "--output", folder_.at("output")};
+        else if (arguments_[1] == "format")
             arguments_ = {SPECLOOM_PROGRAM, "format", "--output",
                           folder_.at(std::string("output.") + document.extension)};
         arguments_.push_back(source);

@@ -44,12 +44,13 @@ constexpr const char* usage =
     return edited;
 }
 
+/// A document of the corpora.
+[[nodiscard]] bench::Input input(const char* name) {
+    const fs::path path = specloom::test_support::corporaFolder() / name;
+    return {path, specloom::test_support::fileBytes(path)};
+}
+
 void benchDiffs(int rounds, bench::Table& table) {
-    const fs::path corpora = specloom::test_support::corporaFolder();
-    const auto input = [&](const char* name) {
-        const fs::path path = corpora / name;
-        return bench::Input{path, specloom::test_support::fileBytes(path)};
-    };
     const bench::Input before = input("pairs/github-enterprise-old.json");
     bench::benchDiff(before, input("pairs/github-enterprise-new.json"), rounds, table);
     bench::benchDiffOfItself(before, rounds, table);
@@ -80,8 +81,10 @@ bool run(const std::vector<fs::path>& paths, bool isWhole, int rounds) {
         bench::benchFormat(input, rounds, table);
     for (const bench::Input& input : inputs)
         bench::benchLint(input, rounds, table);
-    if (!specloom::test_support::corporaFolder().empty())
+    if (!specloom::test_support::corporaFolder().empty()) {
         benchDiffs(rounds, table);
+        bench::benchSpring(input("openapi/github-3.0.json"), rounds, table);
+    }
     bench::benchStart(rounds, table);
     if (isWhole) {
         bench::benchGenerate(rounds, table);

@@ -3,7 +3,9 @@
 #include "test_support/growing_documents.h"
 #include "workspace.h"
 
-#include <cctype> // std::isalnum
+#include <cctype>   // std::isalnum
+#include <iterator> // std::istream_iterator
+#include <sstream>  // std::istringstream
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -20,10 +22,16 @@ TEST_P(Growth, staysWithinItsLimits) {
     const std::string source = std::string("source.") + document.extension;
     const Workspace workspace;
     workspace.write(source, document.source(document.large));
-    workspace.write("c.json", R"({"version":"1.0","commands":{"lint":{"extends":["all"]}}})");
-    std::vector<std::string> arguments = {document.command};
-    if (arguments.front() == "lint")
+    workspace.write(
+        "c.json",
+        R"({"version":"1.0","commands":{"lint":{"extends":["all"]},)"
+        R"("generate":{"server_spring":{"action_naming":"url","controller_grouping":["tag","url"]}}}})");
+    std::istringstream words(document.command);
+    std::vector<std::string> arguments{std::istream_iterator<std::string>(words), {}};
+    if (arguments.front() == "lint" || arguments.front() == "generate")
         arguments.insert(arguments.end(), {"--config", "c.json"});
+    if (arguments.front() == "generate")
+        arguments.insert(arguments.end(), {"--output", "output"});
     if (arguments.front() == "format")
         arguments.insert(arguments.end(), {"--output", std::string("output.") + document.extension});
     arguments.push_back(source);

@@ -166,6 +166,41 @@ template <typename Item>
         R"("paths":{{{}}},"components":{{"requestBodies":{{"B":{{"content":{{{}}}}}}}}})", paths, contents));
 }
 
+/// Operations whose answers would all be called alike, all of one group.
+[[nodiscard]] std::string namelessAnswers(std::size_t size) {
+    const std::string paths = listOf(size, [](std::size_t i) {
+        return fmt::format(
+            R"("/p{}":{{"get":{{"tags":["t"],"responses":{{"200":{{"description":"","content":{{)"
+            R"("application/json":{{"schema":{{"type":"object"}}}}}}}}}}}}}})",
+            i);
+    });
+    return documentWith(fmt::format(R"("tags":[{{"name":"t"}}],"paths":{{{}}})", paths));
+}
+
+/// Schemas each of which says something of the one before.
+[[nodiscard]] std::string chainOf(std::size_t size, std::string_view first, std::string_view next) {
+    const std::string schemas = listOf(size, [&](std::size_t i) {
+        return fmt::format(
+            R"("s{}":{})", i,
+            i == 0 ? std::string(first)
+                   : fmt::format(fmt::runtime(next), fmt::format("#/components/schemas/s{}", i - 1)));
+    });
+    return documentWith(fmt::format(
+        R"("paths":{{"/":{{"get":{{"responses":{{"200":{{"description":"","content":{{"application/json":{{)"
+        R"("schema":{{"$ref":"#/components/schemas/s{}"}}}}}}}}}}}}}}}},"components":{{"schemas":{{{}}}}})",
+        size - 1, schemas));
+}
+[[nodiscard]] std::string joinedSchemas(std::size_t size) {
+    return chainOf(size, R"({"type":"object"})", R"({{"allOf":[{{"$ref":"{}"}}]}})");
+}
+[[nodiscard]] std::string listsOfLists(std::size_t size) {
+    return chainOf(size, R"({"type":"string"})", R"({{"type":"array","items":{{"$ref":"{}"}}}})");
+}
+[[nodiscard]] std::string heldRecords(std::size_t size) {
+    return chainOf(size, R"({"type":"object"})",
+                   R"({{"type":"object","properties":{{"a":{{"$ref":"{0}"}},"b":{{"$ref":"{0}"}}}}}})");
+}
+
 } // namespace
 
 const std::vector<GrowingDocument>& growingDocuments() {
@@ -190,6 +225,13 @@ const std::vector<GrowingDocument>& growingDocuments() {
         {"operations that share a large body", "lint", "json", sharedBody, nullptr, 1'000, 6'000,
          "More than 500000 findings in one document"},
         {"a long name beside many", "lint", "json", oneLongName, nullptr, 500, 10'000, nullptr},
+        {"answers without a name", "generate server spring", "json", namelessAnswers, nullptr, 200, 10'000,
+         nullptr},
+        {"schemas joined one after another", "generate server spring", "json", joinedSchemas, nullptr, 2'000,
+         30'000, nullptr},
+        {"lists of lists", "generate server spring", "json", listsOfLists, nullptr, 4'000, 100'000, nullptr},
+        {"records within records", "generate server spring", "json", heldRecords, nullptr, 200, 10'000,
+         nullptr},
     };
     return documents;
 }

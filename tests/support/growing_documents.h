@@ -9,7 +9,7 @@ namespace specloom::test_support {
 /// A kind of document that once made the program's work grow with its square, or beyond.
 struct GrowingDocument {
     const char* name;
-    const char* command;   ///< "lint", "lint --fix", "diff" or "format"
+    const char* command;   ///< "lint", "diff", "format" or "generate server spring"
     const char* extension; ///< of the documents: "json" or "yaml"
     /// The document with `size` of what it is about, and what it is compared with: null for other commands.
     std::string (*source)(std::size_t size);
