@@ -87,11 +87,15 @@ TEST_F(SpringServer, reportsAllProblemsAtOnceAndWritesNothing) {
     const std::string twice = "  /x: {get: {tags: [a], operationId: x, responses: {}},\n"
                               "       put: {tags: [a], operationId: x, responses: {}}}\n";
     const std::tuple<std::string, std::string, std::string> cases[] = {
-        {"  /x: {get: {tags: [a], responses: {}}}\n", "",
+        {"  /x: {get: {tags: [a], responses: {}}, put: {tags: [a], operationId: p, responses: {}},\n"
+         "       post: {tags: [a], responses: {}}}\n",
+         named + ", controller_tests: false",
          "5:12 Error Service interface method for handling get '/x' could not be named\n"
          "5:12 Error Service class method for handling get '/x' could not be named\n"
          "5:12 Error Controller method for handling get '/x' could not be named\n"
-         "5:12 Error Controller test method for handling get '/x' could not be named\n"},
+         "6:13 Error Service interface method for handling post '/x' could not be named\n"
+         "6:13 Error Service class method for handling post '/x' could not be named\n"
+         "6:13 Error Controller method for handling post '/x' could not be named\n"},
         {"  /x: {get: {operationId: x, responses: {}}}\n", named,
          "5:12 Error Operation get '/x' could not be grouped\n"},
         {twice, named,

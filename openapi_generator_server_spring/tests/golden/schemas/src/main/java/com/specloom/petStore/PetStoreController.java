@@ -17,7 +17,7 @@ class PetStoreController {
 
     @PostMapping("/pets")
     @NotNull
-    Pet handleAddPet(@RequestBody @NotNull AddPetNewPetRequestDTO body, @RequestParam(required=false) @NotNull AddPetParamDTO filter) {
-        return this.service.addPet(body, filter);
+    Pet handleAddPet(@RequestBody @NotNull AddPetNewPetRequestDTO body, @RequestParam(name="body", required=false) @NotNull Boolean body2, @RequestParam(required=false) @NotNull AddPetParamDTO filter) {
+        return this.service.addPet(body, body2, filter);
     }
 }

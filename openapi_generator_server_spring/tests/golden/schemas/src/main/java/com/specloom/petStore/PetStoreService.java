@@ -8,5 +8,5 @@ import org.springframework.web.bind.annotation.RequestParam;
 
 @Service
 public interface PetStoreService {
-    Pet addPet(@RequestBody @NotNull AddPetNewPetRequestDTO body, @RequestParam(required=false) @NotNull AddPetParamDTO filter);
+    Pet addPet(@RequestBody @NotNull AddPetNewPetRequestDTO body, @RequestParam(name="body", required=false) @NotNull Boolean body2, @RequestParam(required=false) @NotNull AddPetParamDTO filter);
 }

@@ -9,7 +9,7 @@ import org.springframework.web.bind.annotation.RequestParam;
 @Service
 public class PetStoreServiceImpl implements PetStoreService {
     @Override
-    public Pet addPet(@RequestBody @NotNull AddPetNewPetRequestDTO body, @RequestParam(required=false) @NotNull AddPetParamDTO filter) {
+    public Pet addPet(@RequestBody @NotNull AddPetNewPetRequestDTO body, @RequestParam(name="body", required=false) @NotNull Boolean body2, @RequestParam(required=false) @NotNull AddPetParamDTO filter) {
         return new Pet();
     }
 }

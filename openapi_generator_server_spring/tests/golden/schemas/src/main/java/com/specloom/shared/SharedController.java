@@ -28,6 +28,11 @@ class SharedController {
         return this.service.get();
     }
 
+    @GetMapping("/reports")
+    void handlePutReport(@RequestParam(required=false) @NotNull PutReportListParamDTO2 range) {
+        this.service.putReport(range);
+    }
+
     @GetMapping("/reports/{year}")
     @NotNull
     List2 handleReport(@PathVariable @NotNull Integer year, @RequestParam(required=false) @NotNull PutReportListParamDTO range) {

@@ -14,6 +14,8 @@ import org.springframework.web.bind.annotation.RequestParam;
 public interface SharedService {
     List<Pet> get();
 
+    void putReport(@RequestParam(required=false) @NotNull PutReportListParamDTO2 range);
+
     List2 report(@PathVariable @NotNull Integer year, @RequestParam(required=false) @NotNull PutReportListParamDTO range);
 
     Types types();

@@ -18,6 +18,10 @@ public class SharedServiceImpl implements SharedService {
     }
 
     @Override
+    public void putReport(@RequestParam(required=false) @NotNull PutReportListParamDTO2 range) {
+    }
+
+    @Override
     public List2 report(@PathVariable @NotNull Integer year, @RequestParam(required=false) @NotNull PutReportListParamDTO range) {
         return new List2();
     }

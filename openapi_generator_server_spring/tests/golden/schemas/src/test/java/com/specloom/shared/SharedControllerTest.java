@@ -9,6 +9,11 @@ class SharedControllerTest {
     }
 
     @Test
+    void testPutReport() {
+        // ADD YOUR CODE HERE
+    }
+
+    @Test
     void testReport() {
         // ADD YOUR CODE HERE
     }

@@ -1,0 +1,5 @@
+package com.specloom.shared;
+
+
+public record PutReportListParamDTO2 () {
+}
