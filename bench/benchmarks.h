@@ -34,7 +34,6 @@ void benchMemory(const Input& input, Table& table);
 void benchFormat(const Input& input, int rounds, Table& table);
 /// Nothing for a document that is refused.
 void benchLint(const Input& input, int rounds, Table& table);
-void benchSpring(const Input& input, int rounds, Table& table);
 void benchStart(int rounds, Table& table);
 /// Whole runs of generators: on the largest document of the corpora that they take, and how they grow with
 /// operations and tags.

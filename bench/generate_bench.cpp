@@ -119,6 +119,37 @@ void benchGenerator(const std::string& kind, const std::string& generator, int r
                (ourRun.peakBytes - outputs.bytes()) / lintRun.peakBytes, limit});
 }
 
+/// A Spring server, which needs a configuration, of a document in which hardly anything stands against it.
+void benchSpring(int rounds, Table& table) {
+    const fs::path document = test_support::corporaFolder() / "openapi/github-3.0.json";
+    const test_support::ReadTree tree = test_support::readTree(document);
+    if (tree.result == nullptr)
+        return;
+    const test_support::TemporaryFolder folder;
+    const std::string config = folder.write(
+        "config.json",
+        configurationText(R"("lint":{"extends":[]},"generate":{"server_spring":)"
+                          R"({"action_naming":["id","url"],"controller_grouping":["tag","url"]}})",
+                          tree.unknownFormats));
+    const Arguments lint = {SPECLOOM_PROGRAM, "lint", "--config", config, document.string()};
+    const Arguments generate = {SPECLOOM_PROGRAM,  "generate", "server", "spring",
+                                document.string(), "--config", config,   "--output"};
+    Outputs outputs, copies;
+    Samples ours, peer;
+    ProcessRun ourRun{}, lintRun{};
+    for (int round = 0; round < rounds; ++round) {
+        ours.add((ourRun = outputs.run(generate)).cpuSeconds);
+        lintRun = runProcess(lint);
+        peer.add(lintRun.cpuSeconds + copies.run({"/bin/cp", "-r", outputs.last()}).cpuSeconds);
+    }
+    constexpr double limit = 3;
+    const std::string name = document.filename().string();
+    table.add({"generate spring / lint without rules + cp", name, milliseconds(ours.median()),
+               milliseconds(peer.median()), ours.median() / peer.median(), limit});
+    table.add({"peak of generate spring / of that lint", name, mebibytes(ourRun.peakBytes),
+               mebibytes(lintRun.peakBytes), ourRun.peakBytes / lintRun.peakBytes, limit});
+}
+
 /// A document whose operations take turns with the tags.
 std::string documentWith(std::size_t operations, std::size_t tags) {
     std::string text = R"({"openapi":"3.1.0","info":{"title":"T","version":"1.0.0"},"tags":[)";
@@ -164,6 +195,7 @@ void benchGeneratorGrowth(const std::string& kind, const std::string& generator,
 void benchGenerate(int rounds, Table& table) {
     benchGenerator("server", "express", rounds, table);
     benchGenerator("client", "fetch", rounds, table);
+    benchSpring(rounds, table);
     const int fewerRounds = (rounds + 2) / 3;
     for (const bool isTagEach : {false, true}) {
         benchGeneratorGrowth("server", "express", isTagEach, fewerRounds, table);

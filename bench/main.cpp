@@ -81,10 +81,8 @@ bool run(const std::vector<fs::path>& paths, bool isWhole, int rounds) {
         bench::benchFormat(input, rounds, table);
     for (const bench::Input& input : inputs)
         bench::benchLint(input, rounds, table);
-    if (!specloom::test_support::corporaFolder().empty()) {
+    if (!specloom::test_support::corporaFolder().empty())
         benchDiffs(rounds, table);
-        bench::benchSpring(input("openapi/github-3.0.json"), rounds, table);
-    }
     bench::benchStart(rounds, table);
     if (isWhole) {
         bench::benchGenerate(rounds, table);

@@ -3,7 +3,6 @@
 #include "bench/measure.h"
 #include "bench/process.h"
 #include "test_support/read_tree.h"
-#include "test_support/temporary_folder.h"
 
 #include <cstdio>     // stderr
 #include <filesystem> // std::filesystem
@@ -95,39 +94,6 @@ void benchLint(const Input& input, int rounds, Table& table) {
     }
 }
 
-void benchSpring(const Input& input, int rounds, Table& table) {
-    const test_support::ReadTree tree = test_support::readTree(input.path);
-    if (tree.result == nullptr)
-        return;
-    const test_support::TemporaryFolder folder;
-    const std::string config = folder.write(
-        "config.json",
-        configurationText(R"("lint": {"rules": {}}, "generate": {"server_spring": )"
-                          R"({"action_naming": ["id", "url"], "controller_grouping": ["tag", "url"]}})",
-                          tree.unknownFormats));
-    const std::string output = folder.at("output");
-    Samples ours, peer;
-    double peak = 0;
-    double peakOfPeer = 0;
-    for (int round = 0; round < rounds; ++round) {
-        fs::remove_all(output);
-        const ProcessRun made = runProcess({SPECLOOM_PROGRAM, "generate", "server", "spring",
-                                            input.path.string(), "--output", output, "--config", config});
-        const ProcessRun read =
-            runProcess({SPECLOOM_PROGRAM, "lint", "--config", config, input.path.string()});
-        fs::remove_all(folder.at("copy"));
-        const ProcessRun copied = runProcess({"/bin/cp", "-r", output, folder.at("copy")});
-        ours.add(made.cpuSeconds);
-        peer.add(read.cpuSeconds + copied.cpuSeconds);
-        peak = made.peakBytes;
-        peakOfPeer = read.peakBytes;
-    }
-    table.add({"generate server spring / lint without rules + cp, processes", input.name(),
-               milliseconds(ours.median()), milliseconds(peer.median()), ours.median() / peer.median(), 3});
-    table.add({"peak memory of generate server spring / lint without rules", input.name(), mebibytes(peak),
-               mebibytes(peakOfPeer), peak / peakOfPeer, 3});
-}
-
 void benchStart(int rounds, Table& table) {
     Samples ours, peer;
     for (int round = 0; round < rounds * 3; ++round) {
@@ -142,7 +108,6 @@ void benchStart(int rounds, Table& table) {
 
 void benchFormat(const Input&, int, Table&) {}
 void benchLint(const Input&, int, Table&) {}
-void benchSpring(const Input&, int, Table&) {}
 void benchStart(int, Table&) {}
 
 #endif

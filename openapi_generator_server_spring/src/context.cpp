@@ -6,27 +6,21 @@
 #include "openapi_generator_server_spring/spring_templates.h"
 
 #include <algorithm> // std::any_of
-#include <utility>   // std::move
-
-#include <nlohmann/json.hpp>
+#include <span>      // std::span
 
 namespace specloom::openapi_generator::server_spring {
 namespace {
 
 std::vector<templating::Function> templateFunctions() {
-    using Arguments = std::span<const std::string_view>;
-    return {
-        {"toStringLiteral", 1,
-         [](Arguments arguments) -> nlohmann::json {
-             return code_morph::java::toStringLiteral(arguments[0]);
-         }},
-    };
+    return {{"toStringLiteral", 1, [](std::span<const std::string_view> arguments) {
+                 return code_morph::java::toStringLiteral(arguments[0]);
+             }}};
 }
 
 } // namespace
 
 Context::Context(FileSystem& fileSystem)
-    : templates({springTemplates()}, templateFunctions()), project(fileSystem) {}
+    : PluginContextOf(fileSystem), templates({springTemplates()}, templateFunctions()) {}
 
 void Context::addIssue(IssueSeverity severity, const Message& message, const openapi::Node& node) {
     issues.push_back({severity, message.composed(), nodePos(node)});

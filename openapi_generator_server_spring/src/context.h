@@ -5,6 +5,7 @@
 #include "openapi/named_nodes.h"
 #include "openapi/openapi.h"
 #include "openapi_generator/issue.h"
+#include "openapi_generator/plugin_context.h"
 #include "openapi_generator_server_spring/class_naming.h"
 #include "openapi_generator_server_spring/record_cycles.h"
 #include "openapi_generator_server_spring/schema_type_info.h"
@@ -23,7 +24,7 @@ namespace specloom::openapi_generator::server_spring {
 inline constexpr std::size_t mostArguments = 254;
 
 /// What the plugin and its parts share.
-struct Context {
+struct Context : PluginContextOf<code_morph::java::Project> {
     explicit Context(FileSystem& fileSystem);
 
     /// Appends an issue at the place of the node.
@@ -40,7 +41,6 @@ struct Context {
     /// expression, and so run.
     void checkAnnotationText(std::string_view text, const openapi::Node& node);
 
-    const openapi::OpenAPI* document = nullptr;
     Configuration configuration;
     templating::TemplateSet templates;
     std::vector<Issue> issues;
@@ -48,7 +48,6 @@ struct Context {
     std::vector<NameSource> nameSources;
     std::unordered_map<const openapi::Schema*, SchemaTypeInfo, openapi::NodeHash> schemaTypes;
     RecordCycles recordCycles;
-    code_morph::java::Project project;
 };
 
 } // namespace specloom::openapi_generator::server_spring

@@ -2,10 +2,7 @@
 
 #include "code_morph_java/spring/annotations.h"
 
-#include <array>   // std::to_array
-#include <utility> // std::move
-
-#include <nlohmann/json.hpp>
+#include <array> // std::to_array
 
 namespace specloom::openapi_generator::server_spring {
 namespace {
@@ -37,9 +34,10 @@ void Method::collectData() {
 }
 
 std::string Method::generateCode() const {
-    nlohmann::json all = data();
-    all["methodName"] = methodName_;
-    return scope_.context.templates.render(templateName_, all);
+    const std::unique_ptr<jv::JV> data = jv::JV::newObject();
+    data->setString("methodName", methodName_);
+    fill(*data);
+    return scope_.context.templates.render(templateName_, *data);
 }
 
 void OperationMethod::collectData() {
@@ -48,9 +46,11 @@ void OperationMethod::collectData() {
     addImports(signature_->imports, scope().file);
 }
 
-nlohmann::json OperationMethod::data() const {
-    return {{"declarations", scope().signatures.declarationOf(*signature_)},
-            {"result", {{"type", signature_->resultType}, {"annotation", signature_->resultAnnotation}}}};
+void OperationMethod::fill(jv::JV& data) const {
+    data.setString("declarations", scope().signatures.declarationOf(*signature_));
+    jv::JV* result = data.setObject("result");
+    result->setString("type", signature_->resultType);
+    result->setString("annotation", signature_->resultAnnotation);
 }
 
 void ControllerMethod::collectData() {
@@ -60,16 +60,15 @@ void ControllerMethod::collectData() {
     addImports(signature().resultImports, scope().file);
 }
 
-nlohmann::json ControllerMethod::data() const {
-    nlohmann::json data = OperationMethod::data();
-    data["methodAnnotation"] = mappingOf(operation().method).text;
-    data["methodUrl"] = operation().path;
+void ControllerMethod::fill(jv::JV& data) const {
+    OperationMethod::fill(data);
+    data.setString("methodAnnotation", mappingOf(operation().method).text);
+    data.setString("methodUrl", operation().path);
     std::string names;
     for (const Argument& argument : signature().arguments)
         names.append(names.empty() ? "" : ", ").append(argument.name);
-    data["argumentNames"] = std::move(names);
-    data["serviceMethodName"] = scope().context.methodName("", operation());
-    return data;
+    data.setString("argumentNames", names);
+    data.setString("serviceMethodName", scope().context.methodName("", operation()));
 }
 
 void ControllerTestMethod::collectData() {
@@ -77,15 +76,14 @@ void ControllerTestMethod::collectData() {
     scope().file.addImport(code_morph::java::annotations::test.import);
 }
 
-nlohmann::json ControllerTestMethod::data() const {
-    return {{"methodAnnotations", code_morph::java::annotations::test.text}};
+void ControllerTestMethod::fill(jv::JV& data) const {
+    data.setString("methodAnnotations", code_morph::java::annotations::test.text);
 }
 
-nlohmann::json ServiceClassMethod::data() const {
-    nlohmann::json data = OperationMethod::data();
+void ServiceClassMethod::fill(jv::JV& data) const {
+    OperationMethod::fill(data);
     if (!signature().resultValue.empty())
-        data["result"]["value"] = signature().resultValue;
-    return data;
+        data.setString("value", signature().resultValue);
 }
 
 } // namespace specloom::openapi_generator::server_spring

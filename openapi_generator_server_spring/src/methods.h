@@ -1,13 +1,12 @@
 #pragma once
 
+#include "jv/jv.h"
 #include "openapi_generator_server_spring/signature.h"
 
 #include <memory>      // std::unique_ptr
 #include <string>      // std::string
 #include <string_view> // std::string_view
 #include <vector>      // std::vector
-
-#include <nlohmann/json_fwd.hpp>
 
 // The methods of generated classes, one for each operation of a group.
 namespace specloom::openapi_generator::server_spring {
@@ -42,8 +41,8 @@ class Method {
         : scope_(scope), ref_(ref), kind_(kind), prefix_(prefix), templateName_(templateName) {}
 
     [[nodiscard]] const MethodScope& scope() const noexcept { return scope_; }
-    /// What the template asks for beside the name.
-    [[nodiscard]] virtual nlohmann::json data() const = 0;
+    /// Adds what the template asks for beside the name.
+    virtual void fill(jv::JV& data) const = 0;
 
   private:
     MethodScope scope_;
@@ -63,7 +62,7 @@ class OperationMethod : public Method {
     using Method::Method;
 
     [[nodiscard]] const Signature& signature() const noexcept { return *signature_; }
-    [[nodiscard]] nlohmann::json data() const override;
+    void fill(jv::JV& data) const override;
 
   private:
     const Signature* signature_ = nullptr; ///< null before collectData()
@@ -77,7 +76,7 @@ class ControllerMethod final : public OperationMethod {
     void collectData() override;
 
   protected:
-    [[nodiscard]] nlohmann::json data() const override;
+    void fill(jv::JV& data) const override;
 };
 
 class ControllerTestMethod final : public Method {
@@ -87,7 +86,7 @@ class ControllerTestMethod final : public Method {
     void collectData() override;
 
   protected:
-    [[nodiscard]] nlohmann::json data() const override;
+    void fill(jv::JV& data) const override;
 };
 
 class ServiceInterfaceMethod final : public OperationMethod {
@@ -103,7 +102,7 @@ class ServiceClassMethod final : public OperationMethod {
         : OperationMethod(scope, ref, "Service class method", "", "service_class_method.jinja") {}
 
   protected:
-    [[nodiscard]] nlohmann::json data() const override;
+    void fill(jv::JV& data) const override;
 };
 
 using Methods = std::vector<std::unique_ptr<Method>>;

@@ -6,8 +6,6 @@
 #include "openapi/extensions.h"
 #include "openapi_generator/codegen_extensions.h"
 
-#include <nlohmann/json.hpp>
-
 namespace specloom::openapi_generator::server_spring {
 
 NamedType::NamedType(Context& context, code_morph::java::SourceFile& file, const openapi::Schema& schema,
@@ -93,13 +91,14 @@ std::optional<std::string_view> NamedType::chosenName(const ObjectProperty& prop
     }
 }
 
-void NamedType::fill(nlohmann::json& data) const {
-    nlohmann::json& fields = data["fields"] = nlohmann::json::array();
+void NamedType::fill(jv::JV& data) const {
+    jv::JV* fields = data.setArray("fields");
     for (const Field& field : fields_) {
         const bool isCircular = field.type->record != SchemaTypeInfo::noRecord &&
                                 context().recordCycles.leadsBack(record_, field.type->record);
-        fields.push_back({{"declaration", field.declaration},
-                          {"value", isCircular ? "null" : defaultValueOf(*field.type, "\"Hello\"")}});
+        jv::JV* entry = fields->appendObject();
+        entry->setString("declaration", field.declaration);
+        entry->setString("value", isCircular ? "null" : defaultValueOf(*field.type, "\"Hello\""));
     }
 }
 

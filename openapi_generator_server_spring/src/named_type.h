@@ -20,7 +20,7 @@ class NamedType final : public Part {
     void collectData() override;
 
   protected:
-    void fill(nlohmann::json& data) const override;
+    void fill(jv::JV& data) const override;
 
   private:
     struct Field {

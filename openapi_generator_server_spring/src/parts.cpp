@@ -3,8 +3,6 @@
 #include "code_morph_java/spring/names.h"
 #include "foundation/text_tables.h"
 
-#include <nlohmann/json.hpp>
-
 namespace specloom::openapi_generator::server_spring {
 namespace {
 
@@ -19,10 +17,14 @@ Methods methodsIn(const GroupScope& scope, SourceFile& file) {
 } // namespace
 
 void Part::generateCode() {
-    nlohmann::json data = {
-        {"packageName", file_->packageName()}, {"className", className_}, {"imports", file_->imports()}};
-    fill(data);
-    file_->setText(context_->templates.render(templateName_, data));
+    const std::unique_ptr<jv::JV> data = jv::JV::newObject();
+    data->setString("packageName", file_->packageName());
+    data->setString("className", className_);
+    jv::JV* imports = data->setArray("imports");
+    for (const std::string& name : file_->imports())
+        imports->appendString(name);
+    fill(*data);
+    file_->setText(context_->templates.render(templateName_, *data));
 }
 
 AppClass::AppClass(Context& context, SourceFile& file)
@@ -43,11 +45,10 @@ void OperationsClass::collectData() {
     }
 }
 
-void OperationsClass::fill(nlohmann::json& data) const {
-    nlohmann::json bodies = nlohmann::json::array();
+void OperationsClass::fill(jv::JV& data) const {
+    jv::JV* bodies = data.setArray("methodBodies");
     for (const auto& method : methods_)
-        bodies.push_back(method->generateCode());
-    data["methodBodies"] = std::move(bodies);
+        bodies->appendString(method->generateCode());
 }
 
 ServiceInterface::ServiceInterface(const GroupScope& scope, SourceFile& file)
@@ -57,9 +58,9 @@ ServiceInterface::ServiceInterface(const GroupScope& scope, SourceFile& file)
     file.addImport("org.springframework.stereotype.Service");
 }
 
-void ServiceInterface::fill(nlohmann::json& data) const {
+void ServiceInterface::fill(jv::JV& data) const {
     OperationsClass::fill(data);
-    data["interfaceName"] = className();
+    data.setString("interfaceName", className());
 }
 
 ServiceClass::ServiceClass(const GroupScope& scope, SourceFile& file, std::string_view interfaceName)
@@ -71,9 +72,9 @@ ServiceClass::ServiceClass(const GroupScope& scope, SourceFile& file, std::strin
     file.addImport(interfaceName);
 }
 
-void ServiceClass::fill(nlohmann::json& data) const {
+void ServiceClass::fill(jv::JV& data) const {
     OperationsClass::fill(data);
-    data["interfaceName"] = interfaceName_;
+    data.setString("interfaceName", interfaceName_);
 }
 
 Controller::Controller(const GroupScope& scope, SourceFile& file, std::string_view interfaceName)
@@ -85,10 +86,10 @@ Controller::Controller(const GroupScope& scope, SourceFile& file, std::string_vi
     file.addImport(interfaceName);
 }
 
-void Controller::fill(nlohmann::json& data) const {
+void Controller::fill(jv::JV& data) const {
     OperationsClass::fill(data);
-    data["serviceInterfaceName"] = interfaceName_;
-    data["serviceNameVar"] = "service";
+    data.setString("serviceInterfaceName", interfaceName_);
+    data.setString("serviceNameVar", "service");
 }
 
 ControllerTest::ControllerTest(const GroupScope& scope, SourceFile& file)

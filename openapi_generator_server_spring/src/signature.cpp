@@ -9,7 +9,6 @@
 #include <utility> // std::move, std::pair
 
 #include <fmt/core.h>
-#include <nlohmann/json.hpp>
 
 namespace specloom::openapi_generator::server_spring {
 namespace {
@@ -150,12 +149,15 @@ const Signature& Signatures::of(const openapi::OperationRef& ref) {
 const std::string& Signatures::declarationOf(const Signature& signature) {
     const auto [found, isNew] = declarations_.try_emplace(&signature);
     if (isNew) {
-        nlohmann::json data;
-        nlohmann::json& arguments = data["args"] = nlohmann::json::array();
-        for (const Argument& argument : signature.arguments)
-            arguments.push_back(
-                {{"annotation", argument.annotation}, {"type", argument.type}, {"name", argument.name}});
-        found->second = context_->templates.render("function_decl_param_list.jinja", data);
+        const std::unique_ptr<jv::JV> data = jv::JV::newObject();
+        jv::JV* arguments = data->setArray("args");
+        for (const Argument& argument : signature.arguments) {
+            jv::JV* entry = arguments->appendObject();
+            entry->setString("annotation", argument.annotation);
+            entry->setString("type", argument.type);
+            entry->setString("name", argument.name);
+        }
+        found->second = context_->templates.render("function_decl_param_list.jinja", *data);
     }
     return found->second;
 }
