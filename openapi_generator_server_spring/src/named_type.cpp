@@ -93,12 +93,12 @@ std::optional<std::string_view> NamedType::chosenName(const ObjectProperty& prop
 
 void NamedType::fill(jv::JV& data) const {
     jv::JV* fields = data.setArray("fields");
+    jv::JV* values = data.setArray("values");
     for (const Field& field : fields_) {
         const bool isCircular = field.type->record != SchemaTypeInfo::noRecord &&
                                 context().recordCycles.leadsBack(record_, field.type->record);
-        jv::JV* entry = fields->appendObject();
-        entry->setString("declaration", field.declaration);
-        entry->setString("value", isCircular ? "null" : defaultValueOf(*field.type, "\"Hello\""));
+        fields->appendString(field.declaration);
+        values->appendString(isCircular ? "null" : defaultValueOf(*field.type, "\"Hello\""));
     }
 }
 
