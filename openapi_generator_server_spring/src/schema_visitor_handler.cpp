@@ -6,6 +6,7 @@
 #include "openapi_generator_server_spring/object_schema.h"
 
 #include <iostream> // std::cout
+#include <optional> // std::optional
 #include <utility>  // std::move, std::pair
 
 #include <fmt/core.h>
@@ -29,6 +30,13 @@ bool isBoolean(const openapi::Node* node) {
     const auto* schema = openapi::resolveTo<Schema>(node);
     return schema != nullptr && schema->types().empty() &&
            (schema->isAlwaysTrue() || schema->isAlwaysFalse());
+}
+
+/// Whether the type is all there is, so that no name is asked for; most properties are so.
+bool isPlainScalar(const Schema& schema) {
+    const std::optional<SchemaType> type = singleType(schema);
+    return type && *type != SchemaType::Object && *type != SchemaType::Array && schema.items() == nullptr &&
+           schema.additionalProperties() == nullptr && schema.oneOf().empty() && schema.anyOf().empty();
 }
 
 } // namespace
@@ -168,7 +176,10 @@ void SchemaVisitorHandler::planProperties(const Schema& schema, const ClassPlan&
         const Schema& member = *inlineMembers.back();
         inlineMembers.pop_back();
         for (const auto& entry : member.properties())
-            planClass(entry.value.get(), planBehind(owner, entry.name()));
+            if (entry.value->type() == openapi::NodeType::Schema)
+                planClass(entry.value.get(), isPlainScalar(static_cast<const Schema&>(*entry.value))
+                                                 ? ClassPlan()
+                                                 : planBehind(owner, entry.name()));
         for (std::size_t i = member.allOf().size(); i > 0; --i)
             if (member.allOf()[i - 1]->type() == openapi::NodeType::Schema)
                 inlineMembers.push_back(static_cast<const Schema*>(member.allOf()[i - 1].get()));
