@@ -160,7 +160,7 @@ bool ArrayPart::generate(Context& context, jv::JV& out) {
         if (containing.max != UINT64_MAX)
             others.push_back(factory_->graph().opposite(containing.schema));
     }
-    const auto outerSeen = std::move(seen_); // a value of this part may hold another one
+    auto outerSeen = std::move(seen_); // a value of this part may hold another one
     seen_.clear();
     const std::uint32_t outerSpread = context.spread();
     std::size_t nextPosition = 0;

@@ -3,8 +3,9 @@
 #include "foundation/validators/validators.h"
 #include "jv_generator/texts.h"
 
-#include <algorithm> // std::clamp, std::max, std::min
-#include <array>     // std::to_array
+#include <algorithm>        // std::clamp, std::max, std::min
+#include <array>            // std::to_array
+#include <initializer_list> // std::initializer_list
 
 namespace specloom::jv_generator {
 
@@ -13,6 +14,14 @@ namespace {
 constexpr std::string_view lowerHex = "0123456789abcdef";
 constexpr std::string_view decimal = "0123456789";
 constexpr std::string_view capitals = "ABCDEFGHIJKLMNOPQRSTUVWXYZ";
+
+/// The pieces one behind the other. They are drawn in this order, which the operands of "+" need not be.
+[[nodiscard]] std::string joined(std::initializer_list<std::string_view> pieces) {
+    std::string text;
+    for (const std::string_view piece : pieces)
+        text += piece;
+    return text;
+}
 
 /// Letters for what `taken` signs leave of a length; from 3 to 8 where that is open.
 [[nodiscard]] std::uint64_t room(RandomEngine& random, const TextLength& length, std::uint64_t taken,
@@ -34,7 +43,7 @@ constexpr std::string_view capitals = "ABCDEFGHIJKLMNOPQRSTUVWXYZ";
 /// With a fraction where the length asks for one.
 [[nodiscard]] std::string timeOf(RandomEngine& random, std::uint64_t min) {
     std::string text =
-        digits(random, 0, 23, 2) + ':' + digits(random, 0, 59, 2) + ':' + digits(random, 0, 59, 2);
+        joined({digits(random, 0, 23, 2), ":", digits(random, 0, 59, 2), ":", digits(random, 0, 59, 2)});
     if (min > text.size() + 1)
         text += '.' + signsOf(random, decimal, std::max<std::uint64_t>(min - text.size() - 2, 1));
     return text + 'Z';
@@ -45,14 +54,14 @@ constexpr std::string_view capitals = "ABCDEFGHIJKLMNOPQRSTUVWXYZ";
 }
 
 [[nodiscard]] std::string dateTime(RandomEngine& random, const TextLength& length) {
-    return date(random, length) + 'T' + timeOf(random, length.min > 11 ? length.min - 11 : 0);
+    return joined({date(random, length), "T", timeOf(random, length.min > 11 ? length.min - 11 : 0)});
 }
 
 [[nodiscard]] std::string duration(RandomEngine& random, const TextLength& length) {
     if (length.max < 6)
         return 'P' + digits(random, 1, 9, static_cast<int>(std::clamp<std::uint64_t>(length.min, 3, 5)) - 2) +
                'D';
-    std::string text = 'P' + digits(random, 1, 9, 1) + "DT" + digits(random, 1, 9, 1) + 'H';
+    std::string text = joined({"P", digits(random, 1, 9, 1), "DT", digits(random, 1, 9, 1), "H"});
     if (length.min > text.size())
         text.insert(1, signsOf(random, "123456789", length.min - text.size()));
     return text;
@@ -87,7 +96,7 @@ constexpr std::string_view capitals = "ABCDEFGHIJKLMNOPQRSTUVWXYZ";
     const std::uint64_t letters = room(random, length, domain.size());
     if (letters <= 64)
         return word(random, letters).append(domain);
-    return word(random, 8) + '@' + labels(random, letters - 9).append(".example.com").substr(0);
+    return joined({word(random, 8), "@", labels(random, letters - 9), ".example.com"});
 }
 
 [[nodiscard]] std::string idnEmail(RandomEngine& random, const TextLength& length) {
@@ -160,7 +169,7 @@ constexpr std::string_view capitals = "ABCDEFGHIJKLMNOPQRSTUVWXYZ";
 [[nodiscard]] std::string uriTemplate(RandomEngine& random, const TextLength& length) {
     if (length.max < 6)
         return uriReference(random, length);
-    return '/' + path(random, room(random, length, 5)) + "/{" + word(random, 1) + '}';
+    return joined({"/", path(random, room(random, length, 5)), "/{", word(random, 1), "}"});
 }
 
 [[nodiscard]] std::string urn(RandomEngine& random, const TextLength& length) {
@@ -168,9 +177,9 @@ constexpr std::string_view capitals = "ABCDEFGHIJKLMNOPQRSTUVWXYZ";
 }
 
 [[nodiscard]] std::string uuid(RandomEngine& random, const TextLength& /*length*/) {
-    return signsOf(random, lowerHex, 8) + '-' + signsOf(random, lowerHex, 4) + "-4" +
-           signsOf(random, lowerHex, 3) + '-' + signsOf(random, "89ab", 1) + signsOf(random, lowerHex, 3) +
-           '-' + signsOf(random, lowerHex, 12);
+    return joined({signsOf(random, lowerHex, 8), "-", signsOf(random, lowerHex, 4), "-4",
+                   signsOf(random, lowerHex, 3), "-", signsOf(random, "89ab", 1),
+                   signsOf(random, lowerHex, 3), "-", signsOf(random, lowerHex, 12)});
 }
 
 [[nodiscard]] std::string jsonPointer(RandomEngine& random, const TextLength& length) {
@@ -184,7 +193,7 @@ constexpr std::string_view capitals = "ABCDEFGHIJKLMNOPQRSTUVWXYZ";
 [[nodiscard]] std::string relativeJSONPointer(RandomEngine& random, const TextLength& length) {
     if (length.max < 3)
         return digits(random, 1, 9, static_cast<int>(std::max<std::uint64_t>(length.min, 1)));
-    return digits(random, 0, 3, 1) + '/' + path(random, room(random, length, 2));
+    return joined({digits(random, 0, 3, 1), "/", path(random, room(random, length, 2))});
 }
 
 [[nodiscard]] std::string regex(RandomEngine& random, const TextLength& length) {
@@ -213,7 +222,7 @@ constexpr std::string_view capitals = "ABCDEFGHIJKLMNOPQRSTUVWXYZ";
 [[nodiscard]] std::string decimalNumber(RandomEngine& random, const TextLength& length) {
     if (length.max < 4)
         return signsOf(random, "123456789", room(random, length, 0));
-    std::string text = digits(random, 1, 99, 1) + '.' + digits(random, 0, 9, 1);
+    std::string text = joined({digits(random, 1, 99, 1), ".", digits(random, 0, 9, 1)});
     if (length.min > text.size())
         text += signsOf(random, decimal, length.min - text.size());
     return text;
@@ -230,8 +239,8 @@ constexpr std::string_view capitals = "ABCDEFGHIJKLMNOPQRSTUVWXYZ";
 [[nodiscard]] std::string mailDate(RandomEngine& random, const TextLength& /*length*/) {
     constexpr auto months =
         std::to_array<std::string_view>({"Jan", "Mar", "May", "Jul", "Aug", "Oct", "Dec"});
-    return digits(random, 1, 31, 2).append(1, ' ').append(months[random.below(months.size())]) + ' ' +
-           digits(random, 1990, 2030, 4) + ' ' + timeOf(random, 0).substr(0, 8) + " +0000";
+    return joined({digits(random, 1, 31, 2), " ", months[random.below(months.size())], " ",
+                   digits(random, 1990, 2030, 4), " ", timeOf(random, 0).substr(0, 8), " +0000"});
 }
 
 [[nodiscard]] std::string currency(RandomEngine& random, const TextLength& /*length*/) {
@@ -252,7 +261,7 @@ constexpr std::string_view capitals = "ABCDEFGHIJKLMNOPQRSTUVWXYZ";
     const std::uint64_t signs = room(random, length, 0);
     if (signs < 3)
         return word(random, signs);
-    return signsOf(random, capitals, 1) + word(random, signs - 2) + signsOf(random, decimal, 1);
+    return joined({signsOf(random, capitals, 1), word(random, signs - 2), signsOf(random, decimal, 1)});
 }
 
 struct FormatRow {

@@ -365,7 +365,7 @@ std::vector<GenFactory::Discriminating> GenFactory::discriminating(const Demand&
     };
     const auto nameOf = [](const jv::JV& discriminator, const jv::JV& schema) {
         const std::string pointer = schema.pointer();
-        const std::string name = pointer.substr(pointer.rfind('/') + 1);
+        std::string name = pointer.substr(pointer.rfind('/') + 1);
         if (const jv::JV* mapping = discriminator.get("mapping"); mapping != nullptr && mapping->isObject()) {
             for (const jv::Member member : mapping->members()) {
                 if (!member.value->isString())

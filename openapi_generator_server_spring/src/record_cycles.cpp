@@ -1,6 +1,6 @@
 #include "openapi_generator_server_spring/record_cycles.h"
 
-#include <algorithm> // std::min
+#include <algorithm> // std::find, std::min
 #include <utility>   // std::pair
 
 namespace specloom::openapi_generator::server_spring {
@@ -60,12 +60,10 @@ class RecordCycles::Search {
         }
         if (lowest_[record] != order_[record])
             return;
-        std::size_t last = none;
-        do {
-            last = open_.back();
-            open_.pop_back();
-            records_.cycles_[last] = record;
-        } while (last != record);
+        const auto first = std::find(open_.rbegin(), open_.rend(), record).base() - 1;
+        for (auto last = first; last != open_.end(); ++last)
+            records_.cycles_[*last] = record;
+        open_.erase(first, open_.end());
     }
 
     RecordCycles& records_;

@@ -55,7 +55,7 @@ inja::CallbackFunction callbackOf(const Function& function) {
         texts.reserve(arguments.size());
         for (const nlohmann::json* argument : arguments)
             texts.push_back(textOf(*argument));
-        return std::visit([](auto&& value) { return nlohmann::json(std::move(value)); }, call(texts));
+        return std::visit([](const auto& value) { return nlohmann::json(value); }, call(texts));
     };
 }
 

@@ -61,12 +61,13 @@ void findClassOverlap(const Subject& subject, Findings& findings) {
         if (!overlap || isExplained(subject, members))
             continue;
         const regex::Spelling::ClassEntry& second = members.entries[overlap->second];
-        const std::string one = quoted(subject.textOf(members.entries[overlap->first]));
+        std::string message = quoted(subject.textOf(members.entries[overlap->first]));
         const std::string other = quoted(subject.textOf(second));
-        findings.add(second.begin, one == other
-                                       ? one + " stands twice in the class " + quoted(subject.textOf(members))
-                                       : one + " and " + other + " overlap in the class " +
-                                             quoted(subject.textOf(members)));
+        if (message == other)
+            message += " stands twice";
+        else
+            message.append(" and ").append(other).append(" overlap");
+        findings.add(second.begin, message.append(" in the class ").append(quoted(subject.textOf(members))));
     }
 }
 
