@@ -78,12 +78,12 @@ void SchemaVisitorHandler::planElement(const openapi::Node& element, const opena
                                        ClassPlan plan) {
     plan.isSeenEverywhere =
         plan.isSeenEverywhere || sharedNodes_.contains(operation_) || sharedNodes_.contains(element.parent());
-    planClass(schema, std::move(plan));
+    planClass(schema, plan);
 }
 
-void SchemaVisitorHandler::planClass(const openapi::Node* schema, ClassPlan plan) {
+void SchemaVisitorHandler::planClass(const openapi::Node* schema, const ClassPlan& plan) {
     if (schema != nullptr && schema->type() == openapi::NodeType::Schema)
-        plans_.try_emplace(schema, std::move(plan));
+        plans_.try_emplace(schema, plan);
 }
 
 void SchemaVisitorHandler::visit(const Schema& schema) {

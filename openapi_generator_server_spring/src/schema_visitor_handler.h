@@ -53,7 +53,7 @@ class SchemaVisitorHandler final : public openapi::NodeVisitHandler {
         return {context_->configuration, *group_, *operation_};
     }
     /// Plans a class for an inline schema; a schema behind a reference has a plan of its own.
-    void planClass(const openapi::Node* schema, ClassPlan plan);
+    void planClass(const openapi::Node* schema, const ClassPlan& plan);
     void planElement(const openapi::Node& element, const openapi::Node* schema, ClassPlan plan);
     void planBelow(const openapi::Schema& schema, const ClassPlan& owner);
     void planMembers(const openapi::NodeList& members, const ClassPlan& owner);
