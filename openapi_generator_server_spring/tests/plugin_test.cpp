@@ -75,7 +75,7 @@ TEST_F(SpringServer, goldenFolders) {
     const std::string plain = configurationWith(namedAndGrouped);
     for (const auto& [name, configuration] : {std::pair<std::string_view, std::string>{"bookshop", example},
                                               {"everything.yaml", plain},
-                                              {"schemas.yaml", plain}})
+                                              {"java/schemas.yaml", plain}})
         test_support::expectGoldenFolder(runOn(test_support::generatorDocument(name), configuration).project,
                                          std::filesystem::path(SPECLOOM_TEST_DIR) / "tests/golden" /
                                              std::filesystem::path(name).stem());

@@ -19,7 +19,7 @@ import yaml
 
 from typescript import HERE, corpora, installed_dependencies, need, need_node
 
-# Values for each schema. More take longer and have shown nothing else: SPECLOOM_SAMPLES=10 makes ten.
+# Values for each schema: SPECLOOM_SAMPLES=10 makes ten.
 COUNT = int(os.environ.get("SPECLOOM_SAMPLES", "3"))
 # The same documents in other words.
 SKIPPED = {"cloudflare-3.0-indented.json", "stripe-3.0.yaml"}

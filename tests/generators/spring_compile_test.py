@@ -37,7 +37,7 @@ CODE = re.compile(r"[\w$@.,;:(){}<>=\[\]\s]*", re.ASCII)
 
 def documents():
     corpus = need(corpora(), "no corpora: set SPECLOOM_CORPORA to their folder")
-    found = [file for source in (corpus / "openapi", corpus / "pairs", HERE / "documents")
+    found = [file for source in (corpus / "openapi", corpus / "pairs", HERE / "documents", HERE / "documents" / "java")
              for file in sorted(source.iterdir()) if file.suffix in (".json", ".yaml", ".yml")]
     return found + sorted((ROOT / "examples").glob("bookshop-3*"))
 
