@@ -25,6 +25,9 @@ COUNT = int(os.environ.get("SPECLOOM_SAMPLES", "3"))
 SKIPPED = {"cloudflare-3.0-indented.json", "stripe-3.0.yaml"}
 # How a refusal begins that tells of a contradiction, after which come its kind and its place.
 CONTRADICTION = "No value fits the schema at "
+# How many schemas of a document contradict themselves. In cloudflare mostly a required `result` or `success` on which the parts of an
+# `allOf` cannot agree.
+CONTRADICTORY = {"cloudflare-3.0-compact.json": 797, "discord-3.1.json": 1, "github-3.0.json": 2}
 
 
 class Loader(yaml.CSafeLoader):
@@ -85,6 +88,7 @@ def main():
               f"{len(result['refusals']):8}")
         refused = [text for text in result["refusals"] if not text.startswith(CONTRADICTION)]
         failed |= result["ours"] != result["values"] or result["theirs"] != result["values"] or bool(refused) or bool(result["faults"])
+        failed |= len(result["refusals"]) != CONTRADICTORY.get(result["name"], 0)
         for text in sorted(set(result["refusals"])) + result["faults"][:20]:
             print("   ", text[:300])
     need(results, "no document could be read")
