@@ -2,6 +2,7 @@
 #include "bench/process.h"
 #include "jv/json_reader.h"
 #include "jv/yaml_reader.h"
+#include "test_support/documents.h"
 
 #include <memory> // std::unique_ptr
 
@@ -13,17 +14,7 @@ namespace {
 
 [[nodiscard]] std::size_t countValues(const jv::JV& root) {
     std::size_t count = 0;
-    std::vector<const jv::JV*> open{&root};
-    while (!open.empty()) {
-        const jv::JV* value = open.back();
-        open.pop_back();
-        ++count;
-        if (value->isArray())
-            open.insert(open.end(), value->elements().begin(), value->elements().end());
-        else if (value->isObject())
-            for (const jv::Member member : value->members())
-                open.push_back(member.value);
-    }
+    test_support::forEachValue(root, [&count](const jv::JV&) { ++count; });
     return count;
 }
 

@@ -2,10 +2,10 @@
 
 #include "fuzz/check.h"
 #include "jv/jv_pointer.h"
+#include "test_support/documents.h"
 
 #include <optional>  // std::optional
 #include <stdexcept> // std::invalid_argument
-#include <vector>    // std::vector
 
 namespace {
 
@@ -44,20 +44,12 @@ void requireText(std::string_view text, const JVPointer& tokens) {
 }
 
 void requireEveryPointer(const JVDocument& document) {
-    std::vector<const JV*> open{document.root()};
-    while (!open.empty()) {
-        const JV* value = open.back();
-        open.pop_back();
-        const std::string pointer = value->pointer();
-        require(document.lookup(pointer) == value, "a value is found by its pointer");
+    specloom::test_support::forEachValue(*document.root(), [&](const JV& value) {
+        const std::string pointer = value.pointer();
+        require(document.lookup(pointer) == &value, "a value is found by its pointer");
         const auto tokens = parse(pointer);
-        require(tokens && resolve(document, *tokens) == value, "and by its tokens");
-        if (value->isArray())
-            open.insert(open.end(), value->elements().begin(), value->elements().end());
-        else if (value->isObject())
-            for (const specloom::jv::Member member : value->members())
-                open.push_back(member.value);
-    }
+        require(tokens && resolve(document, *tokens) == &value, "and by its tokens");
+    });
 }
 
 } // namespace

@@ -6,7 +6,6 @@
 #include "jv_schema/schema.h"
 
 #include <algorithm>     // std::min, std::swap
-#include <charconv>      // std::from_chars
 #include <optional>      // std::optional
 #include <set>           // std::set
 #include <stdexcept>     // std::runtime_error
@@ -73,7 +72,6 @@ class Generator::Impl final : public Context {
     [[nodiscard]] bool makeChoice(Demand& demand, JV& out);
     [[nodiscard]] std::size_t firstChoice(const Demand& demand);
     void learnFrom(const JV& value);
-    [[nodiscard]] bool tellApart(SchemaId id, std::string_view error);
     void rebuild();
     void notePatterns();
 
@@ -208,22 +206,6 @@ void Generator::Impl::notePatterns() {
     }
 }
 
-/// The error names the two alternatives that fitted, counted from 0: "... matches those at 0 and 2".
-bool Generator::Impl::tellApart(SchemaId id, std::string_view error) {
-    constexpr std::string_view before = " at ";
-    constexpr std::string_view between = " and ";
-    const std::size_t at = error.rfind(before);
-    const std::size_t split = error.rfind(between);
-    if (at == std::string_view::npos || split == std::string_view::npos || split < at)
-        return false;
-    std::size_t first = 0;
-    std::size_t second = 0;
-    const char* end = error.data() + error.size();
-    const bool isRead = std::from_chars(error.data() + at + before.size(), end, first).ec == std::errc() &&
-                        std::from_chars(error.data() + split + between.size(), end, second).ec == std::errc();
-    return isRead && first != second && graph_->tellApart(id, first, second);
-}
-
 /// Alternatives of `oneOf` that fitted together are told apart in the next attempts.
 void Generator::Impl::learnFrom(const JV& value) {
     const std::vector<jv::schema::ValidationError> errors = validator_->validate(value);
@@ -231,14 +213,14 @@ void Generator::Impl::learnFrom(const JV& value) {
     for (const jv::schema::ValidationError& error : errors) {
         if (failure_.empty())
             failure_ = error.message;
-        if (error.keyword != "oneOf")
+        if (!error.matching)
             continue;
         std::string_view location = error.schemaLocation;
         location.remove_prefix(location.find('#') + 1);
         const JV* schema = bundle_->at(location.substr(0, location.rfind('/')));
         const SchemaId id = schema == nullptr ? noSchema : graph_->find(*schema);
         if (id != noSchema && graph_->node(id).oneOf.size() > 1)
-            hasLearned |= tellApart(id, error.message);
+            hasLearned |= graph_->tellApart(id, error.matching->first, error.matching->second);
     }
     if (attempt_ == attemptsInHope)
         hasLearned |= graph_->tellAllApart();

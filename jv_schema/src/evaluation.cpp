@@ -204,13 +204,20 @@ bool Evaluation::rejects(const Node& node) {
     return false;
 }
 
-void Evaluation::add(const Keyword& keyword, std::string message) {
+void Evaluation::add(const Keyword& keyword, std::string message,
+                     decltype(ValidationError::matching) matching) {
     if (!hasRoom())
         return;
     add({{pointer(), keyword.owner().location(keyword.name()), std::string(keyword.name()),
-          std::move(message)},
+          std::move(message), matching},
          path_.size(),
          keyword.name()});
+}
+
+bool Evaluation::failOfTwo(const Keyword& keyword, std::size_t first, std::size_t second) {
+    if (explains_)
+        add(keyword, fmt::format(message::severalBranches, first, second), std::pair(first, second));
+    return false;
 }
 
 void Evaluation::add(Finding finding) {

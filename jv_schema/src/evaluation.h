@@ -65,7 +65,9 @@ class Evaluation {
             add(keyword, text());
         return false;
     }
-    /// The same for a member.
+    /// The same for a keyword that takes one alternative, of which these two match.
+    bool failOfTwo(const Keyword& keyword, std::size_t first, std::size_t second);
+    /// As fail(), for a member.
     template <typename Text>
     bool failAt(const Keyword& keyword, std::string_view key, Text text) {
         if (explains_) {
@@ -155,7 +157,7 @@ class Evaluation {
     [[nodiscard]] bool rejects(const Node& node);
     [[noreturn]] void refuseDepth(const Node& node, const JV& instance) const;
     [[noreturn]] void refuseLength() const;
-    void add(const Keyword& keyword, std::string message);
+    void add(const Keyword& keyword, std::string message, decltype(ValidationError::matching) matching = {});
     void add(Finding finding);
     /// For one more finding. Throws Enough when there is none and nobody has to choose among branches.
     [[nodiscard]] bool hasRoom() const;

@@ -7,9 +7,11 @@
 
 #include <cstddef>     // std::size_t
 #include <memory>      // std::shared_ptr
+#include <optional>    // std::optional
 #include <stdexcept>   // std::runtime_error
 #include <string>      // std::string
 #include <string_view> // std::string_view
+#include <utility>     // std::pair
 #include <vector>      // std::vector
 
 namespace specloom::jv::schema {
@@ -37,6 +39,8 @@ struct ValidationError {
     std::string schemaLocation;
     std::string keyword;
     std::string message; ///< in lower case, without a full stop; what it quotes of a document is clipped
+    /// Of `oneOf`: the first two alternatives that match, counted from 0.
+    std::optional<std::pair<std::size_t, std::size_t>> matching = std::nullopt;
 
     friend bool operator==(const ValidationError&, const ValidationError&) = default;
 };

@@ -3,6 +3,7 @@
 #include "jv/deser.h"
 #include "openapi/reader.h"
 #include "test_support/corpora.h"
+#include "test_support/documents.h"
 
 #include <algorithm>  // std::set_difference
 #include <filesystem> // std::filesystem::path
@@ -25,23 +26,17 @@ const std::filesystem::path sourceFolder = SPECLOOM_SOURCE_DIR;
 
 /// The keys of all objects, or of all that stand under `below`.
 void collectKeys(const jv::JV& document, std::string_view below, Names& names) {
-    std::vector<const jv::JV*> open{&document};
-    while (!open.empty()) {
-        const jv::JV& value = *open.back();
-        open.pop_back();
-        if (value.isArray())
-            open.insert(open.end(), value.elements().begin(), value.elements().end());
+    test_support::forEachValue(document, [&](const jv::JV& value) {
         if (!value.isObject())
-            continue;
+            return;
         for (const jv::Member member : value.members()) {
-            open.push_back(member.value);
             if (below.empty())
                 names.emplace(member.key);
             else if (member.key == below && member.value->isObject())
                 for (const jv::Member named : member.value->members())
                     names.emplace(named.key);
         }
-    }
+    });
 }
 
 /// Every member that the published schemas of a version know.

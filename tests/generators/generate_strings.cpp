@@ -13,6 +13,7 @@
 #include "jv/jv_object.h"
 #include "number/number.h"
 #include "regex/syntax_error.h"
+#include "test_support/documents.h"
 #include "test_support/random_patterns.h"
 
 #include <compare>   // operator<=>
@@ -68,18 +69,10 @@ void collectFile(const std::string& path, std::set<Use>& uses) {
         fmt::print(stderr, "{}: {}\n", path, error.what());
         return;
     }
-    std::vector<const jv::JV*> open{document->root()};
-    while (!open.empty()) {
-        const jv::JV& value = *open.back();
-        open.pop_back();
-        if (value.isArray())
-            open.insert(open.end(), value.elements().begin(), value.elements().end());
-        if (!value.isObject())
-            continue;
-        collect(value, path.ends_with("regex.json"), uses);
-        for (const jv::Member member : value.members())
-            open.push_back(member.value);
-    }
+    test_support::forEachValue(*document->root(), [&](const jv::JV& value) {
+        if (value.isObject())
+            collect(value, path.ends_with("regex.json"), uses);
+    });
 }
 
 std::string stringsOf(const Use& use, std::mt19937_64& numbers) {

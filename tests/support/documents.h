@@ -31,6 +31,16 @@ template <typename OnValue, typename OnKey>
     return false;
 }
 
+/// Calls `onValue` for each value of a tree; without recursion.
+template <typename OnValue>
+void forEachValue(const jv::JV& root, OnValue onValue) {
+    const auto visit = [&](const jv::JV& value) {
+        onValue(value);
+        return false;
+    };
+    static_cast<void>(anyOf(root, visit, [](std::string_view) { return false; }));
+}
+
 [[nodiscard]] bool hasBigNumber(const jv::JV& root);
 [[nodiscard]] bool hasEmptyKey(const jv::JV& root);
 /// Whether a string of the document is left plain in YAML although it is a number for the reader ("1e5").

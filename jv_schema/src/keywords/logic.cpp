@@ -234,8 +234,7 @@ class OneOf : public Alternatives {
         const std::size_t count = matching(instance, evaluation, 2, first, last);
         if (count == 0)
             return failClosest(instance, evaluation);
-        return count == 1 ||
-               evaluation.fail(*this, [&] { return fmt::format(message::severalBranches, first, last); });
+        return count == 1 || evaluation.failOfTwo(*this, first, last);
     }
 };
 
