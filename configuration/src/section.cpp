@@ -1,6 +1,7 @@
 #include "configuration/section.h"
 
 #include <algorithm> // std::find
+#include <limits>    // std::numeric_limits
 #include <memory>    // std::unique_ptr
 
 namespace specloom::configuration {
@@ -42,15 +43,17 @@ std::optional<bool> Section::boolean(std::string_view name) const {
     return value == nullptr ? std::nullopt : std::optional(value->boolean());
 }
 
-std::optional<std::int32_t> Section::integer(std::string_view name, std::int32_t least, std::int32_t most,
-                                             const Message& outOfRange) const {
+std::optional<std::int32_t> Section::integer(std::string_view name, std::int32_t most,
+                                             const Message& tooLarge) const {
     const jv::JV* value = object_->getInteger(name);
     if (value == nullptr)
         return std::nullopt;
     const number::Number given = value->number();
-    if (given.compare(least) < 0 || given.compare(most) > 0)
-        throw ConfigError(outOfRange, value);
-    return static_cast<std::int32_t>(given.toDouble()); // exact, also where it is written as 2.0
+    if (given.compare(most) > 0)
+        throw ConfigError(tooLarge, value);
+    constexpr std::int32_t least = std::numeric_limits<std::int32_t>::min();
+    return given.compare(least) < 0 ? least
+                                    : static_cast<std::int32_t>(given.toDouble()); // exact, also as 2.0
 }
 
 std::optional<std::string_view> Section::text(std::string_view name) const {

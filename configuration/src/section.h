@@ -80,9 +80,9 @@ class Section {
     [[nodiscard]] bool requiredBoolean(std::string_view name) const {
         return object_->getRequiredBoolean(name)->boolean();
     }
-    /// Throws ConfigError with `outOfRange` for a number beyond the two, which are allowed.
-    [[nodiscard]] std::optional<std::int32_t> integer(std::string_view name, std::int32_t least,
-                                                      std::int32_t most, const Message& outOfRange) const;
+    /// Throws ConfigError with `tooLarge` for a number above `most`. Below INT32_MIN it is that.
+    [[nodiscard]] std::optional<std::int32_t> integer(std::string_view name, std::int32_t most,
+                                                      const Message& tooLarge) const;
     [[nodiscard]] std::optional<std::string_view> text(std::string_view name) const;
     /// A member of another kind counts as none.
     [[nodiscard]] std::optional<std::string_view> textIfString(std::string_view name) const;

@@ -36,7 +36,7 @@ Options readOptions(const jv::JV& root) {
     options.layout = section.choice("layout", layouts, "Unknown layout: {}").value_or(options.layout);
     if (const jv::JV* grouping = section.get("grouping"); grouping != nullptr)
         options.grouping = textsOf(*grouping, "grouping must be a string or an array");
-    options.depth = section.integer("depth", 0, 9, "Depth must be between 0 and 9").value_or(options.depth);
+    options.depth = section.integer("depth", 9, "Depth must be at most 9").value_or(options.depth);
     section.requireKnown({"tests", "site", "prefix", "schema", "layout", "grouping", "depth"});
     return options;
 }
@@ -82,8 +82,7 @@ TEST(Section, saysWhichValueIsAtFault) {
         {R"({"layout": "wide"})", "Unknown layout: wide", {1, 47}},
         {R"({"grouping": 1})", "grouping must be a string or an array", {1, 49}},
         {R"({"grouping": ["a", null]})", "grouping must be a string or an array", {1, 55}},
-        {R"({"depth": 10})", "Depth must be between 0 and 9", {1, 46}},
-        {R"({"depth": -1})", "Depth must be between 0 and 9", {1, 46}},
+        {R"({"depth": 10})", "Depth must be at most 9", {1, 46}},
         {R"({"tests": true, "test": true})", "Unexpected properties", {1, 60}},
         {R"(["tests"])", "An object is expected for 'docs'", section},
     };

@@ -25,12 +25,12 @@ constexpr const char* tooLarge = "YAML output is too large for its content: valu
 /// Owns a libyaml emitter and hands events to it; the messages of all steps stand here.
 class Emitter {
   public:
-    Emitter(std::string& output, std::int64_t indent) : output_(output), flow_(indent == 0) {
+    Emitter(std::string& output, std::int64_t indent) : output_(output), flow_(indent <= 0) {
         errno = 0; // see emit()
         if (yaml_emitter_initialize(&emitter_) == 0)
             throw std::bad_alloc();
         yaml_emitter_set_indent(&emitter_, 2);
-        if (indent != 0)
+        if (indent > 0)
             yaml_emitter_set_indent(&emitter_, static_cast<int>(indent));
         yaml_emitter_set_output(&emitter_, &Emitter::append, this);
         yaml_emitter_set_unicode(&emitter_, 1);
@@ -192,12 +192,12 @@ class TreeEmitter {
 
     [[nodiscard]] yaml_scalar_style_t styleOf(const JV& string) const {
         const std::string_view text = string.text();
-        // Where it stood plain in the source, it stays what others took it for. Left free, libyaml would
-        // quote an empty one. In flow style it quotes that in any case, and a time too.
-        const bool canBePlain = !emitter_.inFlowStyle() || (!text.empty() && text.find(':') == text.npos);
-        if (string.isPlainScalar() && canBePlain)
-            return text.empty() ? YAML_PLAIN_SCALAR_STYLE : YAML_ANY_SCALAR_STYLE;
-        return needsDoubleQuotes(text) ? YAML_DOUBLE_QUOTED_SCALAR_STYLE : YAML_ANY_SCALAR_STYLE;
+        // Where it stood plain in the source, it stays what others took it for; but a time in flow style,
+        // which libyaml quotes in any case, and what was left empty: that is "" for every reader then.
+        const bool canBePlain = !text.empty() && (!emitter_.inFlowStyle() || text.find(':') == text.npos);
+        return needsDoubleQuotes(text) && !(string.isPlainScalar() && canBePlain)
+                   ? YAML_DOUBLE_QUOTED_SCALAR_STYLE
+                   : YAML_ANY_SCALAR_STYLE;
     }
 
     void push(const JV& container) {

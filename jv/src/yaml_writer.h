@@ -10,13 +10,15 @@ namespace specloom::jv {
 
 /// Writes one document as YAML by way of libyaml's emitter, in UTF-8, without folding lines. A string is
 /// quoted when a plain scalar of its text would be something else for readYAML() or for other readers, unless
-/// it was such a scalar in its source. Two limits of readYAML() remain: a string in the exponent form of a
-/// number ("1e5") is left plain and comes back as a number, and an empty key is no key.
+/// it was such a scalar, and not an empty one, in its source. Two limits of readYAML() remain: a string in
+/// the exponent form of a number ("1e5") is left plain and comes back as a number, and an empty key is no
+/// key.
 class YAMLWriter {
   public:
     /// Without one, the order is JVDocument::orderedMembers().
     void setSorter(PropertySorter sorter) { sorter_ = std::move(sorter); }
-    /// Spaces for each level, 2 at first; libyaml takes 2 to 9 and uses 2 for others. 0 selects flow style.
+    /// Spaces for each level, 2 at first; libyaml takes 2 to 9 and uses 2 for others. 0 or less selects flow
+    /// style.
     void setIndent(std::int64_t spaces) noexcept { indent_ = spaces; }
 
     /// Writes the whole document, one without a root as null. Throws std::runtime_error with "Failed to

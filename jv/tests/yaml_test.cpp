@@ -144,23 +144,26 @@ TEST(YamlWriter, quotesWhatWouldReadBackAsAnotherKind) {
 }
 
 TEST(YamlWriter, leavesPlainWhatWasPlain) {
-    const std::string text = "a:\n"
+    const std::string text = "a: no\n"
                              "b: ~\n"
                              "c: True\n"
                              "d: 2001-12-14\n"
                              "e: 0x1F\n"
                              "f:\n"
                              "- yes\n"
-                             "-\n"
-                             "- g:\n"
+                             "- off\n"
+                             "- g: null\n"
                              "  h: \"\"\n";
     const auto document = parseYAML(text);
     EXPECT_EQ(toYAML(*document), text);
     EXPECT_TRUE(document->lookup("/a")->isPlainScalar());
     EXPECT_FALSE(document->lookup("/f/2/h")->isPlainScalar());
     EXPECT_EQ(toYAML(*parseYAML("- !!str ~")), "- \"~\"\n") << "a tag makes it a string for all";
+    const std::string empties = "a:\nb:\n- ~\n-\n";
     const std::string flow = "{a: \"\", b: [~, \"\"]}\n";
-    EXPECT_EQ(toYAML(*parseYAML("a:\nb:\n- ~\n-\n"), 0), flow) << "flow style has no empty plain scalars";
+    EXPECT_EQ(toYAML(*parseYAML(empties)), "a: \"\"\nb:\n- ~\n- \"\"\n") << "what is empty is always quoted";
+    EXPECT_EQ(toYAML(*parseYAML(empties), 0), flow);
+    EXPECT_EQ(toYAML(*parseYAML(empties), -1), flow);
     EXPECT_EQ(toYAML(*parseYAML(flow), 0), flow);
     JV* value = document->lookup("/b");
     value->setString("~");

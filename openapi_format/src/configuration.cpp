@@ -59,9 +59,8 @@ void Configuration::overlay(const jv::JV& section) {
     const Section openapi = Section(section).section("openapi");
     if (const auto format = openapi.choice("format", formats, message::unknownFormat); format)
         format_ = *format;
-    indent_ =
-        openapi.integer("indent", 0, largestIndent, formatMessage(message::indentOutOfRange, largestIndent))
-            .value_or(indent_);
+    indent_ = openapi.integer("indent", largestIndent, formatMessage(message::indentTooLarge, largestIndent))
+                  .value_or(indent_);
     readOrders(openapi.section("property_order"));
 }
 

@@ -45,14 +45,14 @@ class Configuration {
     ///
     /// Throws configuration::ConfigError, with the value at fault:
     ///   "Extends must be a string", "Unknown extends value: {}", "Unknown file format: {}",
-    ///   "Indent must be between 0 and 100", "Default order must be a string", "Unsupported order shortcut:
+    ///   "Indent must be at most 100", "Default order must be a string", "Unsupported order shortcut:
     ///   {}", "Element is not a string", "Property order block must be a string or an array", "Unknown object
     ///   kind: {}", and the texts of JV's typed getters.
     [[nodiscard]] static Configuration load(const jv::JV* section);
 
     /// The output format; none keeps that of the input.
     [[nodiscard]] std::optional<jv::DocumentFormat> format() const noexcept { return format_; }
-    /// Spaces for each level.
+    /// Spaces for each level; 0 or less is JSON on one line and YAML in flow style.
     [[nodiscard]] std::int32_t indent() const noexcept { return indent_; }
     /// For objects whose kind has no order of its own; original or sorted.
     [[nodiscard]] const PropertyOrder& defaultOrder() const noexcept { return defaultOrder_; }

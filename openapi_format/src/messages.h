@@ -7,7 +7,7 @@ namespace specloom::openapi_format::message {
 inline constexpr char defaultOrderNotString[] = "Default order must be a string";
 inline constexpr char elementNotString[] = "Element is not a string";
 inline constexpr char extendsNotString[] = "Extends must be a string";
-inline constexpr char indentOutOfRange[] = "Indent must be between 0 and {}";
+inline constexpr char indentTooLarge[] = "Indent must be at most {}";
 inline constexpr char orderNeitherStringNorArray[] = "Property order block must be a string or an array";
 inline constexpr char orderNotFixed[] = "Property order is not fixed";
 inline constexpr char orderNotSet[] = "Property order is not set";

@@ -69,7 +69,12 @@ TEST(Configuration, extendsNothingByItself) {
 }
 
 TEST(Configuration, indentIsAnIntegerInAnySpelling) {
-    for (const auto& [text, spaces] : {std::pair{"0", 0}, {"3.0", 3}, {"1e1", 10}, {"100", 100}})
+    for (const auto& [text, spaces] : {std::pair{"0", 0},
+                                       {"-1", -1},
+                                       {"3.0", 3},
+                                       {"1e1", 10},
+                                       {"100", 100},
+                                       {"-99999999999999999999999", INT32_MIN}})
         EXPECT_EQ(configured(std::string("openapi: {indent: ") + text + "}").indent(), spaces) << text;
 }
 
@@ -90,9 +95,8 @@ TEST(Configuration, faults) {
         {"openapi: {format: 1}", "A string value is expected for 'format'."},
         {"openapi: {indent: wide}", "An integer value is expected for 'indent'."},
         {"openapi: {indent: 2.5}", "An integer value is expected for 'indent'."},
-        {"openapi: {indent: -1}", "Indent must be between 0 and 100"},
-        {"openapi: {indent: 101}", "Indent must be between 0 and 100"},
-        {"openapi: {indent: 99999999999999999999999}", "Indent must be between 0 and 100"},
+        {"openapi: {indent: 101}", "Indent must be at most 100"},
+        {"openapi: {indent: 99999999999999999999999}", "Indent must be at most 100"},
         {"openapi: {property_order: sorted}", "An object value is expected for 'property_order'."},
         {"openapi: {property_order: {default: [a]}}", "Default order must be a string"},
         {"openapi: {property_order: {default: fixed}}", "Unsupported order shortcut: fixed"},

@@ -5,6 +5,9 @@
 #include "openapi_diff/diffs/reference_diff.h"
 #include "openapi_diff/diffs/schema_diff.h"
 
+#include <algorithm> // std::ranges::equal
+#include <vector>    // std::vector
+
 namespace specloom::openapi_diff {
 namespace {
 
@@ -25,6 +28,48 @@ std::optional<ValueKey> valueOf(const Node& element) {
     if (asReference(&element) != nullptr || element.source() == nullptr)
         return std::nullopt;
     return ValueKey(*element.source());
+}
+
+/// The members of an object without an `additionalProperties` that allows anything, as it is without one.
+std::vector<jv::Member> effectiveMembersOf(const jv::JV& object) {
+    std::vector<jv::Member> members;
+    for (const jv::Member member : object.members()) {
+        const bool allowsAll = (member.value->isBoolean() && member.value->boolean()) ||
+                               (member.value->isObject() && member.value->size() == 0);
+        if (member.key != "additionalProperties" || !allowsAll)
+            members.push_back(member);
+    }
+    return members;
+}
+
+/// A schema as the key of a pairing; equal where the effective members are.
+struct SchemaKey {
+    explicit SchemaKey(const jv::JV& of) : members(effectiveMembersOf(of)) {
+        KeyedHasher hasher;
+        for (const jv::Member& member : members) {
+            hasher.add(member.key);
+            hasher.add(jv::hashOfValue(*member.value));
+        }
+        hash = hasher.finish();
+    }
+
+    std::vector<jv::Member> members;
+    std::uint64_t hash;
+    friend bool operator==(const SchemaKey& a, const SchemaKey& b) {
+        return a.hash == b.hash &&
+               std::ranges::equal(a.members, b.members, [](const jv::Member& one, const jv::Member& other) {
+                   return one.key == other.key && jv::equalValues(*one.value, *other.value);
+               });
+    }
+};
+struct SchemaKeyHash {
+    [[nodiscard]] std::size_t operator()(const SchemaKey& key) const noexcept { return key.hash; }
+};
+
+std::optional<SchemaKey> schemaOf(const Node& element) {
+    if (asReference(&element) != nullptr || element.source() == nullptr || !element.source()->isObject())
+        return std::nullopt;
+    return SchemaKey(*element.source());
 }
 
 /// Whether the first rule that applies to both elements takes them for the same.
@@ -66,6 +111,8 @@ void diffComposedSchemas(ConfigKey key, const openapi::NodeList* source, const o
     pairing.pairBy<KeyedHash>([&](DocumentSide side, std::size_t index) { return titleOf(at(side, index)); });
     pairing.pairBy<ValueKeyHash>(
         [&](DocumentSide side, std::size_t index) { return valueOf(at(side, index)); });
+    pairing.pairBy<SchemaKeyHash>(
+        [&](DocumentSide side, std::size_t index) { return schemaOf(at(side, index)); });
     pairing.pairInOrder();
     pairing.visit(diffPair);
 }

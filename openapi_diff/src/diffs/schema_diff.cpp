@@ -9,7 +9,7 @@
 #include "openapi_diff/diffs/list_pairing.h"
 #include "openapi_diff/diffs/xml_diff.h"
 
-#include <algorithm> // std::binary_search, std::ranges::count_if
+#include <algorithm> // std::binary_search, std::ranges::all_of, std::ranges::count_if
 #include <array>     // std::array
 #include <bit>       // std::countr_zero
 #include <utility>   // std::pair
@@ -77,8 +77,26 @@ const std::vector<openapi::Value>& enumerationOf(const Schema& schema) {
     return hasConstant(schema) ? none : schema.enumeration();
 }
 
+/// Whether one schema has a constant and the other an enumeration of it alone, which says the same.
+bool allowOneValue(const Schema* source, const Schema* destination) {
+    if (source == nullptr || destination == nullptr || hasConstant(*source) == hasConstant(*destination))
+        return false;
+    const jv::JV& constant = *constantOf(hasConstant(*source) ? *source : *destination);
+    const auto& values = (hasConstant(*source) ? *destination : *source).enumeration();
+    return !values.empty() && std::ranges::all_of(values, [&](const openapi::Value& value) {
+        return jv::equalValues(*value, constant);
+    });
+}
+
+void constant(const Row& row, const Schema* source, const Schema* destination, DiffContext& context) {
+    if (!allowOneValue(source, destination))
+        field<&constantOf>(row, source, destination, context);
+}
+
 /// The values are a set. A value that went away is reported where the source has it.
 void enumeration(const Row& row, const Schema* source, const Schema* destination, DiffContext& context) {
+    if (allowOneValue(source, destination))
+        return;
     static const std::vector<openapi::Value> none;
     const auto& before = source == nullptr ? none : enumerationOf(*source);
     const auto& after = destination == nullptr ? none : enumerationOf(*destination);
@@ -190,7 +208,7 @@ using enum ConfigKey;
 constexpr std::pair<ConfigKey, Compare> ownCompares[] = {
     {SchemaType, field<&typesOf>},
     {SchemaFormat, field<&formatOf>},
-    {SchemaConst, field<&constantOf>},
+    {SchemaConst, constant},
     {SchemaEnum, enumeration},
     {SchemaDeprecated, field<&isDeprecated>},
     {SchemaRequired, required},

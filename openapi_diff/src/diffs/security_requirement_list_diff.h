@@ -23,7 +23,7 @@ class SecurityRequirementDiff final : public NodeDiff {
 };
 
 /// The security requirements of the document or an operation. Those with the same schemes and scopes, in any
-/// order, belong together.
+/// order, belong together, and then those with the same schemes, which are modified.
 class SecurityRequirementListDiff final : public NodeDiff {
   public:
     using List = std::vector<std::unique_ptr<openapi::SecurityRequirement>>;
