@@ -57,7 +57,7 @@ TEST(JsonWriter, refusesDepthAndInfinity) {
     const auto deep = parseJSON(brackets + std::string(10000, ']'));
     const auto failure = [](const JVDocument& document) {
         JSONWriter writer;
-        const std::string text = failureOf<JSONWriterError>([&] { writer.write(document); });
+        std::string text = failureOf<JSONWriterError>([&] { writer.write(document); });
         EXPECT_NE(failureOf<JSONWriterError>([&] { writer.write(document); }), ""); // InErrorState
         return text;
     };

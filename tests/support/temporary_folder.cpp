@@ -20,7 +20,7 @@ TemporaryFolder::~TemporaryFolder() {
 }
 
 std::string TemporaryFolder::write(std::string_view name, std::string_view content) const {
-    const std::string file = at(name);
+    std::string file = at(name);
     std::ofstream(file, std::ios::binary) << content;
     return file;
 }
