@@ -1,8 +1,10 @@
 #include "test_support/corpora.h"
 #include "workspace.h"
 
-#include <string> // std::string
+#include <filesystem> // std::filesystem::exists
+#include <string>     // std::string
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 namespace specloom::tests {
@@ -26,6 +28,20 @@ TEST(Format, doesWhatItsDocumentationShows) {
     workspace.write("api.yaml", before);
     EXPECT_EQ(workspace.run({"format", "api.yaml"}).status, 0);
     EXPECT_EQ(workspace.read("api.yaml"), after);
+}
+
+TEST(Format, createsNoFileForANumberThatJsonDoesNotTake) {
+    const Workspace workspace;
+    workspace.write("api.yaml", "openapi: 3.1.0\nx-n: [1, 123456789012345678901]\n");
+    workspace.write("there.json", "{}");
+    for (const char* target : {"new.json", "there.json"}) {
+        const Outcome outcome = workspace.run({"format", "--output", target, "api.yaml"});
+        EXPECT_EQ(outcome.status, 128 + 6) << target; // SIGABRT
+        EXPECT_THAT(outcome.err,
+                    testing::HasSubstr("(the number 123456789012345678901 at '/x-n/1' cannot be"));
+    }
+    EXPECT_FALSE(std::filesystem::exists(workspace.path("new.json")));
+    EXPECT_EQ(workspace.read("there.json"), "{}");
 }
 
 } // namespace

@@ -1,5 +1,7 @@
 #include "jv/json_writer.h"
 
+#include "foundation/message.h"
+#include "foundation/unreachable.h"
 #include "jv/string_scan.h"
 
 #include <algorithm> // std::find
@@ -55,7 +57,7 @@ void JSONWriter::writeValue(const JV& value) {
         output_ += value.boolean() ? "true" : "false";
         break;
     case Kind::Number:
-        writeNumber(value.number());
+        writeNumber(value);
         break;
     case Kind::String:
         writeString(value.text());
@@ -69,10 +71,16 @@ void JSONWriter::writeValue(const JV& value) {
     }
 }
 
-void JSONWriter::writeNumber(const number::Number& value) {
-    if (value.isInfinite() || value.isNaN())
+void JSONWriter::writeNumber(const JV& value) {
+    const number::Number number = value.number();
+    if (number.kind() == number::NumberKind::Big) {
+        const Message reason = formatMessage("the number {} at '{}' cannot be written as JSON",
+                                             number.toString(), value.pointer());
+        SPECLOOM_UNREACHABLE(reason.composed().c_str());
+    }
+    if (number.isInfinite() || number.isNaN())
         throw JSONWriterError(JSONWriterError::InvalidNumber);
-    value.appendTo(output_);
+    number.appendTo(output_);
 }
 
 // ---- strings

@@ -33,8 +33,8 @@ class JSONWriterError : public std::exception {
 /// Writes one document as JSON (RFC 8259), in UTF-8. Texts that are not UTF-8 pass through as they are.
 ///
 /// A big number, that is one of more than 20 digits or beyond the range of the machine's numbers, ends the
-/// process through unreachable(), which is the deliberate answer of number::Number to the tests that JSON
-/// needs.
+/// process through unreachable(), "the number {} at '{}' cannot be written as JSON" with its JSON pointer,
+/// which is the deliberate answer of number::Number to the tests that JSON needs.
 class JSONWriter {
   public:
     static constexpr std::uint32_t escapeSolidus = 16; ///< flag: write "/" as "\/"
@@ -63,7 +63,7 @@ class JSONWriter {
     void writeObject(const JV& object);
     void writeMembers(const JV& object);
     void writeMember(std::string_view key, const JV& value, bool isFirst);
-    void writeNumber(const number::Number& value);
+    void writeNumber(const JV& value);
     void writeString(std::string_view text);
     void open(char bracket);
     void close(char bracket);

@@ -45,11 +45,13 @@ void formatInPlace(const openapi_format::Formatter& formatter, const std::string
 void formatTo(const openapi_format::Formatter& formatter, const std::string& file,
               const std::string& output) {
     const jv::LoadedDocument loaded = jv::loadDocument(file);
-    OutputFile out(output); // before its name is judged: a bad extension is told after the file was created
     const std::optional<jv::DocumentFormat> target = jv::formatFromPath(output);
-    if (!target)
+    if (!target) {
+        static_cast<void>(OutputFile(output)); // a bad extension is told after the file was created
         throw std::runtime_error(formatMessage("Unknown file format: {}", output));
-    out.replace(formatter.text(*loaded.document, *target));
+    }
+    const std::string text = formatter.text(*loaded.document, *target);
+    OutputFile(output).replace(text);
 }
 
 } // namespace
