@@ -126,10 +126,10 @@ class SpellCheck : public testing::Test {
   protected:
     /// The options that name a dictionary with these two files, without the braces around them.
     [[nodiscard]] std::string dictionary(std::string_view affix, std::string_view words) const {
-        return fmt::format(R"("affix":"{}","dictionary":"{}")", folder_.write("small.aff", affix),
-                           folder_.write("small.dic", words));
+        return fmt::format(R"("affix":"{}","dictionary":"{}")", folder.write("small.aff", affix),
+                           folder.write("small.dic", words));
     }
-    const test_support::TemporaryFolder folder_;
+    const test_support::TemporaryFolder folder;
 };
 
 TEST_F(SpellCheck, asksInTheEncodingOfTheDictionary) {
@@ -148,9 +148,9 @@ TEST_F(SpellCheck, refusesDictionariesOfUnknownEncodings) {
 TEST_F(SpellCheck, acceptsTheWordsOfFiles) {
     const std::string small = dictionary("SET UTF-8\n", "1\ntides\n");
     const auto document = readInfo(R"(,"description":"Ebb ebb's Ebbe neap-tides Émile")");
-    const std::string first = folder_.write("first.txt", "\xEF\xBB\xBF"
+    const std::string first = folder.write("first.txt", "\xEF\xBB\xBF"
                                                          "ebb\r\n\r\nneap-flood");
-    const std::string second = folder_.write("second.txt", "  émile  \n");
+    const std::string second = folder.write("second.txt", "  émile  \n");
     EXPECT_THAT(findings(*document, "spell-check",
                          fmt::format(R"({{{},"word_files":["{}","{}"]}})", small, first, second)),
                 ElementsAre("Possible spelling mistake: 'Ebbe'"));
@@ -160,7 +160,7 @@ TEST_F(SpellCheck, acceptsTheWordsOfFiles) {
         << "there is nothing to check against";
     EXPECT_THROW(
         (void)findings(*document, "spell-check",
-                       fmt::format(R"({{"word_files":["{}"]}})", folder_.write("latin.txt", "caf\xE9\n"))),
+                       fmt::format(R"({{"word_files":["{}"]}})", folder.write("latin.txt", "caf\xE9\n"))),
         std::runtime_error);
 }
 

@@ -63,21 +63,21 @@ struct Nesting {
 
 class NestedDocument : public testing::TestWithParam<Nesting> {
   protected:
-    const Nesting nesting_ = GetParam();
-    const std::size_t depth_ = nesting_.levels * nesting_.containers;
-    const std::string text_ =
-        repeated(nesting_.open, nesting_.levels) + "0" + repeated(nesting_.close, nesting_.levels);
+    const Nesting nesting = GetParam();
+    const std::size_t depth = nesting.levels * nesting.containers;
+    const std::string text =
+        repeated(nesting.open, nesting.levels) + "0" + repeated(nesting.close, nesting.levels);
 };
 
 TEST_P(NestedDocument, isReadFromTextAndStream) {
-    const auto document = parseJSON(text_);
-    EXPECT_EQ(test_support::depthOf(*document->root()), depth_);
-    std::istringstream stream(text_);
+    const auto document = parseJSON(text);
+    EXPECT_EQ(test_support::depthOf(*document->root()), depth);
+    std::istringstream stream(text);
     EXPECT_TRUE(readJSON(stream)->root()->equals(*document->root()));
 }
 
 TEST_P(NestedDocument, isIndexedAndFound) {
-    const auto document = parseJSON(text_);
+    const auto document = parseJSON(text);
     const JV* deepest = innermost(document->root());
     const std::string pointer = deepest->pointer();
     EXPECT_EQ(document->lookup(pointer), deepest);
@@ -86,44 +86,44 @@ TEST_P(NestedDocument, isIndexedAndFound) {
     EXPECT_EQ(document->lookup(pointer), deepest);
     JVPointer tokens;
     tokens.parse(pointer);
-    EXPECT_EQ(tokens.size(), depth_);
+    EXPECT_EQ(tokens.size(), depth);
     EXPECT_EQ(document->root()->resolve(tokens), deepest);
     EXPECT_EQ(tokens.toString(), pointer);
 }
 
 TEST_P(NestedDocument, isComparedHashedAndCopied) {
-    const auto document = parseJSON(text_);
+    const auto document = parseJSON(text);
     const auto copy = JVDocument::clone(*document->root());
     EXPECT_TRUE(copy->equals(*document->root()));
     EXPECT_TRUE(copy->almostEquals(*document->root()));
     EXPECT_EQ(copy->hash(), document->root()->hash());
     const auto other =
-        parseJSON(repeated(nesting_.open, nesting_.levels) + "1" + repeated(nesting_.close, nesting_.levels));
+        parseJSON(repeated(nesting.open, nesting.levels) + "1" + repeated(nesting.close, nesting.levels));
     EXPECT_FALSE(copy->equals(*other->root()));
 
     JV target;
     JVDocument::assign(*copy, target);
-    EXPECT_EQ(test_support::depthOf(target), depth_);
+    EXPECT_EQ(test_support::depthOf(target), depth);
     target.clear();
     EXPECT_EQ(target.size(), 0u);
 }
 
 /// A deep tree on the heap inside of one in a document's slabs, and the other way round.
 TEST_P(NestedDocument, isDestroyedAsPartOfAnother) {
-    const auto document = parseJSON(text_);
+    const auto document = parseJSON(text);
     JV* root = document->root();
     if (root->isArray())
         root->append(JVDocument::clone(*root));
     else
         root->set("other", JVDocument::clone(*root));
     document->reindex();
-    EXPECT_EQ(test_support::depthOf(*root), depth_ + 1);
+    EXPECT_EQ(test_support::depthOf(*root), depth + 1);
     document->setRoot(std::make_unique<JV>(true));
     EXPECT_EQ(test_support::depthOf(*document->root()), 0u);
 }
 
 TEST_P(NestedDocument, isRefusedByTheWriters) {
-    const auto document = parseJSON(text_);
+    const auto document = parseJSON(text);
     EXPECT_THROW(static_cast<void>(documentToText(*document, DocumentFormat::Json)), JSONWriterError);
     // Whichever limit is met first: objects are indented further with each level.
     EXPECT_THAT(
