@@ -41,11 +41,8 @@ constexpr Refused refusedDocuments[] = {
 
 std::vector<std::string> documentNames() {
     std::vector<std::string> names;
-    if (const auto corpora = test_support::corporaFolder(); !corpora.empty())
-        for (const std::string folder : {"openapi", "pairs"})
-            for (const char* extension : {".json", ".yaml"})
-                for (const auto& path : test_support::filesBelow(corpora / folder, extension))
-                    names.push_back(folder + "/" + path.filename().string());
+    for (const auto& path : test_support::corpusDocuments())
+        names.push_back(path.parent_path().filename().string() + "/" + path.filename().string());
     return names;
 }
 

@@ -30,15 +30,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::vector<fs::path> documents() {
-    std::vector<fs::path> paths;
-    for (const char* folder : {"openapi", "pairs"})
-        for (const char* suffix : {".json", ".yaml"})
-            for (fs::path& path : test_support::filesBelow(test_support::corporaFolder() / folder, suffix))
-                paths.push_back(std::move(path));
-    return paths;
-}
-
 /// What is left of the document in `path` after all its rules fixed what they can.
 std::string fixed(const fs::path& path) {
     const test_support::ReadTree tree = test_support::readTree(path);
@@ -64,7 +55,7 @@ TEST(Corpora, areFixedOnce) {
     SPECLOOM_NEEDS_CORPORA();
     const test_support::TemporaryFolder folder;
     std::size_t count = 0;
-    for (const fs::path& path : documents()) {
+    for (const fs::path& path : test_support::affordableCorpusDocuments()) {
         SCOPED_TRACE(path);
         if (test_support::readTree(path).result == nullptr)
             continue; // that it has to be refused is the reader's to show
@@ -107,7 +98,7 @@ std::map<std::string, std::vector<Place>> findingsOf(openapi::ReadResult& docume
 TEST(Corpora, giveTheSameFindingsInEveryRuleset) {
     SPECLOOM_NEEDS_CORPORA();
     std::size_t total = 0;
-    for (const fs::path& path : documents()) {
+    for (const fs::path& path : test_support::affordableCorpusDocuments()) {
         SCOPED_TRACE(path);
         const test_support::ReadTree tree = test_support::readTree(path);
         if (tree.result == nullptr)
@@ -223,7 +214,7 @@ void expectDistinctEnums(const Differences& differences, const jv::JV& before, c
 TEST(Corpora, areFixedInNothingButWhatTheRuleSays) {
     SPECLOOM_NEEDS_CORPORA();
     std::map<std::string, std::size_t> changed;
-    for (const fs::path& path : documents()) {
+    for (const fs::path& path : test_support::affordableCorpusDocuments()) {
         SCOPED_TRACE(path);
         const test_support::ReadTree tree = test_support::readTree(path);
         if (tree.result == nullptr)

@@ -149,7 +149,7 @@ TEST_F(SpellCheck, acceptsTheWordsOfFiles) {
     const std::string small = dictionary("SET UTF-8\n", "1\ntides\n");
     const auto document = readInfo(R"(,"description":"Ebb ebb's Ebbe neap-tides Émile")");
     const std::string first = folder.write("first.txt", "\xEF\xBB\xBF"
-                                                         "ebb\r\n\r\nneap-flood");
+                                                        "ebb\r\n\r\nneap-flood");
     const std::string second = folder.write("second.txt", "  émile  \n");
     EXPECT_THAT(findings(*document, "spell-check",
                          fmt::format(R"({{{},"word_files":["{}","{}"]}})", small, first, second)),

@@ -1,9 +1,12 @@
 #include "test_support/corpora.h"
 
+#include "test_support/sanitizers.h"
+
 #include <algorithm> // std::sort
 #include <cstdlib>   // std::getenv
 #include <fstream>   // std::ifstream
 #include <stdexcept> // std::runtime_error
+#include <utility>   // std::move
 
 namespace specloom::test_support {
 
@@ -28,6 +31,23 @@ std::vector<fs::path> filesBelow(const fs::path& folder, std::string_view suffix
             found.push_back(entry.path());
     std::sort(found.begin(), found.end());
     return found;
+}
+
+std::vector<fs::path> corpusDocuments() {
+    std::vector<fs::path> documents;
+    if (const fs::path corpora = corporaFolder(); !corpora.empty())
+        for (const char* folder : {"openapi", "pairs"})
+            for (fs::path& path : filesBelow(corpora / folder, ""))
+                if (path.extension() == ".json" || path.extension() == ".yaml")
+                    documents.push_back(std::move(path));
+    return documents;
+}
+
+std::vector<fs::path> affordableCorpusDocuments() {
+    std::vector<fs::path> documents = corpusDocuments();
+    if (hasAddressSanitizer)
+        std::erase_if(documents, [](const fs::path& path) { return fs::file_size(path) > 1'000'000; });
+    return documents;
 }
 
 std::string fileBytes(const fs::path& path) {

@@ -20,6 +20,12 @@ namespace specloom::test_support {
 [[nodiscard]] std::vector<std::filesystem::path> filesBelow(const std::filesystem::path& folder,
                                                             std::string_view suffix);
 
+/// The OpenAPI documents of the corpora, by folder, in the order of their paths; none without corpora.
+[[nodiscard]] std::vector<std::filesystem::path> corpusDocuments();
+/// The same for what takes long: the sanitizers slow everything down tenfold, so in their builds documents of
+/// at most a megabyte stand for all.
+[[nodiscard]] std::vector<std::filesystem::path> affordableCorpusDocuments();
+
 /// The bytes of a file. Throws std::runtime_error with "Cannot read " and the path.
 [[nodiscard]] std::string fileBytes(const std::filesystem::path& path);
 

@@ -1,12 +1,13 @@
 #!/usr/bin/env python3
 """Finds in the documents of the corpora what lint rules must find, and compares it with what they do find.
 
-    compare_findings.py LIST-FINDINGS CORPORA
+    compare_findings.py LIST-FINDINGS CORPORA [LARGEST]
 
 Reads the raw documents with parsers that are not the program's and knows nothing of its code: each rule is written
 anew here, from what its page says. LIST-FINDINGS is the program beside this script. The corpora are those of
-SPECLOOM_CORPORA where it is set. Published documents hardly have some of the faults, so the faults are planted in copies
-of those in JSON, and these are compared too. Ends with 77 when they or PyYAML are not there, unless SPECLOOM_REQUIRE_CORPORA is.
+SPECLOOM_CORPORA where it is set; documents of more than LARGEST bytes are left out. Published documents hardly have some of
+the faults, so the faults are planted in copies of those in JSON, and these are compared too. Ends with 77 when they or PyYAML
+are not there, unless SPECLOOM_REQUIRE_CORPORA is.
 """
 
 import json
@@ -495,8 +496,9 @@ def main():
     list_findings, corpora = sys.argv[1], Path(os.environ.get("SPECLOOM_CORPORA", sys.argv[2]))
     if not corpora.is_dir():
         leave_out("No corpora: set SPECLOOM_CORPORA to their folder")
+    largest = int(sys.argv[3]) if len(sys.argv) > 3 else sys.maxsize
     paths = sorted(path for folder in ("openapi", "pairs") for path in (corpora / folder).rglob("*")
-                   if path.suffix in (".json", ".yaml"))
+                   if path.suffix in (".json", ".yaml") and path.stat().st_size <= largest)
     documents, wrong, findings = 0, 0, Counter()
     with tempfile.TemporaryDirectory() as folder:
         for path in [path for path in paths if path.suffix == ".json"]:
