@@ -5,6 +5,8 @@
 #include <string_view> // std::string_view
 #include <vector>      // std::vector
 
+#include <fmt/core.h>
+
 namespace specloom::command_pages {
 namespace {
 
@@ -153,7 +155,7 @@ std::string valueCase(const std::string& path, const cli::ArgumentDescription& a
     if (argument.metavar.empty() || (argument.values.empty() && argument.kind == cli::ValueKind::Text))
         return result;
     for (const std::string& name : argument.names)
-        (result += result.empty() ? "    " : " | ") += singleQuoted(path + ' ' + name);
+        result.append(result.empty() ? "    " : " | ").append(singleQuoted(fmt::format("{} {}", path, name)));
     result += ")\n";
     if (argument.kind != cli::ValueKind::Text)
         result += std::string("        kind=") +
