@@ -38,6 +38,8 @@ class GenFactory {
     /// Whether a text, number, boolean or null is one that a demand asks for, leaving choices aside.
     [[nodiscard]] bool admits(const Demand& demand, const jv::JV& value);
 
+    [[nodiscard]] std::size_t demandCount() const noexcept { return demands_.size(); }
+
     /// The schemas of the bundle whose patterns parts work with, in the order in which these were made.
     [[nodiscard]] const std::vector<PatternPlace>& patterns() const noexcept { return patterns_; }
 

@@ -1,6 +1,7 @@
 #include "jv_generator/generator.h"
 
 #include "foundation/message.h"
+#include "jv/jv_document.h"
 #include "jv_generator/composite_parts.h"
 #include "jv_generator/gen_factory.h"
 #include "jv_schema/schema.h"
@@ -26,6 +27,7 @@ constexpr int attemptsInFull = 12;           ///< of mostAttempts; the others le
 constexpr int attemptsInHope = 40;           ///< before all alternatives are told apart
 constexpr std::uint64_t mostFailures = 2000; ///< of parts, in one attempt
 constexpr int mostNestedChoices = 200;
+constexpr std::size_t mostKeptDemands = 50'000; ///< from one schema to the next
 constexpr std::uint64_t rareNull = 8; ///< one in so many of the values that may be null
 
 constexpr const char* noFit = "No value fits the schema at {}: {}";
@@ -43,6 +45,8 @@ class Generator::Impl final : public Context {
     GeneratorConfig settings;
 
     void setSchema(const openapi::Node& schema);
+    void setSchemas(const std::vector<const openapi::Node*>& schemas);
+    void choose(const openapi::Node& schema);
     [[nodiscard]] std::unique_ptr<JV> generateValue();
     void requireRoomFor(std::uint64_t values) const;
 
@@ -65,13 +69,16 @@ class Generator::Impl final : public Context {
     void noteFailure(const JV* schema, std::string_view reason) override;
 
   private:
+    void read(const std::vector<const openapi::Node*>& schemas, JSONSchema::Root root);
+    void aimAt(const openapi::Node& schema);
+    void compile();
     void requirePossible();
     [[nodiscard]] const Demand& culprit(const Demand& root) const;
     [[nodiscard]] std::string pointerOf(const JV* schema) const;
     [[nodiscard]] bool makePart(Demand& demand, JV& out);
     [[nodiscard]] bool makeChoice(Demand& demand, JV& out);
     [[nodiscard]] std::size_t firstChoice(const Demand& demand);
-    void learnFrom(const JV& value);
+    void learnFrom(const JV& instance);
     void rebuild();
     void notePatterns();
 
@@ -81,7 +88,9 @@ class Generator::Impl final : public Context {
     std::unique_ptr<SchemaGraph> graph_;
     std::unique_ptr<GenFactory> factory_;
     std::optional<jv::schema::Schema> validator_;
+    SchemaId rootId_ = noSchema;
     Demand* root_ = nullptr;
+    std::string member_; ///< of the instances that the validator judges, where they are objects of values
 
     std::size_t notedPatterns_ = 0;
     std::set<std::pair<const JV*, std::string_view>> knownPatterns_;
@@ -101,12 +110,42 @@ class Generator::Impl final : public Context {
 void Generator::Impl::setSchema(const openapi::Node& schema) {
     if (schema_ == &schema)
         return;
+    read({&schema}, JSONSchema::Root::First);
+    aimAt(schema);
+    requirePossible();
+    compile();
+    schema_ = &schema;
+}
+
+void Generator::Impl::setSchemas(const std::vector<const openapi::Node*>& schemas) {
+    read(schemas, JSONSchema::Root::Members);
+    compile();
+}
+
+void Generator::Impl::choose(const openapi::Node& schema) {
+    if (factory_->demandCount() > mostKeptDemands)
+        rebuild();
+    aimAt(schema);
+    member_ = bundle_->memberOf(schema);
+    engine_ = RandomEngine();
+    requirePossible();
+}
+
+void Generator::Impl::read(const std::vector<const openapi::Node*>& schemas, JSONSchema::Root root) {
     schema_ = nullptr;
-    pointer_ = schema.source()->pointer();
-    bundle_ = std::make_unique<JSONSchema>(schema);
+    member_.clear();
+    bundle_ = std::make_unique<JSONSchema>(schemas, root);
     graph_ = std::make_unique<SchemaGraph>(*bundle_);
     rebuild();
-    requirePossible();
+}
+
+void Generator::Impl::aimAt(const openapi::Node& schema) {
+    pointer_ = schema.source()->pointer();
+    rootId_ = graph_->idOf(bundle_->target(bundle_->reference(schema)));
+    root_ = &factory_->demand({rootId_});
+}
+
+void Generator::Impl::compile() {
     jv::schema::CompileOptions options;
     options.assertFormats = true;
     try {
@@ -116,13 +155,12 @@ void Generator::Impl::setSchema(const openapi::Node& schema) {
         throw std::runtime_error(formatMessage(notUsable, bundle_->documentPointer(error.location()),
                                                text.substr(0, text.rfind(" at "))));
     }
-    schema_ = &schema;
 }
 
+/// Forgets what was built, but not what was learnt.
 void Generator::Impl::rebuild() {
     notedPatterns_ = 0;
     factory_ = std::make_unique<GenFactory>(*graph_, settings);
-    root_ = &factory_->demand({graph_->root()});
 }
 
 void Generator::Impl::requirePossible() {
@@ -134,8 +172,8 @@ void Generator::Impl::requirePossible() {
                                             : "it asks for itself without end";
         const std::string place = pointerOf(cause.place);
         if (place.empty() || place == pointer_)
-            throw std::runtime_error(formatMessage(noFit, pointer_, reason));
-        throw std::runtime_error(formatMessage(noFitBecause, pointer_, reason, place));
+            throw NoValueError(formatMessage(noFit, pointer_, reason));
+        throw NoValueError(formatMessage(noFitBecause, pointer_, reason, place));
     }
     if (root_->height > deepestValue)
         throw std::runtime_error(formatMessage(tooDeep, pointer_, deepestValue));
@@ -184,14 +222,15 @@ std::unique_ptr<JV> Generator::Impl::generateValue() {
         failures_ = 0;
         spread_ = 0;
         failure_.clear();
-        auto value = std::make_unique<JV>();
-        if (!generate(*root_, *value))
+        auto instance = member_.empty() ? std::make_unique<JV>() : JV::newObject();
+        JV& value = member_.empty() ? *instance : *instance->setNull(member_);
+        if (!generate(*root_, value))
             continue;
-        if (validator_->isValid(*value)) {
+        if (validator_->isValid(*instance)) {
             notePatterns();
-            return value;
+            return member_.empty() ? std::move(instance) : jv::JVDocument::clone(value);
         }
-        learnFrom(*value);
+        learnFrom(*instance);
     }
     throw std::runtime_error(formatMessage(notFound, pointer_, mostAttempts, failure_));
 }
@@ -207,8 +246,8 @@ void Generator::Impl::notePatterns() {
 }
 
 /// Alternatives of `oneOf` that fitted together are told apart in the next attempts.
-void Generator::Impl::learnFrom(const JV& value) {
-    const std::vector<jv::schema::ValidationError> errors = validator_->validate(value);
+void Generator::Impl::learnFrom(const JV& instance) {
+    const std::vector<jv::schema::ValidationError> errors = validator_->validate(instance);
     bool hasLearned = false;
     for (const jv::schema::ValidationError& error : errors) {
         if (failure_.empty())
@@ -226,6 +265,7 @@ void Generator::Impl::learnFrom(const JV& value) {
         hasLearned |= graph_->tellAllApart();
     if (hasLearned) {
         rebuild();
+        root_ = &factory_->demand({rootId_});
         requirePossible();
     }
 }
@@ -332,6 +372,14 @@ GeneratorConfig& Generator::config() noexcept {
 
 void Generator::setSchema(const openapi::Node& schema) {
     impl_->setSchema(schema);
+}
+
+void Generator::setSchemas(const std::vector<const openapi::Node*>& schemas) {
+    impl_->setSchemas(schemas);
+}
+
+void Generator::choose(const openapi::Node& schema) {
+    impl_->choose(schema);
 }
 
 std::unique_ptr<JV> Generator::generate() {

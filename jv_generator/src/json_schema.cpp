@@ -68,12 +68,15 @@ class JSONSchemaBuilder {
         isOpenAPI30_ = version != nullptr && version->isString() && version->text().starts_with("3.0");
     }
 
-    void build(const std::vector<const openapi::Node*>& schemas) {
+    void build(const std::vector<const openapi::Node*>& schemas, JSONSchema::Root root) {
         result_.bundle_ = JV::newObject();
-        result_.bundle_->setString("$ref", "#/$defs/0");
         result_.definitions_ = result_.bundle_->setObject("$defs");
         for (const openapi::Node* schema : schemas)
             result_.references_.emplace(schema->source(), define(*schema->source()));
+        if (root == JSONSchema::Root::First)
+            result_.bundle_->setString("$ref", "#/$defs/0");
+        else
+            describeMembers(*result_.bundle_->setObject("properties"));
         while (!waiting_.empty()) {
             const auto [source, target] = waiting_.back();
             waiting_.pop_back();
@@ -86,6 +89,11 @@ class JSONSchemaBuilder {
         const JV* source;
         JV* target;
     };
+
+    void describeMembers(JV& properties) const {
+        for (const auto& [source, reference] : result_.references_)
+            properties.setObject(JSONSchema::memberOf(reference))->setString("$ref", reference);
+    }
 
     /// The reference to the definition of a schema of the document.
     [[nodiscard]] std::string define(const JV& schema) {
@@ -220,9 +228,9 @@ class JSONSchemaBuilder {
 
 JSONSchema::JSONSchema(const openapi::Node& schema) : JSONSchema(std::vector{&schema}) {}
 
-JSONSchema::JSONSchema(const std::vector<const openapi::Node*>& schemas) {
+JSONSchema::JSONSchema(const std::vector<const openapi::Node*>& schemas, Root root) {
     if (!schemas.empty())
-        JSONSchemaBuilder(*this, *schemas.front()->root()->source()).build(schemas);
+        JSONSchemaBuilder(*this, *schemas.front()->root()->source()).build(schemas, root);
 }
 
 const JV& JSONSchema::target(std::string_view reference) const {

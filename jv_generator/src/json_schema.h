@@ -3,6 +3,7 @@
 #include "jv/jv.h"
 #include "openapi/node.h"
 
+#include <cstdint>       // std::uint8_t
 #include <memory>        // std::unique_ptr
 #include <string>        // std::string
 #include <string_view>   // std::string_view
@@ -22,8 +23,14 @@ class JSONSchema {
     /// `schema` is a schema, or a reference to one, that was read from a document, which outlives the result.
     explicit JSONSchema(const openapi::Node& schema);
 
-    /// The same for several schemas of one document, the first of them at the root.
-    explicit JSONSchema(const std::vector<const openapi::Node*>& schemas);
+    /// What the root of the bundle says when there are several schemas.
+    enum class Root : std::uint8_t {
+        First,  ///< what the first schema says
+        Members ///< of an object, that its member "0" fits "#/$defs/0", and so on
+    };
+
+    /// The same for several schemas of one document.
+    explicit JSONSchema(const std::vector<const openapi::Node*>& schemas, Root root = Root::First);
 
     [[nodiscard]] const jv::JV& bundle() const noexcept { return *bundle_; }
     /// The schema itself, below `$defs`.
@@ -31,6 +38,10 @@ class JSONSchema {
     /// The `$ref` to a schema that was given.
     [[nodiscard]] const std::string& reference(const openapi::Node& schema) const {
         return references_.at(schema.source());
+    }
+    /// The member of Root::Members that is about a schema that was given.
+    [[nodiscard]] std::string memberOf(const openapi::Node& schema) const {
+        return memberOf(reference(schema));
     }
     /// What a `$ref` of the bundle leads to.
     [[nodiscard]] const jv::JV& target(std::string_view reference) const;
@@ -44,6 +55,10 @@ class JSONSchema {
 
   private:
     friend class JSONSchemaBuilder;
+
+    [[nodiscard]] static std::string memberOf(const std::string& reference) {
+        return reference.substr(std::string_view("#/$defs/").size());
+    }
 
     std::unique_ptr<jv::JV> bundle_;
     jv::JV* definitions_;

@@ -123,8 +123,6 @@ ValueKinds kindOf(const JV& value) {
     return 0;
 }
 
-SchemaGraph::SchemaGraph(const JSONSchema& schema) : schema_(&schema), root_(idOf(schema.root())) {}
-
 const SchemaNode& SchemaGraph::node(SchemaId id) {
     Entry& entry = entries_[id];
     if (!entry.isReady) {

@@ -112,9 +112,10 @@ struct SchemaNode {
 class SchemaGraph {
   public:
     /// `schema` outlives the graph.
-    explicit SchemaGraph(const JSONSchema& schema);
+    explicit SchemaGraph(const JSONSchema& schema) : schema_(&schema) {}
 
-    [[nodiscard]] SchemaId root() const noexcept { return root_; }
+    /// The number of a schema of the bundle. One that is nothing but a reference is what it refers to.
+    [[nodiscard]] SchemaId idOf(const jv::JV& schema);
     [[nodiscard]] const SchemaNode& node(SchemaId id);
     /// The number of a schema of the bundle; noSchema when nothing asked for it.
     [[nodiscard]] SchemaId find(const jv::JV& schema) const;
@@ -152,8 +153,6 @@ class SchemaGraph {
         SchemaNode node;
     };
 
-    /// A schema that is nothing but a reference is what it refers to.
-    [[nodiscard]] SchemaId idOf(const jv::JV& schema);
     [[nodiscard]] SchemaId add(SchemaNode node);
     [[nodiscard]] SchemaId never();
     [[nodiscard]] SchemaId always();
@@ -184,7 +183,6 @@ class SchemaGraph {
     std::unordered_map<std::string_view, std::unique_ptr<regex::Pattern>> patterns_;
     std::deque<std::string> names_;
     SchemaId never_ = noSchema;
-    SchemaId root_;
 };
 
 } // namespace specloom::jv_generator

@@ -187,6 +187,8 @@ class HtmlWriter final : public Handler {
         case BlockKind::Paragraph:
             open("<p>", "</p>\n");
             break;
+        default:
+            openPartOfTable(block);
         }
     }
 
@@ -307,6 +309,24 @@ class HtmlWriter final : public Handler {
         elements_.pop_back();
     }
 
+    void openPartOfTable(const Block& block) {
+        constexpr std::array<std::string_view, 4> alignments = {"", "left", "center", "right"};
+        const std::string_view align = alignments[static_cast<std::size_t>(block.alignment)];
+        const std::string tail = (align.empty() ? "" : attribute("align", align)) + ">";
+        if (block.kind == BlockKind::Table)
+            open("<table>\n", "</table>\n");
+        else if (block.kind == BlockKind::TableHead)
+            open("<thead>\n", "</thead>\n");
+        else if (block.kind == BlockKind::TableBody)
+            open("<tbody>\n", "</tbody>\n");
+        else if (block.kind == BlockKind::TableRow)
+            open("<tr>\n", "</tr>\n");
+        else if (block.kind == BlockKind::TableHeaderCell)
+            open("<th" + tail, "</th>\n");
+        else
+            open("<td" + tail, "</td>\n");
+    }
+
     void openHeading(unsigned level) {
         constexpr std::array<std::array<std::string_view, 2>, 6> tags = {{
             {"<h1>", "</h1>\n"},
@@ -401,7 +421,7 @@ class HtmlWriter final : public Handler {
 
 std::string toHtml(std::string_view text, const HtmlOptions& options) {
     HtmlWriter writer(options);
-    parse(text, writer);
+    parse(text, writer, {.tables = options.tables});
     return writer.take();
 }
 

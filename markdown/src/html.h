@@ -14,9 +14,10 @@ struct HtmlOptions {
     /// on where an id of the text is taken. A text of unknown origin should have a prefix, since scripts of a
     /// page find its elements by their ids.
     std::optional<std::string> headingIdPrefix;
+    bool tables = false; ///< as ParseOptions has it
 };
 
-/// A text in CommonMark (0.30, without extensions) as HTML that a page can hold and that runs nothing,
+/// A text in CommonMark (0.30, without extensions but tables, where they are asked for) as HTML that a page can hold and that runs nothing,
 /// however the text was made:
 ///   - links and images whose destination is not safe (isSafeDestination()) are their text alone;
 ///   - of raw HTML there remain tags for the form of texts and tables, links and images, without their

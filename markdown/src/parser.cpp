@@ -14,6 +14,7 @@
 namespace specloom::markdown {
 namespace {
 
+static_assert(MD_DIALECT_COMMONMARK == 0, "flags of extensions stand alone");
 constexpr int endOfParse = -1; // what a callback returns to end it; positive numbers do not from everywhere
 constexpr std::string_view nullCharacter = "\uFFFD"; // what stands for it
 
@@ -57,9 +58,35 @@ BlockKind toBlockKind(MD_BLOCKTYPE type) {
         return BlockKind::Code;
     case MD_BLOCK_HTML:
         return BlockKind::Html;
+    case MD_BLOCK_TABLE:
+        return BlockKind::Table;
+    case MD_BLOCK_THEAD:
+        return BlockKind::TableHead;
+    case MD_BLOCK_TBODY:
+        return BlockKind::TableBody;
+    case MD_BLOCK_TR:
+        return BlockKind::TableRow;
+    case MD_BLOCK_TH:
+        return BlockKind::TableHeaderCell;
+    case MD_BLOCK_TD:
+        return BlockKind::TableCell;
     default: // those of extensions do not come
         return BlockKind::Paragraph;
     }
+}
+
+Alignment toAlignment(MD_ALIGN align) {
+    switch (align) {
+    case MD_ALIGN_LEFT:
+        return Alignment::Left;
+    case MD_ALIGN_CENTER:
+        return Alignment::Center;
+    case MD_ALIGN_RIGHT:
+        return Alignment::Right;
+    case MD_ALIGN_DEFAULT:
+        break;
+    }
+    return Alignment::None;
 }
 
 Block toBlock(MD_BLOCKTYPE type, const void* detail) {
@@ -71,6 +98,8 @@ Block toBlock(MD_BLOCKTYPE type, const void* detail) {
         block.level = static_cast<const MD_BLOCK_H_DETAIL*>(detail)->level;
     else if (type == MD_BLOCK_CODE)
         block.language = attributeText(static_cast<const MD_BLOCK_CODE_DETAIL*>(detail)->lang);
+    else if (type == MD_BLOCK_TH || type == MD_BLOCK_TD)
+        block.alignment = toAlignment(static_cast<const MD_BLOCK_TD_DETAIL*>(detail)->align);
     return block;
 }
 
@@ -94,9 +123,9 @@ class Callbacks {
   public:
     explicit Callbacks(Handler& handler) : handler_(handler) {}
 
-    void parse(std::string_view text) {
+    void parse(std::string_view text, unsigned flags) {
         MD_PARSER parser{};
-        parser.flags = MD_DIALECT_COMMONMARK;
+        parser.flags = flags;
         parser.enter_block = [](MD_BLOCKTYPE type, void* detail, void* self) {
             return guarded(self, [&](Handler& handler) {
                 if (type != MD_BLOCK_DOC)
@@ -231,13 +260,35 @@ std::optional<std::string> withoutCostlyReferences(std::string_view text) {
     return result;
 }
 
+/// Whether a text with tables has no more cells than parse() says: a wide table of short rows would have a
+/// square of its length.
+bool hasReasonableTables(std::string_view text) {
+    std::size_t left = text.size() + mostFilledCells;
+    MD_PARSER parser{};
+    parser.flags = MD_FLAG_TABLES;
+    parser.enter_block = [](MD_BLOCKTYPE type, void*, void* self) {
+        auto& cellsLeft = *static_cast<std::size_t*>(self);
+        if (type != MD_BLOCK_TD && type != MD_BLOCK_TH)
+            return 0;
+        return --cellsLeft == 0 ? endOfParse : 0;
+    };
+    parser.leave_block = [](MD_BLOCKTYPE, void*, void*) { return 0; };
+    parser.enter_span = parser.leave_span = [](MD_SPANTYPE, void*, void*) { return 0; };
+    parser.text = [](MD_TEXTTYPE, const MD_CHAR*, MD_SIZE, void*) { return 0; };
+    md_parse(text.data(), static_cast<MD_SIZE>(text.size()), &parser, &left);
+    return left > 0;
+}
+
 } // namespace
 
-void parse(std::string_view text, Handler& handler) {
+void parse(std::string_view text, Handler& handler, const ParseOptions& options) {
     const std::optional<std::string> shallow = withoutDeepContainers(text);
     const std::string_view bounded = shallow ? std::string_view(*shallow) : text;
     const std::optional<std::string> cheap = withoutCostlyReferences(bounded);
-    Callbacks(handler).parse(cheap ? std::string_view(*cheap) : bounded);
+    const std::string_view parsed = cheap ? std::string_view(*cheap) : bounded;
+    const bool hasTables = options.tables && parsed.find('|') != std::string_view::npos &&
+                           hasReasonableTables(parsed);
+    Callbacks(handler).parse(parsed, hasTables ? MD_FLAG_TABLES : MD_DIALECT_COMMONMARK);
 }
 
 } // namespace specloom::markdown

@@ -17,13 +17,23 @@ enum class BlockKind : std::uint8_t {
     Code,
     Html,
     Paragraph, ///< an item of a tight list has its text without one
+    // Of tables:
+    Table,
+    TableHead,
+    TableBody,
+    TableRow,
+    TableHeaderCell,
+    TableCell,
 };
+
+enum class Alignment : std::uint8_t { None, Left, Center, Right };
 
 struct Block {
     BlockKind kind = BlockKind::Paragraph;
     unsigned level = 0;   ///< of a heading, 1 to 6
     unsigned start = 0;   ///< of an ordered list: the number of its first item
     std::string language; ///< of a code block: the first word of its info string
+    Alignment alignment = Alignment::None; ///< of a cell
 };
 
 enum class SpanKind : std::uint8_t { Emphasis, Strong, Code, Link, Image };
@@ -75,10 +85,18 @@ class Handler {
 /// reference definitions, which it may use more than once, can it ask for more than that length.
 inline constexpr std::size_t mostReferenceBytes = 100'000;
 
-/// Parses CommonMark (version 0.30), without extensions, in time in proportion to the text. For that, block
-/// quotes and list items beyond the column deepestContainer of containers.h are text, and so are all link
-/// reference definitions of a text that asks for more than mostReferenceBytes by them; a backslash, which
-/// shows only in code, takes their meaning from them. What a hook throws ends the parse.
-void parse(std::string_view text, Handler& handler);
+/// How many cells tables may have beyond a text's own length in bytes: each row gets the cells that it lacks.
+inline constexpr std::size_t mostFilledCells = 10'000;
+
+struct ParseOptions {
+    bool tables = false; ///< those of GitHub's Markdown (its specification 0.29, section 4.10)
+};
+
+/// Parses CommonMark (version 0.30), without extensions but those of the options, in time in proportion to
+/// the text. For that, block quotes and list items beyond the column deepestContainer of containers.h are
+/// text, and so are all link reference definitions of a text that asks for more than mostReferenceBytes by
+/// them; a backslash, which shows only in code, takes their meaning from them. All tables of a text that asks
+/// for more than mostFilledCells are text too. What a hook throws ends the parse.
+void parse(std::string_view text, Handler& handler, const ParseOptions& options = {});
 
 } // namespace specloom::markdown

@@ -29,8 +29,8 @@ struct Property {
     std::optional<std::string> description; ///< Markdown, as the document has it
     /// The schema of `components` that tells about the value, or about the items of the array.
     std::optional<std::string> resource;
-    /// Those of an object that is described in place, or of the items of such an array, and so on; none below
-    /// a resource.
+    /// Those of an object that is described in place, or of the items of such an array, and so on; what a
+    /// resource tells is not among them.
     std::vector<Property> properties;
 };
 
