@@ -4,6 +4,7 @@
 #include "cli/commands/diff_command.h"
 #include "cli/commands/format_command.h"
 #include "cli/commands/generate_command.h"
+#include "cli/commands/i18n_command.h"
 #include "cli/commands/license_command.h"
 #include "cli/commands/lint_command.h"
 #include "cli/commands/server_command.h"
@@ -24,7 +25,7 @@ std::unique_ptr<Command> make() {
 /// Every command, in the order in which the command line is asked for them.
 constexpr std::unique_ptr<Command> (*commandTable[])() = {
     make<CreditsCommand>, make<FormatCommand>,   make<LicenseCommand>, make<LintCommand>,
-    make<DiffCommand>,    make<GenerateCommand>, make<ServerCommand>,
+    make<DiffCommand>,    make<GenerateCommand>, make<I18NCommand>,    make<ServerCommand>,
 };
 
 } // namespace

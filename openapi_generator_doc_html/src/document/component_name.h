@@ -1,6 +1,7 @@
 #pragma once
 
 #include "openapi/openapi.h"
+#include "openapi/reference.h"
 
 #include <optional>    // std::optional
 #include <string_view> // std::string_view

@@ -9,6 +9,7 @@
 #include "openapi_generator_doc_html/document/json_text.h"
 #include "openapi_generator_doc_html/document/request_url.h"
 
+#include <cstdint>       // UINT64_MAX
 #include <string_view>   // std::string_view
 #include <unordered_map> // std::unordered_map
 #include <unordered_set> // std::unordered_set
@@ -144,7 +145,14 @@ struct Described {
 class Samples::Impl {
   public:
     Impl(const openapi::OpenAPI& document, const SampleOptions& options)
-        : document_(document), options_(options) {}
+        : document_(document), options_(options) {
+        // Values that tell much and are read quickly.
+        jv_generator::GeneratorConfig& config = generator_.config();
+        config.setNumberRange(1, 100);
+        config.setLengthRange(4, 12);
+        config.setItemsRange(1, 2);
+        config.setPropertiesRange(0, UINT64_MAX);
+    }
 
     [[nodiscard]] RequestSamples request(const openapi::OperationRef& ref) {
         const Request request = requestOf(ref);

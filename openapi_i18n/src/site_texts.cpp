@@ -1,0 +1,83 @@
+#include "openapi_i18n/site_texts.h"
+
+#include <array> // std::to_array
+
+namespace specloom::openapi_i18n {
+
+namespace {
+
+constexpr auto siteTextTable = std::to_array<std::string_view>({
+    // titles of pages and headings
+    "Overview",
+    "Operations",
+    "Operations {}",
+    "Operation {}",
+    "Operations (ungrouped)",
+    "Resources",
+    "Resource {}",
+    "Search",
+    "Changelog",
+    "Index",
+    // what components say
+    "<absent>",
+    "Authorization URL",
+    "Bearer format",
+    "Contact",
+    "Cookie parameters",
+    "Copy",
+    "Deprecated",
+    "Description",
+    "Example",
+    "Flow",
+    "Generated example",
+    "Header parameters",
+    "In",
+    "Inherited",
+    "Language",
+    "License",
+    "Link",
+    "Media type",
+    "Method",
+    "Name",
+    "No results",
+    "None",
+    "OpenID Connect URL",
+    "Optional",
+    "Parameters",
+    "Path parameters",
+    "Possible values",
+    "Properties",
+    "Query parameters",
+    "Refresh URL",
+    "Request body",
+    "Request examples",
+    "Required",
+    "Response examples",
+    "Response schemas",
+    "Responses",
+    "Scheme",
+    "Schema",
+    "Scopes",
+    "Security",
+    "Security schemes",
+    "Servers",
+    "Status",
+    "Summary",
+    "Tags",
+    "Terms of service",
+    "Token URL",
+    "Type",
+    "URL",
+    "Used by",
+    "Uses",
+    "Variables",
+    "Version",
+});
+
+} // namespace
+
+std::span<const std::string_view> siteTexts() noexcept {
+    return siteTextTable;
+}
+
+} // namespace specloom::openapi_i18n
