@@ -28,7 +28,7 @@ constexpr int attemptsInHope = 40;           ///< before all alternatives are to
 constexpr std::uint64_t mostFailures = 2000; ///< of parts, in one attempt
 constexpr int mostNestedChoices = 200;
 constexpr std::size_t mostKeptDemands = 50'000; ///< from one schema to the next
-constexpr std::uint64_t rareNull = 8; ///< one in so many of the values that may be null
+constexpr std::uint64_t rareNull = 8;           ///< one in so many of the values that may be null
 
 constexpr const char* noFit = "No value fits the schema at {}: {}";
 constexpr const char* noFitBecause = "No value fits the schema at {}: {} ({})";

@@ -17,8 +17,8 @@ struct HtmlOptions {
     bool tables = false; ///< as ParseOptions has it
 };
 
-/// A text in CommonMark (0.30, without extensions but tables, where they are asked for) as HTML that a page can hold and that runs nothing,
-/// however the text was made:
+/// A text in CommonMark (0.30, without extensions but tables, where they are asked for) as HTML that a page
+/// can hold and that runs nothing, however the text was made:
 ///   - links and images whose destination is not safe (isSafeDestination()) are their text alone;
 ///   - of raw HTML there remain tags for the form of texts and tables, links and images, without their
 ///     attributes but href, src, title, alt, colspan and rowspan, and with the same rule for destinations.

@@ -286,8 +286,8 @@ void parse(std::string_view text, Handler& handler, const ParseOptions& options)
     const std::string_view bounded = shallow ? std::string_view(*shallow) : text;
     const std::optional<std::string> cheap = withoutCostlyReferences(bounded);
     const std::string_view parsed = cheap ? std::string_view(*cheap) : bounded;
-    const bool hasTables = options.tables && parsed.find('|') != std::string_view::npos &&
-                           hasReasonableTables(parsed);
+    const bool hasTables =
+        options.tables && parsed.find('|') != std::string_view::npos && hasReasonableTables(parsed);
     Callbacks(handler).parse(parsed, hasTables ? MD_FLAG_TABLES : MD_DIALECT_COMMONMARK);
 }
 

@@ -30,9 +30,9 @@ enum class Alignment : std::uint8_t { None, Left, Center, Right };
 
 struct Block {
     BlockKind kind = BlockKind::Paragraph;
-    unsigned level = 0;   ///< of a heading, 1 to 6
-    unsigned start = 0;   ///< of an ordered list: the number of its first item
-    std::string language; ///< of a code block: the first word of its info string
+    unsigned level = 0;                    ///< of a heading, 1 to 6
+    unsigned start = 0;                    ///< of an ordered list: the number of its first item
+    std::string language;                  ///< of a code block: the first word of its info string
     Alignment alignment = Alignment::None; ///< of a cell
 };
 

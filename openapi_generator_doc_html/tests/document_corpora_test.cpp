@@ -32,7 +32,8 @@ template <typename Check>
 void forEachDocument(const Check& check) {
     for (const char* folder : {"openapi", "pairs"}) {
         for (const char* suffix : {".json", ".yaml"}) {
-            for (const auto& path : test_support::filesBelow(test_support::corporaFolder() / folder, suffix)) {
+            for (const auto& path :
+                 test_support::filesBelow(test_support::corporaFolder() / folder, suffix)) {
                 const std::string name = path.filename().string();
                 if (name == "cloudflare-3.0-indented.json" || name == "stripe-3.0.yaml")
                     continue;

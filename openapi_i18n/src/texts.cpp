@@ -5,6 +5,7 @@
 #include "openapi/node_texts.h"
 #include "openapi/node_visitor.h"
 #include "openapi/oauth_flow.h"
+#include "openapi/openapi.h"
 #include "openapi/tag.h"
 
 #include <algorithm>     // std::reverse
@@ -30,6 +31,18 @@ class TextFinder final : public openapi::NodeVisitHandler {
             addMember(owner, "summary", texts.summary);
             addMember(owner, "description", texts.description);
         });
+    }
+
+    /// What stands beside a `$ref` holds for schemas from OpenAPI 3.1 on (JSON Schema, section 8.2.3.1),
+    /// though the tree does not have it.
+    void visit(const openapi::Schema& schema) override {
+        if (!openapi::documentOf(schema).isVersion31())
+            return;
+        for (const openapi::Reference* reference = schema.firstReference(); reference != nullptr;
+             reference = reference->nextReference()) {
+            found.insert(memberOf(*reference, "title"));
+            found.insert(memberOf(*reference, "description"));
+        }
     }
 
     /// Pages name groups of operations by them.

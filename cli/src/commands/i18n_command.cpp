@@ -13,11 +13,10 @@ namespace specloom::cli {
 
 void I18NCommand::configure(App& app) {
     parser.addDescription("Extract i18n data from an OpenAPI spec.");
-    parser.addPositional("files", {.help = "Path to OpenAPI file to process.",
-                                   .metavar = "FILES",
-                                   .kind = ValueKind::Document});
-    parser.addOption("--output",
-                     {.help = "Path to extracted i18n literals.", .kind = ValueKind::Document});
+    parser.addPositional(
+        "files",
+        {.help = "Path to OpenAPI file to process.", .metavar = "FILES", .kind = ValueKind::Document});
+    parser.addOption("--output", {.help = "Path to extracted i18n literals.", .kind = ValueKind::Document});
     parser.addFlag("--drop-obsolete",
                    {.help = "Leaves out translations of texts that do not occur any more."});
     app.addCommandLine(parser);

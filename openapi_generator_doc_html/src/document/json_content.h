@@ -8,7 +8,7 @@
 namespace specloom::openapi_generator::doc_html {
 
 struct NamedMediaType {
-    std::string_view name;                       ///< as the document has it
+    std::string_view name;                         ///< as the document has it
     const openapi::MediaType* mediaType = nullptr; ///< null when there is none
 };
 

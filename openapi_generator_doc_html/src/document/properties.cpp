@@ -17,6 +17,7 @@ namespace specloom::openapi_generator::doc_html {
 
 namespace {
 
+using jv::JV;
 using openapi::Node;
 using openapi::Schema;
 using openapi::SchemaKeyword;
@@ -97,10 +98,14 @@ enum class Reach { References, InPlace };
     return std::nullopt;
 }
 
+/// What stands beside a `$ref` holds for schemas from OpenAPI 3.1 on (JSON Schema, section 8.2.3.1).
 [[nodiscard]] std::optional<std::string> descriptionOf(const Node& node) {
-    if (node.type() == openapi::NodeType::Reference) {
-        if (const auto own = static_cast<const openapi::Reference&>(node).description())
-            return ownedText(own);
+    const JV* source = node.source();
+    if (node.type() == openapi::NodeType::Reference && source != nullptr &&
+        openapi::documentOf(node).isVersion31()) {
+        const JV* own = source->get("description");
+        if (own != nullptr && own->isString())
+            return std::string(own->text());
     }
     const auto* schema = openapi::resolveTo<Schema>(&node);
     return schema == nullptr ? std::nullopt : ownedText(schema->description());

@@ -37,8 +37,8 @@ struct Property {
 /// So many tables stand within one another; a schema that goes deeper ends there.
 inline constexpr std::size_t deepestPropertyTable = 16;
 
-/// The properties of a schema, or of a reference to one, and those that the members of its `allOf` add, in the
-/// order of the document; of an array, those of its items. A property that several of them describe comes
+/// The properties of a schema, or of a reference to one, and those that the members of its `allOf` add, in
+/// the order of the document; of an array, those of its items. A property that several of them describe comes
 /// once, as the first does, and is required when one of them says so. None for null.
 [[nodiscard]] std::vector<Property> propertiesOf(const openapi::Node* schema);
 

@@ -29,8 +29,8 @@ void appendEncoded(std::string& out, char c) {
     (out += '%').append({digits[byte / 16], digits[byte % 16]});
 }
 
-/// A text as literals of a URI template are written; those of the brackets that a path may not hold (RFC 3986,
-/// section 3.3) are encoded as well.
+/// A text as literals of a URI template are written; those of the brackets that a path may not hold (RFC
+/// 3986, section 3.3) are encoded as well.
 [[nodiscard]] std::string literalText(std::string_view text) {
     std::string literal;
     for (std::size_t i = 0; i < text.size(); ++i) {
@@ -69,8 +69,8 @@ void appendEncoded(std::string& out, char c) {
 }
 
 [[nodiscard]] ParameterStyle styleOf(const Parameter& parameter) {
-    const bool isForm = parameter.location() == ParameterLocation::Query ||
-                        parameter.location() == ParameterLocation::Cookie;
+    const bool isForm =
+        parameter.location() == ParameterLocation::Query || parameter.location() == ParameterLocation::Cookie;
     return parameter.style().value_or(isForm ? ParameterStyle::Form : ParameterStyle::Simple);
 }
 
@@ -295,8 +295,8 @@ class QueryTemplate {
         return literalText(url);
     const std::string_view whole = url;
     const std::size_t host = open + 4;
-    return literalText(whole.substr(0, host - 1)) + "[" + literalText(whole.substr(host, close - host)) + "]" +
-           literalText(whole.substr(close + 1));
+    return literalText(whole.substr(0, host - 1)) + "[" + literalText(whole.substr(host, close - host)) +
+           "]" + literalText(whole.substr(close + 1));
 }
 
 } // namespace
@@ -340,8 +340,10 @@ std::optional<std::string> headerText(const ValuedParameter& header) {
         return scalarText(value);
     std::string text;
     for (const auto& [key, member] : pairsOf(value, false))
-        text.append(text.empty() ? "" : ",").append(key).append(isExploded(*header.parameter) ? "=" : ",").append(
-            member);
+        text.append(text.empty() ? "" : ",")
+            .append(key)
+            .append(isExploded(*header.parameter) ? "=" : ",")
+            .append(member);
     return text.empty() ? std::nullopt : std::optional(text);
 }
 

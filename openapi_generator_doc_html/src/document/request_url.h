@@ -20,8 +20,8 @@ struct ValuedParameter {
 [[nodiscard]] const openapi::Server& serverOf(const openapi::OpenAPI& document,
                                               const openapi::OperationRef& ref);
 
-/// A URL with which a request can begin: that of a server, the variables at their defaults, and the path, with
-/// one slash between them, and the query.
+/// A URL with which a request can begin: that of a server, the variables at their defaults, and the path,
+/// with one slash between them, and the query.
 ///
 /// The path is a URI template (RFC 6570); what may not stand in one is percent-encoded. A variable that no
 /// parameter tells about stands for its name. Parameters of the query follow, those that are arrays with "[]"

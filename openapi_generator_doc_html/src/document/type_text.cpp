@@ -235,10 +235,9 @@ class TypeReader {
     static void dropNeedlessNumber(const Schema& schema, std::vector<SchemaType>& types) {
         if (!schema.types().empty() || std::ranges::find(types, SchemaType::Integer) == types.end())
             return;
-        const bool hasFraction =
-            std::ranges::any_of(schema.enumeration(), [](const openapi::Value& value) {
-                return isOfType(*value, SchemaType::Number) && !isOfType(*value, SchemaType::Integer);
-            });
+        const bool hasFraction = std::ranges::any_of(schema.enumeration(), [](const openapi::Value& value) {
+            return isOfType(*value, SchemaType::Number) && !isOfType(*value, SchemaType::Integer);
+        });
         std::erase(types, hasFraction ? SchemaType::Integer : SchemaType::Number);
     }
 
