@@ -9,6 +9,7 @@
 #include <stdexcept>   // std::runtime_error
 #include <string>      // std::string
 #include <string_view> // std::string_view
+#include <vector>      // std::vector
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -149,6 +150,29 @@ TEST(Generator, goesOnInOneSequence) {
     const std::string ten = valuesOf(schema, 10);
     EXPECT_TRUE(ten.starts_with(valuesOf(schema, 3)));
     EXPECT_NE(ten.substr(0, ten.find('\n')), ten.substr(ten.find('\n') + 1, ten.find('\n')));
+}
+
+TEST(Generator, makesTheSameOfManySchemasAsOfEach) {
+    const auto document = documentWith(
+        R"("A": {"type": "object", "properties": {"b": {"$ref": "#/components/schemas/B"}}, "required": ["b"]},
+           "B": {"type": "string", "minLength": 3},
+           "C": {"type": "array", "items": {"$ref": "#/components/schemas/A"}, "minItems": 2},
+           "D": {"allOf": [{"type": "string"}, {"type": "integer"}]},
+           "E": {"type": "object", "properties": {"0": {"type": "integer"}}, "required": ["0"]})");
+    std::vector<const openapi::Node*> schemas;
+    for (const char* name : {"A", "B", "C", "D", "E"})
+        schemas.push_back(document->nodeAtPointer("/components/schemas/" + std::string(name)));
+    Generator several;
+    several.setSchemas(schemas);
+    for (const std::size_t at : {4U, 2U, 0U, 1U, 2U, 4U}) {
+        several.choose(*schemas[at]);
+        Generator one(*schemas[at]);
+        for (int i = 0; i < 3; ++i)
+            EXPECT_EQ(textOf(several.generate()), textOf(one.generate())) << at;
+    }
+    EXPECT_THROW(several.choose(*schemas[3]), NoValueError);
+    several.choose(*schemas[4]);
+    EXPECT_NE(textOf(several.generate()), "");
 }
 
 TEST(Generator, keepsToTheConfiguration) {

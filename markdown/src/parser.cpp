@@ -127,6 +127,7 @@ class Callbacks {
         MD_PARSER parser{};
         parser.flags = flags;
         parser.enter_block = [](MD_BLOCKTYPE type, void* detail, void* self) {
+            static_cast<Callbacks*>(self)->isInCell_ = type == MD_BLOCK_TH || type == MD_BLOCK_TD;
             return guarded(self, [&](Handler& handler) {
                 if (type != MD_BLOCK_DOC)
                     handler.openBlock(toBlock(type, detail));
@@ -145,6 +146,8 @@ class Callbacks {
             return guarded(self, [&](Handler& handler) { handler.closeSpan(toSpanKind(type)); });
         };
         parser.text = [](MD_TEXTTYPE type, const MD_CHAR* piece, MD_SIZE size, void* self) {
+            if (type == MD_TEXT_CODE && static_cast<Callbacks*>(self)->isInCell_)
+                return guarded(self, [&](Handler& handler) { showCodeOfCell({piece, size}, handler); });
             return guarded(self, [&](Handler& handler) { showText(type, {piece, size}, handler); });
         };
         const int status = md_parse(text.data(), static_cast<MD_SIZE>(text.size()), &parser, this);
@@ -203,6 +206,13 @@ class Callbacks {
         }
     }
 
+    /// The backslash before a vertical bar is the table's, in code too.
+    static void showCodeOfCell(std::string_view text, Handler& handler) {
+        std::string code(withoutNull(text));
+        replaceAll(code, "\\|", "|");
+        handler.code(code);
+    }
+
     /// The parser says null characters of code and HTML twice: as such, and at the front of the next piece.
     static std::string_view withoutNull(std::string_view piece) {
         return piece.substr(piece.starts_with('\0') ? 1 : 0);
@@ -210,6 +220,7 @@ class Callbacks {
 
     Handler& handler_;
     std::exception_ptr failure_;
+    bool isInCell_ = false; ///< of a table, which holds no blocks
 };
 
 /// Adds up what the parser reads anew for each use of a link reference definition: a short text can ask for a

@@ -53,6 +53,28 @@ TEST(Html, writesWhatCommonMarkMeans) {
         EXPECT_EQ(toHtml(each.text), each.html) << each.text;
 }
 
+TEST(Html, writesTablesWhereTheyAreAskedFor) {
+    const std::vector<Case> cases = {
+        {"| a *b* | c |\n|:-:|---|\n| `d\\|e` | <b>f | g |\n| <td> h\n\ni",
+         "<table>\n<thead>\n<tr>\n<th align=\"center\">a <em>b</em></th>\n<th>c</th>\n</tr>\n</thead>\n"
+         "<tbody>\n<tr>\n<td align=\"center\"><code>d|e</code></td>\n<td><b>f</b></td>\n</tr>\n"
+         "<tr>\n<td align=\"center\"><td> h</td></td>\n<td></td>\n</tr>\n</tbody>\n</table>\n<p>i</p>\n"},
+        {"a | b", "<p>a | b</p>\n"},
+        {"a\n---", "<h2>a</h2>\n"},
+    };
+    for (const Case& each : cases)
+        EXPECT_EQ(toHtml(each.text, {.headingShift = 0, .headingIdPrefix = {}, .tables = true}), each.html)
+            << each.text;
+    EXPECT_EQ(toHtml("|a|\n|---|\n|b|"), "<p>|a|\n|---|\n|b|</p>\n");
+}
+
+TEST(Html, takesATableForTextThatWouldGrowBeyondBounds) {
+    const HtmlOptions options = {.headingShift = 0, .headingIdPrefix = {}, .tables = true};
+    const std::string wide = repeated("|a", 1000) + "\n" + repeated("|---", 1000) + "\n";
+    EXPECT_TRUE(toHtml(wide + repeated("b\n", 10), options).starts_with("<table>"));
+    EXPECT_TRUE(toHtml(wide + repeated("b\n", 5000), options).starts_with("<p>|a"));
+}
+
 TEST(Html, runsNothing) {
     const std::vector<Case> cases = {
         {"a <script>b</script> <svg onload=c>",

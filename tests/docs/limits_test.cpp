@@ -51,6 +51,7 @@ const Limits declared = {
     {"jv_schema/src/schema.h mostErrorBytes", jv::schema::mostErrorBytes},
     {"jv_schema/src/schema.h mostErrors", jv::schema::mostErrors},
     {"markdown/src/containers.h deepestContainer", markdown::deepestContainer},
+    {"markdown/src/parser.h mostFilledCells", markdown::mostFilledCells},
     {"markdown/src/parser.h mostReferenceBytes", markdown::mostReferenceBytes},
     {"number/src/number.h bigPrecision", number::bigPrecision},
     {"openapi/src/reader.h maxNodeDepth", openapi::maxNodeDepth},
@@ -86,6 +87,12 @@ const std::set<std::string> inSources = {
     "jv/src/key_pool.cpp longestProbe",
     "jv/src/yaml_writer.cpp freeGrowth",
     "jv/src/yaml_writer.cpp mostGrowth",
+    "openapi_generator_doc_html/src/document/json_text.h deepestIndented",
+    "openapi_generator_doc_html/src/document/properties.h deepestPropertyTable",
+    "openapi_generator_doc_html/src/document/type_text.cpp deepestTypeText",
+    "openapi_generator_doc_html/src/document/type_text.cpp longestItemsText",
+    "openapi_generator_doc_html/src/document/type_text.cpp mostSchemasOfType",
+    "openapi_generator_doc_html/src/document/type_text.cpp mostTypesAllowed",
     "openapi_generator_server_spring/src/context.h mostArguments",
     "openapi_generator_server_spring/src/schema_visitor_handler.cpp deepestList",
     "openapi_lint/src/formatters/stylish_formatter.cpp widestMessage",
@@ -107,7 +114,8 @@ const std::set<std::string> noLimits = {
     "jv_generator/src/gen_factory.cpp mostExplored",       // the same
     "jv_generator/src/gen_factory.cpp mostKindsOfTypes",   // the looks of values
     "jv_generator/src/generator.cpp mostFailures",         // of one attempt; another follows
-    "jv_generator/src/generator.cpp mostNestedChoices",    // the same
+    "jv_generator/src/generator.cpp mostKeptDemands",      // what is remembered; forgetting changes no value
+    "jv_generator/src/generator.cpp mostNestedChoices",    // of one attempt; another follows
     "jv_generator/src/number_part.cpp mostScale",          // the looks of numbers
     "jv_generator/src/texts.cpp longestWord",              // the looks of texts
     "jv_schema/src/evaluation.cpp mostAnswers",            // what is remembered; forgetting changes no result

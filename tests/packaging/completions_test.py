@@ -27,7 +27,7 @@ ODD = ["$HOME", "*", "-dash", "back\\slash", "co:lon", "it's", "two words", "{a,
 
 # What was typed, and what the shell offers for the last word.
 CASES = [
-    ("specloom ", ["credits", "diff", "format", "generate", "license", "lint", "server"]),
+    ("specloom ", ["credits", "diff", "format", "generate", "i18n", "license", "lint", "server"]),
     ("specloom li", ["license", "lint"]),
     ("specloom nothing", []),
     ("specloom --", DEFAULTS),
@@ -56,6 +56,7 @@ CASES = [
     ("specloom diff a.json sub/deep.yaml ", []),
     ("specloom credits ", []),
     ("specloom server ", []),
+    ("specloom i18n a.json --", DEFAULTS + ["--drop-obsolete", "--output"]),
     ("specloom generate ", ["client", "data", "doc", "mock", "server"]),
     ("specloom generate client ", "cpp elixir fetch kotlin python rust swift".split()),
     ("specloom generate server f", ["fastapi", "fastify"]),
