@@ -16,7 +16,7 @@ TEST(CommandLine, helpShowsWhatThereIs) {
     };
     const std::vector<Row> rows = {
         {{"--help"},
-         {"{credits,diff,format,generate,license,lint,server}",
+         {"{credits,diff,format,generate,i18n,license,lint,server}",
           "Show credits to 3rd party libraries used in this project.", "Format one or more OpenAPI files.",
           "Show licenses of 3rd party libraries used in this project.", "Starts mock server.",
           "Compares two OpenAPI files and prints the differences."}},
@@ -35,6 +35,10 @@ TEST(CommandLine, helpShowsWhatThereIs) {
           "--formatter", "Specifies the formatter", "stylish", "--update-version",
           "Updates the version of the OpenAPI file to the minimal suggested version.", "source_file",
           "Path to the original OpenAPI file.", "dest_file", "Path to final OpenAPI file."}},
+        {{"i18n", "--help"},
+         {"Usage: specloom i18n", "Extract i18n data from an OpenAPI spec.", "FILES",
+          "Path to OpenAPI file to process.", "--output", "Path to extracted i18n literals.",
+          "--drop-obsolete"}},
         {{"license", "--help"},
          {"--list", "List all 3rd party libraries used in this project.", "--library",
           "Name of the library to show license for."}},

@@ -156,6 +156,11 @@ TEST(HostileMessages, areHarmlessWithTextsOfTheCommandLine) {
         {"a text of a locale file",
          {{"a.json", R"({"@": 1})"}},
          {"generate", "doc", "html", "a.json", "-o", "out", "--i18n", "de=a.json"}},
+        {"a text of a locale file that is there",
+         {{"a.json", R"({"@": 1})"},
+          {"b.json", R"({"openapi": "3.1.0", "info": {"title": "t", "version": "1"}, "paths": {}})"}},
+         {"i18n", "b.json", "--output", "a.json"}},
+        {"a locale file's path", files, {"i18n", "a.json", "--output", "@"}},
         {"a library", files, {"license", "--library", "@"}},
     });
 }
