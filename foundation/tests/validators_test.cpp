@@ -1,9 +1,12 @@
+#include "foundation/language_names.h"
 #include "foundation/validators/validators.h"
 #include "test_support/format_validators.h"
 
 #include <cstddef>     // std::size_t
+#include <optional>    // std::nullopt
 #include <string>      // std::string
 #include <string_view> // std::string_view
+#include <utility>     // std::pair
 #include <vector>      // std::vector
 
 #include <gtest/gtest.h>
@@ -141,6 +144,16 @@ TEST(Validators, takeLongHostileTexts) {
     for (const Case& one : cases) {
         SCOPED_TRACE(one.start.substr(0, 20) + " " + one.repeat + "... " + one.end);
         EXPECT_EQ(acceptedAs(one.start + repeated(one.repeat) + one.end), one.accepted);
+    }
+}
+
+TEST(LanguageName, isTheSpeakersOwn) {
+    for (const auto& [code, name] : std::vector<std::pair<std::string_view, std::string_view>>{
+             {"aa", "Qafar af"}, {"de", "Deutsch"}, {"pl", "Polski"}, {"zh", "中文"}, {"zu", "isiZulu"}})
+        EXPECT_EQ(languageName(code), name);
+    for (const std::string_view code : {"", "xx", "DE", "de-AT", "zz", "d"}) {
+        EXPECT_EQ(languageName(code), std::nullopt) << code;
+        EXPECT_FALSE(isLanguageCode(code)) << code;
     }
 }
 
