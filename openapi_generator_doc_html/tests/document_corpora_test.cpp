@@ -11,6 +11,7 @@
 #include "test_support/corpora.h"
 #include "test_support/read_tree.h"
 
+#include <algorithm>     // std::min
 #include <filesystem>    // std::filesystem::path
 #include <map>           // std::map
 #include <optional>      // std::optional
@@ -144,7 +145,7 @@ class Closure {
         std::vector<std::string> waiting;
         const auto reach = [&](const std::set<std::string>& targets) {
             for (const std::string& target : targets) {
-                if (reached.insert(target).second)
+                if (component(target) != nullptr && reached.insert(target).second)
                     waiting.push_back(target);
             }
         };
@@ -166,10 +167,16 @@ class Closure {
         return schemas;
     }
 
+    /// Null when there is none: a mapping may lead nowhere.
     [[nodiscard]] const JV* component(const std::string& reference) const {
-        const std::string path = reference.substr(std::string_view("#/components/").size());
-        const std::size_t slash = path.find('/');
-        return root_.get("components")->get(path.substr(0, slash))->get(path.substr(slash + 1));
+        const std::string_view frame = "#/components/";
+        const JV* components = root_.get("components");
+        if (!reference.starts_with(frame) || components == nullptr)
+            return nullptr;
+        const std::string path = reference.substr(frame.size());
+        const std::size_t slash = std::min(path.find('/'), path.size() - 1);
+        const JV* section = components->get(path.substr(0, slash));
+        return section == nullptr ? nullptr : section->get(path.substr(slash + 1));
     }
 
     /// The object itself or what it refers to.
@@ -179,18 +186,27 @@ class Closure {
     }
 
   private:
+    /// Extensions ("x-" members) have none, while a property or a header may have such a name.
     [[nodiscard]] static std::set<std::string> referencesIn(const JV& value) {
+        struct Open {
+            const JV* value;
+            bool isMapOfNames;
+        };
         std::set<std::string> targets;
-        std::vector<const JV*> open{&value};
+        std::vector<Open> open{{&value, false}};
         while (!open.empty()) {
-            const JV& next = *open.back();
+            const Open next = open.back();
             open.pop_back();
-            if (next.isArray())
-                open.insert(open.end(), next.elements().begin(), next.elements().end());
-            if (!next.isObject())
+            if (next.value->isArray()) {
+                for (const JV* element : next.value->elements())
+                    open.push_back({element, false});
+            }
+            if (!next.value->isObject())
                 continue;
-            for (const jv::Member member : next.members()) {
-                open.push_back(member.value);
+            for (const jv::Member member : next.value->members()) {
+                if (!next.isMapOfNames && member.key.starts_with("x-"))
+                    continue;
+                open.push_back({member.value, member.key == "properties" || member.key == "headers"});
                 if (member.key == "$ref" && member.value->isString())
                     targets.emplace(member.value->text());
                 if (member.key == "discriminator" && member.value->isObject())
@@ -203,8 +219,10 @@ class Closure {
     static void addMapping(const JV* mapping, std::set<std::string>& targets) {
         if (mapping == nullptr || !mapping->isObject())
             return;
-        for (const jv::Member member : mapping->members())
-            targets.emplace(member.value->text());
+        for (const jv::Member member : mapping->members()) {
+            const std::string target(member.value->text());
+            targets.insert(target.find('/') == std::string::npos ? "#/components/schemas/" + target : target);
+        }
     }
 
     const JV& root_;
