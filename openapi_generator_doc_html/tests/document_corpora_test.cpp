@@ -31,19 +31,14 @@ using openapi::Node;
 /// The readable documents. The same in other words stand for themselves once.
 template <typename Check>
 void forEachDocument(const Check& check) {
-    for (const char* folder : {"openapi", "pairs"}) {
-        for (const char* suffix : {".json", ".yaml"}) {
-            for (const auto& path :
-                 test_support::filesBelow(test_support::corporaFolder() / folder, suffix)) {
-                const std::string name = path.filename().string();
-                if (name == "cloudflare-3.0-indented.json" || name == "stripe-3.0.yaml")
-                    continue;
-                SCOPED_TRACE(name);
-                const test_support::ReadTree tree = test_support::readTree(path);
-                if (tree.result != nullptr)
-                    check(*tree.result);
-            }
-        }
+    for (const std::filesystem::path& path : test_support::affordableCorpusDocuments()) {
+        const std::string name = path.filename().string();
+        if (name == "cloudflare-3.0-indented.json" || name == "stripe-3.0.yaml")
+            continue;
+        SCOPED_TRACE(name);
+        const test_support::ReadTree tree = test_support::readTree(path);
+        if (tree.result != nullptr)
+            check(*tree.result);
     }
 }
 
@@ -131,7 +126,7 @@ TEST(DocumentCorpora, samplesFitTheirSchemas) {
             }
         }
     });
-    EXPECT_GT(judged, 5000U);
+    EXPECT_GT(judged, 1000U);
 }
 
 /// What refers to what in a document, by its text alone.
@@ -272,7 +267,7 @@ TEST(DocumentCorpora, usagesAreTheClosureOfReferences) {
             EXPECT_EQ(found, users[std::string(entry.name())]) << entry.name();
         }
     });
-    EXPECT_GT(pairs, 10'000U);
+    EXPECT_GT(pairs, 1000U);
 }
 
 } // namespace
