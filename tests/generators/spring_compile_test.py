@@ -15,11 +15,9 @@ import shutil
 import subprocess
 import sys
 
+from spring import compile_all, need_java
 from typescript import HERE, ROOT, corpora, need
 
-JARS = [pathlib.Path("/usr/share/java") / name
-        for name in ("spring3-web.jar", "spring3-context.jar", "spring3-core.jar", "jakarta-validation-api.jar",
-                     "jackson-annotations.jar", "junit-jupiter-api.jar", "apiguardian-api.jar")]
 # What a real document may have against a server. All else that ends in a report is a fault of the generator.
 REASONS = {
     "More than one operation maps to the '*' method in the controller '*'",
@@ -66,17 +64,8 @@ def digest(folder):
     return result.digest()
 
 
-def compile_all(folders, classes):
-    """The lines that CompileAll prints."""
-    classes.mkdir()
-    command = ["java", "-XX:+UseSerialGC", "-Xss8m", HERE / "spring" / "CompileAll.java", classes,
-               ":".join(map(str, JARS)), HERE / "spring" / "stubs", *folders]
-    return subprocess.run(command, check=True, stdout=subprocess.PIPE, text=True).stdout.splitlines()
-
-
 def main():
-    need(shutil.which("javac"), "javac is not installed")
-    need(all(jar.exists() for jar in JARS), "the libraries of Spring are not installed")
+    need_java()
     work = pathlib.Path(sys.argv[1]).resolve() / "spring"
     shutil.rmtree(work, ignore_errors=True)
     output = work / "output"
