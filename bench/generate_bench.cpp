@@ -119,18 +119,21 @@ void benchGenerator(const std::string& kind, const std::string& generator, int r
                (ourRun.peakBytes - outputs.bytes()) / lintRun.peakBytes, limit});
 }
 
-/// A Spring server, which needs a configuration, of a document in which hardly anything stands against it.
+/// With a configuration in which every operation of every document has a name and a group.
+std::string springConfiguration(const std::vector<std::string>& formats) {
+    return configurationText(R"("lint":{"extends":[]},"generate":{"server_spring":)"
+                             R"({"action_naming":["id","url"],"controller_grouping":["tag","url"]}})",
+                             formats);
+}
+
+/// A Spring server of a document in which hardly anything stands against it.
 void benchSpring(int rounds, Table& table) {
     const fs::path document = test_support::corporaFolder() / "openapi/github-3.0.json";
     const test_support::ReadTree tree = test_support::readTree(document);
     if (tree.result == nullptr)
         return;
     const test_support::TemporaryFolder folder;
-    const std::string config = folder.write(
-        "config.json",
-        configurationText(R"("lint":{"extends":[]},"generate":{"server_spring":)"
-                          R"({"action_naming":["id","url"],"controller_grouping":["tag","url"]}})",
-                          tree.unknownFormats));
+    const std::string config = folder.write("config.json", springConfiguration(tree.unknownFormats));
     const Arguments lint = {SPECLOOM_PROGRAM, "lint", "--config", config, document.string()};
     const Arguments generate = {SPECLOOM_PROGRAM,  "generate", "server", "spring",
                                 document.string(), "--config", config,   "--output"};
@@ -163,15 +166,36 @@ std::string documentWith(std::size_t operations, std::size_t tags) {
     return text + "}}";
 }
 
-void benchGeneratorGrowth(const std::string& kind, const std::string& generator, bool isTagEach, int rounds,
+/// A document whose schemas hold one another in a ring, each the next one and a list of another.
+std::string documentWithSchemas(std::size_t schemas) {
+    std::string text =
+        R"({"openapi":"3.1.0","info":{"title":"T","version":"1.0.0"},"tags":[{"name":"a"}],"paths":{"/p":{"get":{"operationId":"o","tags":["a"],"responses":{"200":{"description":"","content":{"application/json":{"schema":{"$ref":"#/components/schemas/S0"}}}}}}}},"components":{"schemas":{)";
+    for (std::size_t i = 0; i < schemas; ++i)
+        text += fmt::format(
+            R"({}"S{}":{{"type":"object","properties":{{"next":{{"$ref":"#/components/schemas/S{}"}},"others":{{"type":"array","items":{{"$ref":"#/components/schemas/S{}"}}}},"name":{{"type":"string"}}}}}})",
+            i == 0 ? "" : ",", i, (i + 1) % schemas, i / 2);
+    return text + "}}}";
+}
+
+struct GrowingDocument {
+    std::string name; ///< of what it has ten thousand times
+    std::string (*make)(std::size_t count);
+};
+
+/// Without a configuration the generator gets none.
+void benchGeneratorGrowth(const std::string& kind, const std::string& generator,
+                          const std::string& configuration, const GrowingDocument& growing, int rounds,
                           Table& table) {
     constexpr std::size_t few = 1'000, many = 10'000;
     const test_support::TemporaryFolder folder;
-    const auto write = [&](const char* name, std::size_t count) {
-        return folder.write(name, documentWith(count, isTagEach ? count : 10));
+    const auto argumentsFor = [&](const char* name, std::size_t count) {
+        Arguments arguments = generating(kind, generator, folder.write(name, growing.make(count)));
+        if (!configuration.empty())
+            arguments.insert(arguments.end() - 1, {"--config", folder.write("config.json", configuration)});
+        return arguments;
     };
-    const Arguments small = generating(kind, generator, write("small.json", few));
-    const Arguments large = generating(kind, generator, write("large.json", many));
+    const Arguments small = argumentsFor("small.json", few);
+    const Arguments large = argumentsFor("large.json", many);
     Outputs outputs;
     Samples smallTimes, largeTimes;
     ProcessRun smallRun{}, largeRun{};
@@ -179,13 +203,12 @@ void benchGeneratorGrowth(const std::string& kind, const std::string& generator,
         smallTimes.add((smallRun = outputs.run(small)).cpuSeconds);
         largeTimes.add((largeRun = outputs.run(large)).cpuSeconds);
     }
-    const std::string document = fmt::format("10,000 operations{}", isTagEach ? ", a tag each" : "");
     constexpr double factor = static_cast<double>(many) / static_cast<double>(few);
     constexpr double inProportion = 1.5;
-    table.add({fmt::format("time of generate {}, 10 times / 10", generator), document,
+    table.add({fmt::format("time of generate {}, 10 times / 10", generator), growing.name,
                milliseconds(largeTimes.median()), milliseconds(smallTimes.median()),
                largeTimes.median() / smallTimes.median() / factor, inProportion});
-    table.add({fmt::format("memory of generate {}, 10 times / 10", generator), document,
+    table.add({fmt::format("memory of generate {}, 10 times / 10", generator), growing.name,
                mebibytes(largeRun.peakBytes), mebibytes(smallRun.peakBytes),
                largeRun.peakBytes / smallRun.peakBytes / factor, inProportion});
 }
@@ -197,10 +220,17 @@ void benchGenerate(int rounds, Table& table) {
     benchGenerator("client", "fetch", rounds, table);
     benchSpring(rounds, table);
     const int fewerRounds = (rounds + 2) / 3;
-    for (const bool isTagEach : {false, true}) {
-        benchGeneratorGrowth("server", "express", isTagEach, fewerRounds, table);
-        benchGeneratorGrowth("client", "fetch", isTagEach, fewerRounds, table);
+    const GrowingDocument operations[] = {
+        {"10,000 operations", [](std::size_t count) { return documentWith(count, 10); }},
+        {"10,000 operations, a tag each", [](std::size_t count) { return documentWith(count, count); }},
+    };
+    for (const GrowingDocument& document : operations) {
+        benchGeneratorGrowth("server", "express", "", document, fewerRounds, table);
+        benchGeneratorGrowth("client", "fetch", "", document, fewerRounds, table);
+        benchGeneratorGrowth("server", "spring", springConfiguration({}), document, fewerRounds, table);
     }
+    benchGeneratorGrowth("server", "spring", springConfiguration({}), {"10,000 schemas", documentWithSchemas},
+                         fewerRounds, table);
 }
 
 #else

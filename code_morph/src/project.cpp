@@ -6,25 +6,30 @@
 
 #include <filesystem> // std::filesystem::path
 #include <stdexcept>  // std::runtime_error
+#include <vector>     // std::vector
 
 namespace specloom::code_morph::base {
 namespace {
 
-/// The file of `files` that could not be saved beside a file at `path`, because one of the two lies where the
-/// other needs a folder: the one that would be that folder. Null when there is none.
-const std::string* fileInPlaceOfFolder(const Project::Files& files, const std::string& path) {
-    const auto below = files.lower_bound(path + '/');
-    if (below != files.end() && below->first.starts_with(path + '/'))
-        return &path;
-    for (std::size_t slash = path.find('/'); slash != std::string::npos; slash = path.find('/', slash + 1)) {
-        const auto above = files.find(std::string_view(path).substr(0, slash));
-        if (above != files.end())
-            return &above->first;
-    }
-    return nullptr;
+void refuseInPlaceOfFolder(std::string_view path) {
+    throw std::runtime_error(formatMessage("Source file stands where a folder is needed: {}", path));
 }
 
 } // namespace
+
+void Project::noteFoldersOf(std::string_view path) {
+    std::vector<std::string_view> unknown;
+    for (std::size_t slash = path.rfind('/'); slash != std::string_view::npos && slash > 0;
+         slash = path.rfind('/', slash - 1)) {
+        const std::string_view folder = path.substr(0, slash);
+        if (folders_.contains(folder))
+            break; // it has no file in its place, and neither has what it lies in
+        if (files_.contains(folder))
+            refuseInPlaceOfFolder(folder);
+        unknown.push_back(folder);
+    }
+    folders_.insert(unknown.begin(), unknown.end());
+}
 
 SourceFile& Project::createSourceFile(std::string_view path) {
     const std::filesystem::path asked = pathFromUtf8(path);
@@ -32,8 +37,9 @@ SourceFile& Project::createSourceFile(std::string_view path) {
     requirePossiblePath(key);
     if (files_.contains(key))
         throw std::runtime_error(formatMessage("Source file already exists: {}", key));
-    if (const std::string* file = fileInPlaceOfFolder(files_, key))
-        throw std::runtime_error(formatMessage("Source file stands where a folder is needed: {}", *file));
+    if (folders_.contains(key))
+        refuseInPlaceOfFolder(key);
+    noteFoldersOf(key);
     return *files_.emplace(key, makeSourceFile(key)).first->second;
 }
 

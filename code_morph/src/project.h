@@ -2,6 +2,7 @@
 
 #include "code_morph/node.h"
 #include "code_morph/source_file.h"
+#include "foundation/text_tables.h"
 
 #include <functional>  // std::less
 #include <map>         // std::map
@@ -57,9 +58,13 @@ class Project : public Node {
     SourceFile& namedFile(std::string_view name);
 
   private:
+    /// Throws when a file stands in the place of one of them.
+    void noteFoldersOf(std::string_view path);
+
     FileSystem* fileSystem_;
     std::string rootPath_;
     Files files_;
+    TextSet folders_; ///< those in which files lie, and in which these lie, and so on
 };
 
 /// A project all of whose files are of the class `File`, which is what languages derive theirs from.

@@ -67,6 +67,8 @@ TEST_F(ProjectTest, aFileIsNoFolder) {
     EXPECT_EQ(creating("a/x/y"), "Source file stands where a folder is needed: out/a");
     EXPECT_EQ(creating("b/c"), "Source file stands where a folder is needed: out/b/c");
     EXPECT_EQ(creating("ab/x"), "nothing thrown");
+    EXPECT_EQ(creating("a/x"),
+              "Source file stands where a folder is needed: out/a"); // no folder of what was refused
     EXPECT_EQ(project.files().size(), 4U);
 }
 

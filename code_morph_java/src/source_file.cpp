@@ -10,12 +10,14 @@ void SourceFile::setPackage(std::string_view name) {
 }
 
 void SourceFile::addImport(std::string_view qualifiedName) {
+    if (imports_.contains(qualifiedName))
+        return;
     const std::string_view package = packageOf(qualifiedName);
     if (package.empty())
         return;
     checkPackageName(package);
     checkClassName(classOf(qualifiedName));
-    if (package != packageName_ && package != "java.lang" && !imports_.contains(qualifiedName))
+    if (package != packageName_ && package != "java.lang")
         imports_.emplace(qualifiedName);
 }
 

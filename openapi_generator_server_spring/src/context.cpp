@@ -6,21 +6,10 @@
 #include "openapi_generator_server_spring/spring_templates.h"
 
 #include <algorithm> // std::any_of
-#include <span>      // std::span
 
 namespace specloom::openapi_generator::server_spring {
-namespace {
 
-std::vector<templating::Function> templateFunctions() {
-    return {{"toStringLiteral", 1, [](std::span<const std::string_view> arguments) {
-                 return code_morph::java::toStringLiteral(arguments[0]);
-             }}};
-}
-
-} // namespace
-
-Context::Context(FileSystem& fileSystem)
-    : PluginContextOf(fileSystem), templates({springTemplates()}, templateFunctions()) {}
+Context::Context(FileSystem& fileSystem) : PluginContextOf(fileSystem), templates({springTemplates()}) {}
 
 void Context::addIssue(IssueSeverity severity, const Message& message, const openapi::Node& node) {
     issues.push_back({severity, message.composed(), nodePos(node)});

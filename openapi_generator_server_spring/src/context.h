@@ -2,13 +2,13 @@
 
 #include "code_morph_java/project.h"
 #include "foundation/message.h"
-#include "openapi/named_nodes.h"
 #include "openapi/openapi.h"
 #include "openapi_generator/issue.h"
 #include "openapi_generator/plugin_context.h"
 #include "openapi_generator_server_spring/class_naming.h"
 #include "openapi_generator_server_spring/record_cycles.h"
 #include "openapi_generator_server_spring/schema_type_info.h"
+#include "templating/forms.h"
 #include "templating/template_set.h"
 
 #include <functional>    // std::function
@@ -42,11 +42,12 @@ struct Context : PluginContextOf<code_morph::java::Project> {
     void checkAnnotationText(std::string_view text, const openapi::Node& node);
 
     Configuration configuration;
-    templating::TemplateSet templates;
+    templating::TemplateSet templates; ///< of the folder templates/
+    templating::Forms forms{templates};
     std::vector<Issue> issues;
     std::function<jv::Pos(const openapi::Node&)> nodePos = [](const openapi::Node&) { return jv::Pos(); };
     std::vector<NameSource> nameSources;
-    std::unordered_map<const openapi::Schema*, SchemaTypeInfo, openapi::NodeHash> schemaTypes;
+    std::unordered_map<const openapi::Schema*, SchemaTypeInfo> schemaTypes;
     RecordCycles recordCycles;
 };
 

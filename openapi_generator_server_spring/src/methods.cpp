@@ -1,8 +1,11 @@
 #include "openapi_generator_server_spring/methods.h"
 
 #include "code_morph_java/spring/annotations.h"
+#include "code_morph_java/string_literal.h"
+#include "openapi_generator_server_spring/joined_text.h"
 
-#include <array> // std::to_array
+#include <array>   // std::to_array
+#include <utility> // std::move
 
 namespace specloom::openapi_generator::server_spring {
 namespace {
@@ -34,10 +37,9 @@ void Method::collectData() {
 }
 
 std::string Method::generateCode() const {
-    const std::unique_ptr<jv::JV> data = jv::JV::newObject();
-    data->setString("methodName", methodName_);
-    fill(*data);
-    return scope_.context.templates.render(templateName_, *data);
+    templating::Texts texts = {{"methodName", methodName_}};
+    fill(texts);
+    return scope_.context.forms.fill(templateName_, texts);
 }
 
 void OperationMethod::collectData() {
@@ -46,11 +48,9 @@ void OperationMethod::collectData() {
     addImports(signature_->imports, scope().file);
 }
 
-void OperationMethod::fill(jv::JV& data) const {
-    data.setString("declarations", scope().signatures.declarationOf(*signature_));
-    jv::JV* result = data.setObject("result");
-    result->setString("type", signature_->resultType);
-    result->setString("annotation", signature_->resultAnnotation);
+void OperationMethod::fill(templating::Texts& texts) const {
+    texts.emplace_back("declarations", scope().signatures.declarationOf(*signature_));
+    texts.emplace_back("resultType", signature_->resultType);
 }
 
 void ControllerMethod::collectData() {
@@ -60,15 +60,18 @@ void ControllerMethod::collectData() {
     addImports(signature().resultImports, scope().file);
 }
 
-void ControllerMethod::fill(jv::JV& data) const {
-    OperationMethod::fill(data);
-    data.setString("methodAnnotation", mappingOf(operation().method).text);
-    data.setString("methodUrl", operation().path);
+void ControllerMethod::fill(templating::Texts& texts) const {
+    OperationMethod::fill(texts);
+    texts.emplace_back("methodAnnotation", mappingOf(operation().method).text);
+    texts.emplace_back("methodUrl", code_morph::java::toStringLiteral(operation().path));
+    texts.emplace_back("resultAnnotation", signature().resultAnnotation);
+    // The language compares texts with "" alone when it fills thousands of them, so not with "void".
+    texts.emplace_back("returnOrNot", signature().resultValue.empty() ? "" : "return ");
     std::string names;
     for (const Argument& argument : signature().arguments)
-        names.append(names.empty() ? "" : ", ").append(argument.name);
-    data.setString("argumentNames", names);
-    data.setString("serviceMethodName", scope().context.methodName("", operation()));
+        appendBehind(", ", argument.name, names);
+    texts.emplace_back("argumentNames", std::move(names));
+    texts.emplace_back("serviceMethodName", scope().context.methodName("", operation()));
 }
 
 void ControllerTestMethod::collectData() {
@@ -76,14 +79,13 @@ void ControllerTestMethod::collectData() {
     scope().file.addImport(code_morph::java::annotations::test.import);
 }
 
-void ControllerTestMethod::fill(jv::JV& data) const {
-    data.setString("methodAnnotations", code_morph::java::annotations::test.text);
+void ControllerTestMethod::fill(templating::Texts& texts) const {
+    texts.emplace_back("methodAnnotations", code_morph::java::annotations::test.text);
 }
 
-void ServiceClassMethod::fill(jv::JV& data) const {
-    OperationMethod::fill(data);
-    if (!signature().resultValue.empty())
-        data.setString("value", signature().resultValue);
+void ServiceClassMethod::fill(templating::Texts& texts) const {
+    OperationMethod::fill(texts);
+    texts.emplace_back("value", signature().resultValue);
 }
 
 } // namespace specloom::openapi_generator::server_spring

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "jv/jv.h"
 #include "openapi_generator_server_spring/signature.h"
+#include "templating/forms.h"
 
 #include <memory>      // std::unique_ptr
 #include <string>      // std::string
@@ -42,7 +42,7 @@ class Method {
 
     [[nodiscard]] const MethodScope& scope() const noexcept { return scope_; }
     /// Adds what the template asks for beside the name.
-    virtual void fill(jv::JV& data) const = 0;
+    virtual void fill(templating::Texts& texts) const = 0;
 
   private:
     MethodScope scope_;
@@ -62,7 +62,7 @@ class OperationMethod : public Method {
     using Method::Method;
 
     [[nodiscard]] const Signature& signature() const noexcept { return *signature_; }
-    void fill(jv::JV& data) const override;
+    void fill(templating::Texts& texts) const override;
 
   private:
     const Signature* signature_ = nullptr; ///< null before collectData()
@@ -76,7 +76,7 @@ class ControllerMethod final : public OperationMethod {
     void collectData() override;
 
   protected:
-    void fill(jv::JV& data) const override;
+    void fill(templating::Texts& texts) const override;
 };
 
 class ControllerTestMethod final : public Method {
@@ -86,7 +86,7 @@ class ControllerTestMethod final : public Method {
     void collectData() override;
 
   protected:
-    void fill(jv::JV& data) const override;
+    void fill(templating::Texts& texts) const override;
 };
 
 class ServiceInterfaceMethod final : public OperationMethod {
@@ -102,7 +102,7 @@ class ServiceClassMethod final : public OperationMethod {
         : OperationMethod(scope, ref, "Service class method", "", "service_class_method.jinja") {}
 
   protected:
-    void fill(jv::JV& data) const override;
+    void fill(templating::Texts& texts) const override;
 };
 
 using Methods = std::vector<std::unique_ptr<Method>>;

@@ -5,6 +5,9 @@
 #include "foundation/strings.h"
 #include "openapi/extensions.h"
 #include "openapi_generator/codegen_extensions.h"
+#include "openapi_generator_server_spring/joined_text.h"
+
+#include <utility> // std::move
 
 namespace specloom::openapi_generator::server_spring {
 
@@ -22,32 +25,35 @@ void NamedType::collectData() {
                  formatMessage("Schema has more than {} members in its allOf ({}.{})", mostArguments,
                                file().packageName(), className()),
                  *schema_);
-    if (properties.size() > mostArguments)
+    if (properties.size() > mostArguments) {
         addIssue(IssueSeverity::Error,
                  formatMessage("Schema has more than {} properties ({}.{})", mostArguments,
                                file().packageName(), className()),
                  *schema_);
-    else
-        for (const ObjectProperty& property : properties)
-            addField(property);
+        return;
+    }
+    UniqueNames names;
+    for (const ObjectProperty& property : properties)
+        addField(property, names);
 }
 
-void NamedType::addField(const ObjectProperty& property) {
+void NamedType::addField(const ObjectProperty& property, UniqueNames& names) {
     context().checkAnnotationText(property.key, *property.schemas.back());
     const code_morph::java::AnnotationRef annotation = code_morph::java::propertyAnnotation(
-        property.key, property.isRequired, names_.take(code_morph::java::toMemberName(nameOf(property))));
+        property.key, property.isRequired, names.take(code_morph::java::toMemberName(nameOf(property))));
     const SchemaTypeInfo& type = typeOf(property);
-    std::string declaration = annotation.text;
+    fields_ += fields_.empty() ? "" : ",\r\n    ";
+    fields_.append(annotation.text) += annotation.text.empty() ? "" : " ";
     file().addImport(annotation.import);
     for (const Constraint& constraint : type.annotations) {
-        declaration.append(declaration.empty() ? "" : " ").append(constraint.text);
+        fields_.append(constraint.text) += ' ';
         file().addImport(constraint.import);
     }
     type.addImports(file());
     if (type.record != SchemaTypeInfo::noRecord)
         context().recordCycles.addComponent(record_, type.record);
-    declaration.append(declaration.empty() ? "" : " ").append(type.text());
-    fields_.push_back({declaration.append(" ").append(annotation.name), &type});
+    fields_.append(type.text()).append(" ").append(annotation.name);
+    types_.push_back(&type);
 }
 
 const SchemaTypeInfo& NamedType::typeOf(const ObjectProperty& property) const {
@@ -91,15 +97,15 @@ std::optional<std::string_view> NamedType::chosenName(const ObjectProperty& prop
     }
 }
 
-void NamedType::fill(jv::JV& data) const {
-    jv::JV* fields = data.setArray("fields");
-    jv::JV* values = data.setArray("values");
-    for (const Field& field : fields_) {
-        const bool isCircular = field.type->record != SchemaTypeInfo::noRecord &&
-                                context().recordCycles.leadsBack(record_, field.type->record);
-        fields->appendString(field.declaration);
-        values->appendString(isCircular ? "null" : defaultValueOf(*field.type, "\"Hello\""));
+void NamedType::fill(templating::Texts& texts) const {
+    std::string values;
+    for (const SchemaTypeInfo* type : types_) {
+        const bool isCircular = type->record != SchemaTypeInfo::noRecord &&
+                                context().recordCycles.leadsBack(record_, type->record);
+        appendBehind(",\r\n            ", isCircular ? "null" : defaultValueOf(*type, "\"Hello\""), values);
     }
+    texts.emplace_back("fields", fields_);
+    texts.emplace_back("values", std::move(values));
 }
 
 } // namespace specloom::openapi_generator::server_spring

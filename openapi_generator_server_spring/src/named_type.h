@@ -20,15 +20,11 @@ class NamedType final : public Part {
     void collectData() override;
 
   protected:
-    void fill(jv::JV& data) const override;
+    void fill(templating::Texts& texts) const override;
 
   private:
-    struct Field {
-        std::string declaration; ///< its annotations, its type and its name
-        const SchemaTypeInfo* type;
-    };
-
-    void addField(const ObjectProperty& property);
+    /// `names` are those of the components before.
+    void addField(const ObjectProperty& property, UniqueNames& names);
     /// The type of a property that several members of `allOf` may have, of which Object says nothing: Object
     /// where the others do not agree.
     [[nodiscard]] const SchemaTypeInfo& typeOf(const ObjectProperty& property) const;
@@ -41,8 +37,8 @@ class NamedType final : public Part {
 
     const openapi::Schema* schema_;
     std::size_t record_;
-    UniqueNames names_;
-    std::vector<Field> fields_;
+    std::string fields_; ///< each with its annotations, its type and its name
+    std::vector<const SchemaTypeInfo*> types_;
 };
 
 } // namespace specloom::openapi_generator::server_spring

@@ -63,7 +63,7 @@ std::optional<std::vector<const Schema*>> membersOf(const Schema& schema) {
         std::size_t next; ///< of its allOf
     };
     std::vector<const Schema*> members;
-    std::unordered_set<const Schema*, openapi::NodeHash> seen = {&schema};
+    std::unordered_set<const Schema*> seen = {&schema};
     std::vector<Step> path = {{&schema, 0}};
     while (!path.empty()) {
         Step& step = path.back();

@@ -2,6 +2,7 @@
 
 #include "code_morph_java/spring/names.h"
 #include "foundation/text_tables.h"
+#include "openapi_generator_server_spring/joined_text.h"
 
 namespace specloom::openapi_generator::server_spring {
 namespace {
@@ -17,14 +18,13 @@ Methods methodsIn(const GroupScope& scope, SourceFile& file) {
 } // namespace
 
 void Part::generateCode() {
-    const std::unique_ptr<jv::JV> data = jv::JV::newObject();
-    data->setString("packageName", file_->packageName());
-    data->setString("className", className_);
-    jv::JV* imports = data->setArray("imports");
+    std::string imports;
     for (const std::string& name : file_->imports())
-        imports->appendString(name);
-    fill(*data);
-    file_->setText(context_->templates.render(templateName_, *data));
+        appendBehind(";\r\nimport ", name, imports);
+    templating::Texts texts = {
+        {"packageName", file_->packageName()}, {"className", className_}, {"imports", std::move(imports)}};
+    fill(texts);
+    file_->setText(context_->forms.fill(templateName_, texts));
 }
 
 AppClass::AppClass(Context& context, SourceFile& file)
@@ -45,10 +45,11 @@ void OperationsClass::collectData() {
     }
 }
 
-void OperationsClass::fill(jv::JV& data) const {
-    jv::JV* bodies = data.setArray("methodBodies");
+void OperationsClass::fill(templating::Texts& texts) const {
+    std::string bodies;
     for (const auto& method : methods_)
-        bodies->appendString(method->generateCode());
+        appendBehind("\r\n", method->generateCode(), bodies);
+    texts.emplace_back("methodBodies", std::move(bodies));
 }
 
 ServiceInterface::ServiceInterface(const GroupScope& scope, SourceFile& file)
@@ -58,9 +59,9 @@ ServiceInterface::ServiceInterface(const GroupScope& scope, SourceFile& file)
     file.addImport("org.springframework.stereotype.Service");
 }
 
-void ServiceInterface::fill(jv::JV& data) const {
-    OperationsClass::fill(data);
-    data.setString("interfaceName", className());
+void ServiceInterface::fill(templating::Texts& texts) const {
+    OperationsClass::fill(texts);
+    texts.emplace_back("interfaceName", className());
 }
 
 ServiceClass::ServiceClass(const GroupScope& scope, SourceFile& file, std::string_view interfaceName)
@@ -72,9 +73,9 @@ ServiceClass::ServiceClass(const GroupScope& scope, SourceFile& file, std::strin
     file.addImport(interfaceName);
 }
 
-void ServiceClass::fill(jv::JV& data) const {
-    OperationsClass::fill(data);
-    data.setString("interfaceName", interfaceName_);
+void ServiceClass::fill(templating::Texts& texts) const {
+    OperationsClass::fill(texts);
+    texts.emplace_back("interfaceName", interfaceName_);
 }
 
 Controller::Controller(const GroupScope& scope, SourceFile& file, std::string_view interfaceName)
@@ -86,10 +87,10 @@ Controller::Controller(const GroupScope& scope, SourceFile& file, std::string_vi
     file.addImport(interfaceName);
 }
 
-void Controller::fill(jv::JV& data) const {
-    OperationsClass::fill(data);
-    data.setString("serviceInterfaceName", interfaceName_);
-    data.setString("serviceNameVar", "service");
+void Controller::fill(templating::Texts& texts) const {
+    OperationsClass::fill(texts);
+    texts.emplace_back("serviceInterfaceName", interfaceName_);
+    texts.emplace_back("serviceNameVar", "service");
 }
 
 ControllerTest::ControllerTest(const GroupScope& scope, SourceFile& file)

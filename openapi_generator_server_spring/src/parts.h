@@ -2,6 +2,7 @@
 
 #include "openapi_generator/part.h"
 #include "openapi_generator_server_spring/methods.h"
+#include "templating/forms.h"
 
 #include <string>      // std::string
 #include <string_view> // std::string_view
@@ -27,7 +28,7 @@ class Part : public openapi_generator::Part {
     /// Without its package.
     [[nodiscard]] const std::string& className() const noexcept { return className_; }
     /// Adds what the template asks for beside the package, the name and the imports.
-    virtual void fill(jv::JV& /*data*/) const {}
+    virtual void fill(templating::Texts& /*texts*/) const {}
 
   private:
     Context* context_;
@@ -53,7 +54,7 @@ class OperationsClass : public Part {
                     std::string_view templateName, std::string_view kind, Methods methods)
         : Part(context, file, className, templateName), kind_(kind), methods_(std::move(methods)) {}
 
-    void fill(jv::JV& data) const override;
+    void fill(templating::Texts& texts) const override;
 
   private:
     std::string_view kind_;
@@ -73,7 +74,7 @@ class ServiceInterface final : public OperationsClass {
     ServiceInterface(const GroupScope& scope, code_morph::java::SourceFile& file);
 
   protected:
-    void fill(jv::JV& data) const override;
+    void fill(templating::Texts& texts) const override;
 };
 
 /// The class that implements a service.
@@ -82,7 +83,7 @@ class ServiceClass final : public OperationsClass {
     ServiceClass(const GroupScope& scope, code_morph::java::SourceFile& file, std::string_view interfaceName);
 
   protected:
-    void fill(jv::JV& data) const override;
+    void fill(templating::Texts& texts) const override;
 
   private:
     std::string interfaceName_;
@@ -93,7 +94,7 @@ class Controller final : public OperationsClass {
     Controller(const GroupScope& scope, code_morph::java::SourceFile& file, std::string_view interfaceName);
 
   protected:
-    void fill(jv::JV& data) const override;
+    void fill(templating::Texts& texts) const override;
 
   private:
     std::string interfaceName_;

@@ -14,7 +14,7 @@ namespace {
 
 /// Tells the handler of what several groups have.
 void noteShared(const OperationGrouper::Groups& groups, SchemaVisitorHandler& handler) {
-    std::unordered_map<const openapi::Node*, const std::string*, openapi::NodeHash> groupOf;
+    std::unordered_map<const openapi::Node*, const std::string*> groupOf;
     const auto note = [&](const openapi::Node* node, const std::string& group) {
         if (groupOf.try_emplace(node, &group).first->second != &group)
             handler.share(*node);

@@ -1,13 +1,14 @@
 #include "openapi_generator_server_spring/schema_type_info.h"
 
 #include "code_morph_java/spring/names.h"
+#include "openapi_generator_server_spring/joined_text.h"
 
 namespace specloom::openapi_generator::server_spring {
 
 std::string textOf(const std::vector<Constraint>& constraints) {
     std::string text;
     for (const Constraint& constraint : constraints)
-        text.append(text.empty() ? "" : " ").append(constraint.text);
+        appendBehind(" ", constraint.text, text);
     return text;
 }
 

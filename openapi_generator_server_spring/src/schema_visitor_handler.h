@@ -70,12 +70,12 @@ class SchemaVisitorHandler final : public openapi::NodeVisitHandler {
     Context* context_;
     AddClass addClass_;
     ClassNames classNames_;
-    std::unordered_map<const openapi::Node*, std::string, openapi::NodeHash> componentNames_;
+    std::unordered_map<const openapi::Node*, std::string> componentNames_;
     const Group* group_ = nullptr;
     const openapi::Operation* operation_ = nullptr;
-    std::unordered_set<const openapi::Node*, openapi::NodeHash> sharedNodes_;
-    std::unordered_map<const openapi::Node*, std::string_view, openapi::NodeHash> statuses_;
-    std::unordered_map<const openapi::Node*, ClassPlan, openapi::NodeHash> plans_;
+    std::unordered_set<const openapi::Node*> sharedNodes_;
+    std::unordered_map<const openapi::Node*, std::string_view> statuses_;
+    std::unordered_map<const openapi::Node*, ClassPlan> plans_;
     std::vector<List> lists_; ///< of the group
 };
 

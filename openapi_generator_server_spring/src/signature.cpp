@@ -3,6 +3,7 @@
 #include "code_morph_java/spring/annotations.h"
 #include "code_morph_java/spring/names.h"
 #include "foundation/text_tables.h"
+#include "openapi_generator_server_spring/joined_text.h"
 #include "openapi_generator_server_spring/unique_names.h"
 
 #include <array>   // std::to_array
@@ -149,15 +150,13 @@ const Signature& Signatures::of(const openapi::OperationRef& ref) {
 const std::string& Signatures::declarationOf(const Signature& signature) {
     const auto [found, isNew] = declarations_.try_emplace(&signature);
     if (isNew) {
-        const std::unique_ptr<jv::JV> data = jv::JV::newObject();
-        jv::JV* arguments = data->setArray("args");
-        for (const Argument& argument : signature.arguments) {
-            jv::JV* entry = arguments->appendObject();
-            entry->setString("annotation", argument.annotation);
-            entry->setString("type", argument.type);
-            entry->setString("name", argument.name);
-        }
-        found->second = context_->templates.render("function_decl_param_list.jinja", *data);
+        for (const Argument& argument : signature.arguments)
+            appendBehind(
+                ", ",
+                context_->forms.fill(
+                    "function_decl_param.jinja",
+                    {{"annotation", argument.annotation}, {"type", argument.type}, {"name", argument.name}}),
+                found->second);
     }
     return found->second;
 }

@@ -40,12 +40,12 @@ class Signatures {
     explicit Signatures(Context& context) : context_(&context) {}
 
     [[nodiscard]] const Signature& of(const openapi::OperationRef& ref);
-    /// The arguments of such a signature as they stand in a declaration, rendered once.
+    /// The arguments of such a signature as they stand in a declaration, made once.
     [[nodiscard]] const std::string& declarationOf(const Signature& signature);
 
   private:
     Context* context_;
-    std::unordered_map<const openapi::Operation*, Signature, openapi::NodeHash> signatures_;
+    std::unordered_map<const openapi::Operation*, Signature> signatures_;
     std::unordered_map<const Signature*, std::string> declarations_;
 };
 
