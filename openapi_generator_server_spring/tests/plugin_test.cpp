@@ -133,6 +133,41 @@ TEST_F(SpringServer, reportsAllProblemsAtOnceAndWritesNothing) {
     }
 }
 
+TEST_F(SpringServer, reportsPlacesAsTheReaderCountsThem) {
+    const std::string document = R"({
+  "openapi": "3.1.0", "info": {"title": "t", "version": "v"}, "tags": [{"name": "a"}],
+  "paths": {
+    "/z": {"post": {"requestBody": {"content": {
+        "application/json": {}}},
+      "tags": ["a"], "operationId": "p", "responses": {}}},
+    "/x": {"get": {"tags": ["a"], "operationId": "x", "responses": {}},
+           "put": {"tags": ["a"], "operationId": "x", "parameters": [
+             {"name": "q", "in": "query"}], "responses": {}}},
+    "/b": {"get": {"operationId": "b", "responses": {}}}
+  }
+})";
+    const std::string configuration = configurationWith("action_naming: id, controller_grouping: tag, "
+                                                        "service_classes: false, controller_tests: false");
+    const std::pair<std::string, std::string> cases[] = {
+        {"api.json", "4:36  Error Request body has no schema defined, skipping\n"
+                     "8:19  Error More than one operation maps to the 'x' method in the service interface "
+                     "'AService'\n"
+                     "8:19  Error More than one operation maps to the 'handleX' method in the controller "
+                     "'AController'\n"
+                     "9:14  Error Parameter 'q' has no schema defined, skipping\n"
+                     "10:19 Error Operation get '/b' could not be grouped\n"},
+        {"api.yaml", "3:35 Error Request body has no schema defined, skipping\n"
+                     "7:18 Error More than one operation maps to the 'x' method in the service interface "
+                     "'AService'\n"
+                     "7:18 Error More than one operation maps to the 'handleX' method in the controller "
+                     "'AController'\n"
+                     "8:13 Error Parameter 'q' has no schema defined, skipping\n"
+                     "9:18 Error Operation get '/b' could not be grouped\n"},
+    };
+    for (const auto& [name, report] : cases)
+        EXPECT_EQ(runOn(folder.write(name, document), configuration).report, report) << name;
+}
+
 TEST_F(SpringServer, reportsWhatJavaCannotHave) {
     const auto properties = [](int count) {
         std::string text = "{type: object, properties: {";
