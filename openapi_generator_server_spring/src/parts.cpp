@@ -2,6 +2,7 @@
 
 #include "code_morph_java/spring/names.h"
 #include "foundation/text_tables.h"
+#include "openapi_generator_server_spring/controller_constants.h"
 #include "openapi_generator_server_spring/joined_text.h"
 
 namespace specloom::openapi_generator::server_spring {
@@ -82,9 +83,34 @@ Controller::Controller(const GroupScope& scope, SourceFile& file, std::string_vi
     : OperationsClass(scope.context, file,
                       classOf(controllerClassName(scope.context.configuration, scope.group)),
                       "controller.jinja", "controller", methodsIn<ControllerMethod>(scope, file)),
-      interfaceName_(classOf(interfaceName)) {
+      signatures_(&scope.signatures), interfaceName_(classOf(interfaceName)) {
     file.addImport("org.springframework.web.bind.annotation.RestController");
     file.addImport(interfaceName);
+}
+
+void Controller::collectData() {
+    OperationsClass::collectData();
+    std::size_t bound = ControllerConstants::fixed;
+    for (const auto& method : methods())
+        bound += ControllerConstants::boundFor(signatures_->of(method->operation()));
+    if (bound > mostConstants)
+        checkConstants();
+}
+
+void Controller::checkConstants() const {
+    ControllerConstants constants;
+    for (const auto& method : methods()) {
+        const openapi::OperationRef& ref = method->operation();
+        constants.add(ref, method->methodName(), context().methodName("", ref), signatures_->of(ref));
+        if (constants.count() > mostConstants) {
+            context().addIssue(
+                IssueSeverity::Error,
+                formatMessage("The controller '{}' has more operations than a class of Java can hold",
+                              className()),
+                *ref.operation);
+            return;
+        }
+    }
 }
 
 void Controller::fill(templating::Texts& texts) const {

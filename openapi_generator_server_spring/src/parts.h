@@ -54,6 +54,7 @@ class OperationsClass : public Part {
                     std::string_view templateName, std::string_view kind, Methods methods)
         : Part(context, file, className, templateName), kind_(kind), methods_(std::move(methods)) {}
 
+    [[nodiscard]] const Methods& methods() const noexcept { return methods_; }
     void fill(templating::Texts& texts) const override;
 
   private:
@@ -93,10 +94,15 @@ class Controller final : public OperationsClass {
   public:
     Controller(const GroupScope& scope, code_morph::java::SourceFile& file, std::string_view interfaceName);
 
+    void collectData() override;
+
   protected:
     void fill(templating::Texts& texts) const override;
 
   private:
+    void checkConstants() const;
+
+    Signatures* signatures_;
     std::string interfaceName_;
 };
 

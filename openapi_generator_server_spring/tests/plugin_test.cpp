@@ -187,6 +187,16 @@ TEST_F(SpringServer, reportsWhatJavaCannotHave) {
     EXPECT_EQ(runWith(parameters(254)).report, "");
     EXPECT_THAT(runWith(parameters(255)).report,
                 HasSubstr("5:12 Error Operation get '/x' has more than 254 arguments\n"));
+    const auto operations = [](int count) {
+        std::string text;
+        for (int i = 0; i < count; ++i)
+            text += "  /" + std::to_string(i) + ": {get: {tags: [a], responses: {}}}\n";
+        return text;
+    };
+    EXPECT_EQ(runWith(operations(13'000)).report, "");
+    EXPECT_THAT(
+        runWith(operations(13'200)).report,
+        HasSubstr("Error The controller 'AController' has more operations than a class of Java can hold\n"));
     EXPECT_THAT(runWithSchema("{type: [string, array], maxItems: 3, minLength: 3}").report,
                 HasSubstr("Schema has multiple Size annotations for multiple types, skipping\n"));
     std::string members = "{$ref: '#/components/schemas/S0'}";

@@ -94,6 +94,7 @@ const std::set<std::string> inSources = {
     "openapi_generator_doc_html/src/document/type_text.cpp mostSchemasOfType",
     "openapi_generator_doc_html/src/document/type_text.cpp mostTypesAllowed",
     "openapi_generator_server_spring/src/context.h mostArguments",
+    "openapi_generator_server_spring/src/controller_constants.h mostConstants",
     "openapi_generator_server_spring/src/schema_visitor_handler.cpp deepestList",
     "openapi_lint/src/formatters/stylish_formatter.cpp widestMessage",
     "openapi_lint/src/rules/standard_response_errors.cpp maximumParts",
