@@ -1,13 +1,14 @@
 // The generators: whatever the document names, files come to stand below the output folder and nowhere else,
-// or nothing is written and one line says why; and the same document gives the same files.
+// or nothing is written and one line or a report says why; and the same document gives the same files.
 
 #include "foundation/memory_file_system.h"
 #include "fuzz/check.h"
 #include "fuzz/generators.h"
+#include "fuzz/java_check.h"
 #include "fuzz/tree_check.h"
 #include "openapi_generator/plugin_runner.h"
 
-#include <iostream>  // std::cerr
+#include <iostream>  // std::cerr, std::cout
 #include <stdexcept> // std::runtime_error
 #include <utility>   // std::move
 
@@ -47,14 +48,20 @@ void check(const Outcome& outcome) {
                   "a failure is one line: " + outcome.failure);
     fuzz::require(outcome.failure.empty() || outcome.files.empty(),
                   "a failure leaves nothing behind: " + outcome.failure);
-    for (const auto& [path, content] : outcome.files)
+    for (const auto& [path, content] : outcome.files) {
         fuzz::require(path.starts_with("out/"), "files stand below the output folder: " + path);
+        if (const std::string fault = path.ends_with(".java") ? fuzz::faultOfJava(path, content) : "";
+            !fault.empty())
+            fuzz::require(false, path + " has " + fault + ":\n" + content);
+    }
 }
 
 } // namespace
 
 extern "C" int LLVMFuzzerInitialize(int* /*count*/, char*** /*arguments*/) {
-    std::cerr.setstate(std::ios::failbit); // notes about each document would fill the log
+    // Notes and reports about each document would fill the log.
+    std::cerr.setstate(std::ios::failbit);
+    std::cout.setstate(std::ios::failbit);
     return 0;
 }
 
