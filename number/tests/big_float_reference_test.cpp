@@ -255,7 +255,7 @@ TEST_F(BigFloatReference, integerPowers) {
         const auto exponent = static_cast<std::uint32_t>(random.between(0, random.oneIn(2) ? 12 : 900));
         const Precision prec = random.precision() + 20;
         SCOPED_TRACE(testing::Message() << base << "^" << exponent << " prec " << prec);
-        MpfrValue expected(32 * 1000);
+        MpfrValue expected(mpfr_prec_t{32} * 1000);
         ASSERT_EQ(mpfr_ui_pow_ui(expected.get(), base, exponent, MPFR_RNDN), 0);
         BigFloat exact;
         ASSERT_EQ(BigFloat::powInt(exact, base, exponent, exactPrecision, 0), 0U);

@@ -60,9 +60,9 @@ std::string chain(std::string_view name, int length, bool isCircle, std::string_
         return fmt::format(R"("items": {{"$ref": "#/components/schemas/{}{:05}"}})", name, to);
     };
     for (int i = 0; i < length; ++i) {
-        const std::string title_ = fmt::format(R"("title": "{}")", i == length / 2 ? title : "t");
+        const std::string titleMember = fmt::format(R"("title": "{}")", i == length / 2 ? title : "t");
         const std::string next = i + 1 < length ? ", " + refer(i + 1) : isCircle ? ", " + refer(0) : "";
-        text += fmt::format(R"({}"{}{:05}": {{{}{}}})", i == 0 ? "" : ",", name, i, title_, next);
+        text += fmt::format(R"({}"{}{:05}": {{{}{}}})", i == 0 ? "" : ",", name, i, titleMember, next);
     }
     return text + R"(}}, "paths": {"/p": {"parameters": [{"name": "p", "in": "query", "schema": {)" +
            fmt::format(R"("$ref": "#/components/schemas/{}00000")", name) + "}}]}}}";
