@@ -36,11 +36,24 @@ class Arena {
     /// Says that a source of so many bytes is about to fill the arena.
     void expect(std::size_t sourceBytes) noexcept { sizes_.expect(sourceBytes); }
     void clear() noexcept { *this = Arena(); }
+    /// All that was allocated is given back to the arena, which hands it out again.
+    void restart() noexcept {
+        used_ = 0;
+        next_ = nullptr;
+        left_ = 0;
+    }
 
   private:
-    void* allocateSlow(std::size_t bytes);
+    struct SizedChunk {
+        Chunk memory;
+        std::size_t bytes;
+    };
 
-    std::vector<Chunk> chunks_;
+    void* allocateSlow(std::size_t bytes);
+    void* open(const SizedChunk& chunk, std::size_t bytes) noexcept;
+
+    std::vector<SizedChunk> chunks_;
+    std::size_t used_ = 0; ///< of them, since the last restart
     std::byte* next_ = nullptr;
     std::size_t left_ = 0;
     ChunkSizes sizes_;

@@ -31,30 +31,72 @@ const char* JSONWriterError::what() const noexcept {
     return "<unknown>";
 }
 
-void JSONWriter::write(const JVDocument& document) {
+void JSONWriter::begin() {
     if (state_ != State::Start) {
         throw JSONWriterError(state_ == State::Complete ? JSONWriterError::GenerationComplete
                                                         : JSONWriterError::InErrorState);
     }
-    document_ = &document;
     state_ = State::Error; // until the end is reached
+}
+
+void JSONWriter::finish() {
+    lineEnd();
+    output_.resize(used_);
+    state_ = State::Complete;
+}
+
+/// In steps that fit into caches, since what is added is filled first; capacity doubles when it is used up.
+void JSONWriter::grow(std::size_t bytes) {
+    constexpr std::size_t step = std::size_t{32} * 1024;
+    output_.resize(used_ + (bytes < step ? step : bytes));
+}
+
+void JSONWriter::write(const JVDocument& document) {
+    begin();
     // About twice the source holds any indented form of it. What is not used costs no memory, while growing
     // step by step would hold the text twice.
     output_.reserve(document.sourceSize() * 2 + 64);
+    writeRoot(document);
+    finish();
+}
+
+void JSONWriter::startArray() {
+    begin();
+    open('[');
+}
+
+void JSONWriter::expectItems(std::uint64_t count) {
+    constexpr std::size_t most = std::size_t{1} << 40; // no text is so large
+    if (items_ == 0 || count <= items_ || count > most / (used_ + 1))
+        return;
+    const std::size_t expected = used_ / items_ * count;
+    output_.reserve(expected + expected / 8);
+}
+
+void JSONWriter::writeItem(const JVDocument& item) {
+    startItem(items_ == 0);
+    ++items_;
+    writeRoot(item);
+}
+
+void JSONWriter::endArray() {
+    close(']');
+    finish();
+}
+
+void JSONWriter::writeRoot(const JVDocument& document) {
+    document_ = &document;
     const JV nothing;
     writeValue(document.root() != nullptr ? *document.root() : nothing);
-    if (indent_ > 0)
-        output_ += '\n';
-    state_ = State::Complete;
 }
 
 void JSONWriter::writeValue(const JV& value) {
     switch (value.kind()) {
     case Kind::Null:
-        output_ += "null";
+        put("null");
         break;
     case Kind::Boolean:
-        output_ += value.boolean() ? "true" : "false";
+        put(value.boolean() ? "true" : "false");
         break;
     case Kind::Number:
         writeNumber(value);
@@ -80,67 +122,80 @@ void JSONWriter::writeNumber(const JV& value) {
     }
     if (number.isInfinite() || number.isNaN())
         throw JSONWriterError(JSONWriterError::InvalidNumber);
-    number.appendTo(output_);
+    numberText_.clear();
+    number.appendTo(numberText_);
+    put(numberText_);
 }
 
 // ---- strings
 
 void JSONWriter::writeString(std::string_view text) {
     const bool solidus = (flags_ & escapeSolidus) != 0;
+    const char* const end = text.data() + text.size();
+    if (solidus || findSpecial<false>(text.data(), end) != end) {
+        writeEscaped(text);
+        return;
+    }
+    char* const target = room(text.size() + 2);
+    target[0] = '"';
+    text.copy(target + 1, text.size());
+    target[text.size() + 1] = '"';
+    used_ += text.size() + 2;
+}
+
+void JSONWriter::writeEscaped(std::string_view text) {
+    const bool solidus = (flags_ & escapeSolidus) != 0;
     const char* p = text.data();
     const char* end = p + text.size();
-    output_ += '"';
+    put('"');
     while (p != end) {
         const char* special = findSpecial<false>(p, end);
         if (solidus)
             special = std::find(p, special, '/');
-        output_.append(p, special);
+        put({p, static_cast<std::size_t>(special - p)});
         if (special == end)
             break;
         p = special + 1;
-        const char c = *special;
-        switch (c) {
-        case '\b':
-            output_ += "\\b";
-            break;
-        case '\t':
-            output_ += "\\t";
-            break;
-        case '\n':
-            output_ += "\\n";
-            break;
-        case '\f':
-            output_ += "\\f";
-            break;
-        case '\r':
-            output_ += "\\r";
-            break;
-        case '"':
-        case '\\':
-        case '/':
-            output_ += '\\';
-            output_ += c;
-            break;
-        default:
-            output_ += "\\u00";
-            output_ += "0123456789abcdef"[c >> 4 & 0xf];
-            output_ += "0123456789abcdef"[c & 0xf];
-        }
+        writeEscape(*special);
     }
-    output_ += '"';
+    put('"');
+}
+
+void JSONWriter::writeEscape(char byte) {
+    switch (byte) {
+    case '\b':
+        return put("\\b");
+    case '\t':
+        return put("\\t");
+    case '\n':
+        return put("\\n");
+    case '\f':
+        return put("\\f");
+    case '\r':
+        return put("\\r");
+    case '"':
+    case '\\':
+    case '/':
+        put('\\');
+        return put(byte);
+    default:
+        put("\\u00");
+        put("0123456789abcdef"[byte >> 4 & 0xf]);
+        put("0123456789abcdef"[byte & 0xf]);
+    }
 }
 
 // ---- containers
 
 void JSONWriter::lineEnd() {
     if (indent_ > 0)
-        output_ += '\n';
+        put('\n');
 }
 
 void JSONWriter::open(char bracket) {
     if (++depth_ > deepest)
         throw JSONWriterError(JSONWriterError::MaxDepthExceeded);
-    output_ += bracket;
+    put(bracket);
     lineEnd();
 }
 
@@ -148,16 +203,26 @@ void JSONWriter::open(char bracket) {
 void JSONWriter::close(char bracket) {
     --depth_;
     lineEnd();
-    output_.append(depth_ * indent_, ' ');
-    output_ += bracket;
+    put(gap(true));
+    put(bracket);
+}
+
+/// What stands in front of an item at the depth that was reached.
+std::string_view JSONWriter::gap(bool isFirst) {
+    constexpr std::size_t bytesOfEnd = 2; // the comma and the line feed
+    if (indent_ == 0)
+        return isFirst ? "" : ",";
+    const std::size_t bytes = bytesOfEnd + depth_ * indent_;
+    if (gaps_.size() < bytes) {
+        gaps_ = ",\n";
+        gaps_.append(bytes - bytesOfEnd, ' ');
+    }
+    const std::size_t skipped = isFirst ? bytesOfEnd : 0;
+    return std::string_view(gaps_).substr(skipped, bytes - skipped);
 }
 
 void JSONWriter::startItem(bool isFirst) {
-    if (!isFirst) {
-        output_ += ',';
-        lineEnd();
-    }
-    output_.append(depth_ * indent_, ' ');
+    put(gap(isFirst));
 }
 
 void JSONWriter::writeArray(const JV& array) {
@@ -194,9 +259,7 @@ void JSONWriter::writeMembers(const JV& object) {
 void JSONWriter::writeMember(std::string_view key, const JV& value, bool isFirst) {
     startItem(isFirst);
     writeString(key);
-    output_ += ':';
-    if (indent_ > 0)
-        output_ += ' ';
+    put(indent_ > 0 ? ": " : ":");
     writeValue(value);
 }
 

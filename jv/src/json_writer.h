@@ -51,6 +51,15 @@ class JSONWriter {
     /// Writes the whole document, one without a root as null; once for each writer. Throws JSONWriterError.
     void write(const JVDocument& document);
 
+    // An array that need not be held at once: its items are the roots of documents, one after the other.
+    // Once for each writer, in the place of write(). Each throws JSONWriterError.
+    void startArray();
+    /// Says how many items there will be, so that the text is laid out for as many of the size of those
+    /// that were written.
+    void expectItems(std::uint64_t count);
+    void writeItem(const JVDocument& item);
+    void endArray();
+
     /// The text; indented text ends with a line end.
     [[nodiscard]] const std::string& output() const& noexcept { return output_; }
     [[nodiscard]] std::string output() && noexcept { return std::move(output_); }
@@ -58,6 +67,9 @@ class JSONWriter {
   private:
     enum class State : std::uint8_t { Start, Complete, Error };
 
+    void begin();
+    void finish();
+    void writeRoot(const JVDocument& document);
     void writeValue(const JV& value);
     void writeArray(const JV& array);
     void writeObject(const JV& object);
@@ -65,16 +77,36 @@ class JSONWriter {
     void writeMember(std::string_view key, const JV& value, bool isFirst);
     void writeNumber(const JV& value);
     void writeString(std::string_view text);
+    void writeEscaped(std::string_view text);
+    void writeEscape(char byte);
     void open(char bracket);
     void close(char bracket);
     void lineEnd();
     void startItem(bool isFirst);
+    [[nodiscard]] std::string_view gap(bool isFirst);
+
+    /// Room for so many more bytes behind the text.
+    [[nodiscard]] char* room(std::size_t bytes) {
+        if (output_.size() - used_ < bytes)
+            grow(bytes);
+        return output_.data() + used_;
+    }
+    void grow(std::size_t bytes);
+    void put(char byte) {
+        *room(1) = byte;
+        ++used_;
+    }
+    void put(std::string_view text) { used_ += text.copy(room(text.size()), text.size()); }
 
     std::uint32_t flags_;
     std::size_t indent_ = 0;
     std::size_t depth_ = 0;
+    std::string gaps_; ///< what stands between two items, indented as deep as any was so far
     State state_ = State::Start;
-    std::string output_;
+    std::string output_;   ///< until the end larger than the text
+    std::size_t used_ = 0; ///< bytes of the text
+    std::string numberText_;
+    std::uint64_t items_ = 0; ///< of startArray(), so far
     PropertySorter sorter_;
     const JVDocument* document_ = nullptr; ///< during write()
 };

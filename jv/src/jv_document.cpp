@@ -24,23 +24,39 @@ JVDocument::JVDocument() {
 
 JVDocument::~JVDocument() {
     replaceRoot(nullptr);
-    // One sweep instead of a walk: what values in slabs own is freed wherever they stand in the tree.
-    if (!slabs_.empty())
-        slabs_.back().end = nextInSlab_;
-    for (const Slab& slab : slabs_) {
-        for (JV* value = reinterpret_cast<JV*>(slab.memory.get()); value != slab.end; ++value)
-            value->dropContent();
-    }
+    dropSlabValues();
     KeyPool::instance().release();
 }
 
+/// One sweep instead of a walk: what values in slabs own is freed wherever they stand in the tree.
+void JVDocument::dropSlabValues() noexcept {
+    if (usedSlabs_ > 0)
+        slabs_[usedSlabs_ - 1].end = nextInSlab_;
+    for (std::size_t i = 0; i < usedSlabs_; ++i) {
+        for (JV* value = reinterpret_cast<JV*>(slabs_[i].memory.get()); value != slabs_[i].end; ++value)
+            value->dropContent();
+    }
+    usedSlabs_ = 0;
+    nextInSlab_ = endOfSlab_ = nullptr;
+}
+
+void JVDocument::restart() noexcept {
+    replaceRoot(nullptr);
+    dropSlabValues();
+    arena_.restart();
+    orders_.clear();
+}
+
 void JVDocument::addSlab() {
-    if (!slabs_.empty())
-        slabs_.back().end = nextInSlab_;
-    const std::size_t bytes = slabSizes_.next();
-    slabs_.push_back({allocateChunk(bytes), nullptr});
-    nextInSlab_ = reinterpret_cast<JV*>(slabs_.back().memory.get());
-    endOfSlab_ = nextInSlab_ + bytes / sizeof(JV);
+    if (usedSlabs_ > 0)
+        slabs_[usedSlabs_ - 1].end = nextInSlab_;
+    if (usedSlabs_ == slabs_.size()) {
+        const std::size_t bytes = slabSizes_.next();
+        slabs_.push_back({allocateChunk(bytes), bytes, nullptr});
+    }
+    const Slab& slab = slabs_[usedSlabs_++];
+    nextInSlab_ = reinterpret_cast<JV*>(slab.memory.get());
+    endOfSlab_ = nextInSlab_ + slab.bytes / sizeof(JV);
 }
 
 Location JVDocument::nearestLocationOf(const JV* value) const noexcept {

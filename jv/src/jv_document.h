@@ -127,6 +127,9 @@ class JVDocument {
         return value;
     }
     void addSlab();
+    void dropSlabValues() noexcept;
+    /// Drops the tree, and keeps the memory of values for further ones.
+    void restart() noexcept;
     void replaceRoot(JV* root) noexcept;
     [[nodiscard]] bool reorderInPlace(JV* object, std::span<const std::string_view> keys);
     [[nodiscard]] KeyOrder& explicitOrderOf(JV* object);
@@ -135,11 +138,13 @@ class JVDocument {
 
     struct Slab {
         Chunk memory;
-        JV* end; ///< of its values; for the last slab nextInSlab_ tells
+        std::size_t bytes;
+        JV* end; ///< of its values; for the last one in use nextInSlab_ tells
     };
 
     JV* root_ = nullptr;
     std::vector<Slab> slabs_;
+    std::size_t usedSlabs_ = 0; ///< the first ones
     ChunkSizes slabSizes_;
     JV* nextInSlab_ = nullptr;
     JV* endOfSlab_ = nullptr;

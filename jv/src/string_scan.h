@@ -1,13 +1,39 @@
 #pragma once
 
 #include <bit>     // std::countr_one, std::countr_zero
-#include <cstdint> // std::uint8_t
+#include <cstdint> // std::uint8_t, std::uint64_t
+#include <cstring> // std::memcpy
 
 #if defined(__SSE2__)
 #include <emmintrin.h> // _mm_...
 #endif
 
 namespace specloom::jv {
+
+/// The last bytes of [p, end), of which there are 4 or more: 8 where there are so many, else all and some of
+/// them twice.
+[[nodiscard]] inline std::uint64_t lastBytes(const char* p, const char* end) noexcept {
+    std::uint64_t word = 0;
+    if (end - p >= 8) {
+        std::memcpy(&word, end - 8, sizeof word);
+        return word;
+    }
+    std::uint32_t first = 0;
+    std::uint32_t last = 0;
+    std::memcpy(&first, p, sizeof first);
+    std::memcpy(&last, end - 4, sizeof last);
+    return std::uint64_t{first} << 32 | last;
+}
+
+/// Whether one of eight bytes is what findSpecial() looks for.
+template <bool StopAtNonAscii>
+[[nodiscard]] inline bool hasSpecial(std::uint64_t word) noexcept {
+    constexpr std::uint64_t each = 0x0101010101010101;
+    constexpr std::uint64_t top = 0x8080808080808080;
+    const auto hasZero = [](std::uint64_t bytes) { return ((bytes - each) & ~bytes & top) != 0; };
+    return ((word - each * 32) & ~word & top) != 0 || hasZero(word ^ each * '"') ||
+           hasZero(word ^ each * '\\') || (StopAtNonAscii && (word & top) != 0);
+}
 
 /// The first byte of [p, end) that a JSON string cannot hold as it stands: a quote, a backslash, a control
 /// character below 32; with `StopAtNonAscii` also any byte of 128 and above. `end` when there is none.
@@ -30,6 +56,10 @@ template <bool StopAtNonAscii>
         p += 16;
     }
 #endif
+    if (end - p > 8 && !hasSpecial<StopAtNonAscii>(lastBytes(p, p + 8)))
+        p += 8;
+    if (end - p >= 4 && !hasSpecial<StopAtNonAscii>(lastBytes(p, end)))
+        return end;
     for (; p != end; ++p) {
         const auto byte = static_cast<std::uint8_t>(*p);
         if (byte < 32 || byte == '"' || byte == '\\' || (StopAtNonAscii && byte >= 128))

@@ -81,6 +81,61 @@ void TreeBuilder::addUnderEmptyKey(JV* value) {
     unlisted_.push_back({frame.container, value});
 }
 
+void TreeBuilder::addCopy(const JV& value) {
+    struct Copied {
+        const JV* container;
+        std::size_t next; ///< of its children
+    };
+    std::vector<Copied> copied;
+    const auto begin = [&](const JV& source) {
+        switch (source.kind()) {
+        case Kind::Null:
+            return addNull({});
+        case Kind::Boolean:
+            return addBoolean(source.boolean(), {});
+        case Kind::Number:
+            return addNumber(source.number(), {});
+        case Kind::String:
+            return source.isPlainScalar() ? addPlainString(source.text(), {}) : addString(source.text(), {});
+        case Kind::Array:
+        case Kind::Object:
+            open(source.kind(), {});
+            copied.push_back({&source, 0});
+        }
+    };
+    begin(value);
+    while (!copied.empty()) {
+        const JV& container = *copied.back().container;
+        const std::size_t next = copied.back().next++;
+        if (next == container.size()) {
+            end();
+            copied.pop_back();
+        } else if (container.isArray()) {
+            begin(*container.elements()[next]);
+        } else {
+            const Member member = container.members()[next];
+            addKey(member.key);
+            begin(*member.value);
+        }
+    }
+}
+
+JV* TreeBuilder::last() noexcept {
+    if (frames_.empty())
+        return document_->root_;
+    return items_.size() > frames_.back().base ? items_.back().value : nullptr;
+}
+
+void TreeBuilder::rollBack(const Checkpoint& place) {
+    frames_.resize(place.containers);
+    items_.resize(place.items);
+    if (frames_.empty())
+        return;
+    frames_.back().keyPending = place.keyPending;
+    if (place.keyPending)
+        items_.back().value = nullptr;
+}
+
 // ---- containers
 
 void TreeBuilder::open(Kind kind, Pos pos) {

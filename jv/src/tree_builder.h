@@ -30,6 +30,12 @@ class TreeBuilder {
         items_.push_back({lastKey_, nullptr});
         frames_.back().keyPending = true;
     }
+    /// The same of a key of KeyPool::instance().
+    void addKey(Key* key) {
+        lastKey_ = key;
+        items_.push_back({key, nullptr});
+        frames_.back().keyPending = true;
+    }
     /// Says that the last key counts as none: the next value does not belong to it.
     void dropPendingKey() noexcept { frames_.back().keyPending = false; }
 
@@ -39,11 +45,38 @@ class TreeBuilder {
     void addString(std::string_view value, Pos pos);
     /// A string with JV::isPlainScalar().
     void addPlainString(std::string_view value, Pos pos);
+    /// A deep copy without positions, members in byte-wise order of their keys.
+    void addCopy(const JV& value);
     void startArray(Pos pos) { open(Kind::Array, pos); }
     void startObject(Pos pos) { open(Kind::Object, pos); }
     /// Closes the open container; there must be one.
     void end();
 
+    /// What was completed last in the open container, or the root; null when nothing was.
+    [[nodiscard]] JV* last() noexcept;
+
+    /// A place between two events.
+    struct Checkpoint {
+        std::size_t containers; ///< that are open
+        std::size_t items;      ///< of all of them
+        bool keyPending;
+    };
+    [[nodiscard]] Checkpoint checkpoint() const noexcept {
+        return {frames_.size(), items_.size(), !frames_.empty() && frames_.back().keyPending};
+    }
+    /// Takes back what was added since then, if none of the containers that were open is closed. The next
+    /// root takes the place of one that was complete. Memory is given back with the document only.
+    void rollBack(const Checkpoint& place);
+
+    /// Takes back everything. The memory of the values serves for further ones.
+    void restart() noexcept {
+        frames_.clear();
+        items_.clear();
+        unlisted_.clear();
+        document_->restart();
+    }
+
+    [[nodiscard]] const JVDocument& document() const noexcept { return *document_; }
     /// The document; its root is missing if no value was complete.
     [[nodiscard]] std::unique_ptr<JVDocument> takeDocument() noexcept { return std::move(document_); }
 

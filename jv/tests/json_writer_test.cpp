@@ -1,9 +1,12 @@
 #include "jv/json_reader.h"
 #include "jv/json_writer.h"
+#include "jv/tree_builder.h"
 #include "test_support/failure.h"
 
-#include <string> // std::string
-#include <vector> // std::vector
+#include <memory>  // std::make_unique
+#include <string>  // std::string
+#include <utility> // std::as_const
+#include <vector>  // std::vector
 
 #include <gtest/gtest.h>
 
@@ -44,12 +47,64 @@ TEST(JsonWriter, writesEachShape) {
     }
 }
 
+TEST(JsonWriter, writesAnArrayItemByItem) {
+    for (const char* const json : {"[]", "[1]", R"([{"a":[1]},[],"x"])"}) {
+        const auto whole = parseJSON(json);
+        for (const std::int64_t indent : {0, 2, 9}) {
+            TreeBuilder item(std::make_unique<JVDocument>());
+            JSONWriter writer;
+            writer.setIndent(indent);
+            writer.startArray();
+            for (const JV* element : std::as_const(*whole->root()).elements()) {
+                item.restart();
+                item.addCopy(*element);
+                writer.writeItem(item.document());
+            }
+            writer.endArray();
+            EXPECT_EQ(writer.output(), written(*whole, indent));
+        }
+    }
+}
+
+TEST(TreeBuilder, takesBackWhatWasAdded) {
+    TreeBuilder builder(std::make_unique<JVDocument>());
+    builder.startObject({});
+    builder.addKey("a");
+    const TreeBuilder::Checkpoint atValue = builder.checkpoint();
+    builder.startArray({});
+    builder.addString("a text that is longer than sixteen bytes", {});
+    builder.rollBack(atValue); // with an open container
+    builder.addNumber(1, {});
+    builder.rollBack(atValue); // with a value under the key
+    builder.addBoolean(true, {});
+    const TreeBuilder::Checkpoint atKey = builder.checkpoint();
+    builder.addKey("b");
+    builder.rollBack(atKey);
+    builder.addKey("c");
+    builder.addCopy(
+        *parseJSON(R"({"y":[null,{"x":"a text that is longer than sixteen bytes"}],"z":{}})")->root());
+    builder.end();
+    EXPECT_EQ(written(builder.document(), 0),
+              R"({"a":true,"c":{"y":[null,{"x":"a text that is longer than sixteen bytes"}],"z":{}}})");
+}
+
 TEST(JsonWriter, escapesWhatMustBe) {
     JVDocument document;
     document.makeRoot(Kind::String)
         ->setString(std::string("\b\t\n\f\r\"\\/ \x01\x1f\x7f\0", 13) + "\xc3\xa9\xff");
     EXPECT_EQ(written(document, 0), "\"\\b\\t\\n\\f\\r\\\"\\\\/ \\u0001\\u001f\x7f\\u0000\xc3\xa9\xff\"");
     EXPECT_EQ(written(*parseJSON(R"(["/a/b"])"), 0, JSONWriter::escapeSolidus), R"(["\/a\/b"])");
+    // Wherever it stands in a text of any length.
+    for (std::size_t size = 1; size <= 40; ++size) {
+        for (std::size_t at = 0; at < size; ++at) {
+            for (const char special : {'"', '\\'}) {
+                std::string text(size, '\x7f');
+                text[at] = special;
+                document.root()->setString(text);
+                EXPECT_EQ(written(document, 0), '"' + text.insert(at, 1, '\\') + '"');
+            }
+        }
+    }
 }
 
 TEST(JsonWriter, refusesDepthAndInfinity) {

@@ -1,9 +1,6 @@
-#include "jv/jv_document.h"
 #include "jv_generator/composite_parts.h"
 
 #include <algorithm> // std::max, std::min
-#include <memory>    // std::make_unique
-#include <utility>   // std::as_const, std::move
 
 namespace specloom::jv_generator {
 
@@ -13,6 +10,15 @@ constexpr std::uint32_t mostSpread = 40;       ///< doublings of the ranges of n
 constexpr int drawsBetweenSpreads = 8;         ///< equal items in a row
 constexpr std::uint64_t drawsOfDistinct = 400; ///< for one item
 
+[[nodiscard]] bool isNew(const jv::JV& item, std::uint64_t hash,
+                         const std::unordered_multimap<std::uint64_t, const jv::JV*>& seen) {
+    for (auto [at, end] = seen.equal_range(hash); at != end; ++at) {
+        if (at->second->equals(item))
+            return false;
+    }
+    return true;
+}
+
 } // namespace
 
 ArrayPart::ArrayPart(GenFactory& factory, MergedSchema schema)
@@ -20,14 +26,17 @@ ArrayPart::ArrayPart(GenFactory& factory, MergedSchema schema)
     for (const SchemaNode* node : schema_.nodes)
         prefix_ = std::max(prefix_, node->prefixItems.size());
     std::uint64_t contained = 0;
-    for (const Containing& containing : schema_.containing)
+    for (const Containing& containing : schema_.containing) {
         contained = std::max(contained, containing.min);
+        mostContained_ = std::min(mostContained_, containing.max);
+    }
     leastItems_ = std::max(leastItems_, contained);
     addNeeds();
 }
 
-/// What an item has to fit, by its index.
-std::vector<SchemaId> ArrayPart::schemasAt(std::size_t index) const {
+/// What an item has to fit, by its index. An item that fits the schema of a `contains` is evaluated by it.
+std::vector<SchemaId> ArrayPart::schemasAt(std::size_t index, std::size_t containing) const {
+    SchemaGraph& graph = factory_->graph();
     std::vector<SchemaId> schemas;
     for (const SchemaNode* node : schema_.nodes) {
         if (index < node->prefixItems.size())
@@ -37,36 +46,44 @@ std::vector<SchemaId> ArrayPart::schemasAt(std::size_t index) const {
     }
     for (const Unevaluated& unevaluated : schema_.unevaluatedItems) {
         bool isEvaluated = false;
+        std::vector<SchemaId> ways{unevaluated.schema};
         for (const SchemaId id : unevaluated.reach) {
-            const SchemaNode& node = factory_->graph().node(id);
+            const SchemaNode& node = graph.node(id);
             isEvaluated |= index < node.prefixItems.size() || node.items != noSchema;
+            if (node.contains != noSchema)
+                ways.push_back(node.contains);
         }
         if (!isEvaluated)
-            schemas.push_back(unevaluated.schema);
+            schemas.push_back(graph.anyOf(std::move(ways)));
     }
-    for (const Containing& containing : schema_.containing) {
-        if (containing.max == 0)
-            schemas.push_back(factory_->graph().opposite(containing.schema));
+    for (std::size_t i = 0; i < schema_.containing.size(); ++i) {
+        const Containing& counted = schema_.containing[i];
+        if (i == containing)
+            schemas.push_back(counted.schema);
+        else if (counted.max == 0 || (containing == forNoMore && counted.max != UINT64_MAX))
+            schemas.push_back(graph.opposite(counted.schema));
     }
     return schemas;
 }
 
-Demand& ArrayPart::makeItem(std::size_t index) {
-    return factory_->demand(schemasAt(index));
-}
-
-Demand& ArrayPart::itemAt(std::size_t index) {
+Demand& ArrayPart::itemAt(std::size_t index, std::size_t containing) {
     const std::size_t kept = std::min(index, prefix_);
+    if (containing != forNone) {
+        Demand*& demand = otherItems_[{kept, containing}];
+        if (demand == nullptr)
+            demand = &factory_->demand(schemasAt(kept, containing));
+        return *demand;
+    }
     while (items_.size() <= kept)
-        items_.push_back(&makeItem(items_.size()));
+        items_.push_back(&factory_->demand(schemasAt(items_.size(), forNone)));
     return *items_[kept];
 }
 
 void ArrayPart::addNeeds() {
     for (std::uint64_t index = 0; index < std::min<std::uint64_t>(leastItems_, prefix_); ++index)
-        needs_.push_back({&itemAt(index), 1});
+        needs_.push_back({&itemAt(index, forNone), 1});
     if (leastItems_ > prefix_)
-        needs_.push_back({&itemAt(prefix_), leastItems_ - prefix_});
+        needs_.push_back({&itemAt(prefix_, forNone), leastItems_ - prefix_});
 }
 
 std::uint64_t ArrayPart::count(Context& context) {
@@ -75,12 +92,13 @@ std::uint64_t ArrayPart::count(Context& context) {
     std::uint64_t most = schema_.maxItems;
     if (most == UINT64_MAX || most > config.maxItems())
         most = min > config.maxItems() ? min : config.maxItems();
-    if (context.fullness() != Fullness::Full) {
-        const bool isScalar = context.fullness() == Fullness::Scalars &&
-                              context.isPossible(itemAt(prefix_)) && itemAt(prefix_).height == 0;
-        most = isScalar ? std::min<std::uint64_t>(most, std::max<std::uint64_t>(min, 2)) : leastItems_;
-        min = isScalar ? min : leastItems_;
-    }
+    const Fullness fullness = context.fullness();
+    Demand& item = itemAt(prefix_, forNone);
+    const bool isPossible = context.isPossible(item);
+    if (fullness == Fullness::Scalars && isPossible && item.height == 0)
+        most = std::min<std::uint64_t>(most, std::max<std::uint64_t>(min, 2));
+    else if (fullness != Fullness::Full || (isPossible && item.size > largestOptional))
+        most = min = leastItems_;
     // Fewer of them the deeper they are.
     most = std::max(min, std::min(most, std::max<std::uint64_t>(most >> std::min(context.depth(), 60U), 1)));
     if (most > 0 && min == 0)
@@ -88,7 +106,7 @@ std::uint64_t ArrayPart::count(Context& context) {
     std::uint64_t count = context.random().between(min, most);
     // Items that there cannot be end the array.
     for (std::uint64_t index = leastItems_; index < count && index <= prefix_; ++index) {
-        if (!context.isPossible(itemAt(index)))
+        if (!context.isPossible(itemAt(index, forNone)))
             count = index;
     }
     return count;
@@ -98,15 +116,12 @@ std::uint64_t ArrayPart::count(Context& context) {
 std::vector<ArrayPart::Position> ArrayPart::placeContained(Context& context, std::uint64_t& count) {
     std::vector<Position> positions;
     std::size_t next = 0;
-    for (const Containing& containing : schema_.containing) {
-        for (std::uint64_t placed = 0; placed < containing.min && next < schema_.maxItems; ++next) {
-            std::vector<SchemaId> schemas = schemasAt(next);
-            schemas.push_back(containing.schema);
-            Demand& demand = factory_->demand(std::move(schemas));
-            if (!context.isPossible(demand))
-                if (next <= prefix_)
-                    continue;
-            positions.push_back({next, &demand});
+    for (std::size_t i = 0; i < schema_.containing.size(); ++i) {
+        for (std::uint64_t placed = 0; placed < schema_.containing[i].min && next < schema_.maxItems;
+             ++next) {
+            if (next <= prefix_ && !context.isPossible(itemAt(next, i)))
+                continue;
+            positions.push_back({next, i});
             ++placed;
         }
     }
@@ -114,84 +129,67 @@ std::vector<ArrayPart::Position> ArrayPart::placeContained(Context& context, std
     return positions;
 }
 
-bool ArrayPart::isNew(const jv::JV& item) {
-    const std::uint64_t hash = item.hash();
-    for (auto [at, end] = seen_.equal_range(hash); at != end; ++at) {
-        if (at->second->equals(item))
-            return false;
-    }
-    return true;
-}
-
-bool ArrayPart::addItem(Context& context, Demand& demand, jv::JV& out) {
-    auto item = std::make_unique<jv::JV>();
-    if (!context.generate(demand, *item))
-        return false;
-    out.append(std::move(item));
-    return true;
-}
-
-bool ArrayPart::addDistinctItem(Context& context, Demand& demand, jv::JV& out) {
+bool ArrayPart::addDistinctItem(Context& context, Demand& demand, Seen& seen, jv::TreeBuilder& out) {
+    const jv::TreeBuilder::Checkpoint before = out.checkpoint();
     for (std::uint64_t attempt = 0; attempt < drawsOfDistinct; ++attempt) {
-        auto item = std::make_unique<jv::JV>();
-        if (!context.generate(demand, *item))
+        if (!context.generate(demand, out))
             return false;
-        if (isNew(*item)) {
-            seen_.emplace(item->hash(), item.get());
-            out.append(std::move(item));
+        const jv::JV& item = *out.last();
+        const std::uint64_t hash = item.hash();
+        if (isNew(item, hash, seen)) {
+            seen.emplace(hash, &item);
             return true;
         }
+        out.rollBack(before);
         if (attempt % drawsBetweenSpreads == drawsBetweenSpreads - 1)
             context.setSpread(std::min(context.spread() + 1, mostSpread));
     }
     return false;
 }
 
-bool ArrayPart::generate(Context& context, jv::JV& out) {
-    out.setNull();
-    out.makeArray();
+/// Returns how many were made.
+std::uint64_t ArrayPart::addItems(Context& context, std::uint64_t count, std::span<const Position> positions,
+                                  jv::TreeBuilder& out) {
+    Seen seen;
+    std::size_t nextPosition = 0;
+    std::uint64_t contained = positions.size(); // or perhaps so
+    for (std::uint64_t index = 0; index < count; ++index) {
+        std::size_t containing = forNone;
+        if (nextPosition < positions.size() && positions[nextPosition].index == index)
+            containing = positions[nextPosition++].containing;
+        else if (contained >= mostContained_)
+            containing = forNoMore;
+        else
+            ++contained;
+        Demand& demand = itemAt(index, containing);
+        const bool isMade =
+            schema_.uniqueItems ? addDistinctItem(context, demand, seen, out) : context.generate(demand, out);
+        if (!isMade)
+            return index;
+    }
+    return count;
+}
+
+bool ArrayPart::generate(Context& context, jv::TreeBuilder& out) {
     std::uint64_t items = count(context);
     const std::vector<Position> positions =
         schema_.containing.empty() ? std::vector<Position>() : placeContained(context, items);
     if (items > schema_.maxItems)
         return context.fail(schema_.place, "its 'contains' asks for more items than it may have");
-    std::vector<SchemaId> others; // of what is more than a `contains` allows
-    for (const Containing& containing : schema_.containing) {
-        if (containing.max != UINT64_MAX)
-            others.push_back(factory_->graph().opposite(containing.schema));
-    }
-    auto outerSeen = std::move(seen_); // a value of this part may hold another one
-    seen_.clear();
+    out.startArray({});
     const std::uint32_t outerSpread = context.spread();
-    std::size_t nextPosition = 0;
     if (schema_.duplicateItems && items > 0)
         --items; // the last one is a copy
-    bool isDone = true;
-    for (std::uint64_t index = 0; index < items && isDone; ++index) {
-        Demand* demand = nullptr;
-        if (nextPosition < positions.size() && positions[nextPosition].index == index) {
-            demand = positions[nextPosition++].demand;
-        } else if (others.empty()) {
-            demand = &itemAt(index);
-        } else {
-            std::vector<SchemaId> schemas = schemasAt(index);
-            schemas.insert(schemas.end(), others.begin(), others.end());
-            demand = &factory_->demand(std::move(schemas));
-        }
-        if (schema_.uniqueItems)
-            isDone = addDistinctItem(context, *demand, out);
-        else
-            isDone = addItem(context, *demand, out);
-    }
-    if (schema_.duplicateItems && isDone && out.size() > 0)
-        out.append(jv::JVDocument::clone(*std::as_const(out).elements().back()));
+    const std::uint64_t made = addItems(context, items, positions, out);
     context.setSpread(outerSpread);
-    seen_ = std::move(outerSeen);
     // What is more than the least need not be.
-    if (!isDone &&
-        out.size() < std::max<std::uint64_t>(leastItems_, positions.empty() ? 0 : positions.back().index + 1))
+    if (made < items &&
+        made < std::max<std::uint64_t>(leastItems_, positions.empty() ? 0 : positions.back().index + 1))
         return context.fail(schema_.place, schema_.uniqueItems ? "no more different items were found"
                                                                : "no further item was found");
+    if (schema_.duplicateItems && made == items && made > 0)
+        out.addCopy(*out.last());
+    out.end();
     return true;
 }
 

@@ -107,14 +107,25 @@ int decimalsOf(const number::Number& value) {
 }
 
 number::Number numberOf(Integer mantissa, int scale) {
-    while (scale > 0 && mantissa % 10 == 0) {
-        mantissa /= 10;
-        --scale;
+    const bool isNarrow = mantissa >= INT64_MIN && mantissa <= INT64_MAX;
+    if (isNarrow) { // which is much faster to divide
+        auto narrow = static_cast<std::int64_t>(mantissa);
+        for (; scale > 0 && narrow % 10 == 0; --scale)
+            narrow /= 10;
+        mantissa = narrow;
+    } else {
+        for (; scale > 0 && mantissa % 10 == 0; --scale)
+            mantissa /= 10;
     }
     if (scale == 0 && mantissa >= INT64_MIN && mantissa <= INT64_MAX)
         return number::Number(static_cast<std::int64_t>(mantissa));
     if (scale == 0 && mantissa > 0 && mantissa <= Integer{UINT64_MAX})
         return number::Number(static_cast<std::uint64_t>(mantissa));
+    // Both are exact as floats, and so the quotient is the nearest one.
+    constexpr Integer exactMantissa = Integer{1} << 53;
+    constexpr int exactPower = 22;
+    if (scale <= exactPower && mantissa <= exactMantissa && mantissa >= -exactMantissa)
+        return number::Number(static_cast<double>(mantissa) / static_cast<double>(powerOfTen(scale)));
     std::string text;
     for (Integer rest = mantissa < 0 ? -mantissa : mantissa; rest != 0; rest /= 10)
         text.insert(text.begin(), static_cast<char>('0' + static_cast<int>(rest % 10)));

@@ -11,6 +11,9 @@
 
 namespace specloom::jv_generator {
 
+/// What need not be made is left out when it has more values and bytes.
+inline constexpr std::uint64_t largestOptional = 10'000;
+
 /// What is asked of one value: that it fits some schemas at once. Either a choice between demands that say
 /// more, or a part that makes the value.
 struct Demand {
@@ -24,18 +27,22 @@ struct Demand {
     /// No value is nested so deep: there is none.
     static constexpr std::uint32_t endless = UINT32_MAX;
 
-    std::vector<SchemaId> schemas; ///< in ascending order
+    // What is looked at for each value stands together.
     State state = State::New;
     Choosing choosing = Choosing::Any;
     bool isMeasured = false;
+    bool isUnknown = false;   ///< too much to look at: taken for an easy one
+    bool isContainer = false; ///< whether the part's values hold others
     bool mayBeNull = false;
     std::uint32_t height = endless;  ///< levels of containers that a value has at least
     std::uint64_t size = UINT64_MAX; ///< values and bytes of texts that it has at least
-    std::vector<Demand*> alternatives;
-    std::size_t measured =
-        1; ///< alternatives of a choice of the first that counted; all do for other choices
     std::unique_ptr<GenBase> part;
-    std::string reason;            ///< why it is impossible
+    std::vector<Demand*> alternatives;
+
+    std::vector<SchemaId> schemas; ///< in ascending order
+    std::size_t measured =
+        1;              ///< alternatives of a choice of the first that counted; all do for other choices
+    std::string reason; ///< why it is impossible
     const jv::JV* place = nullptr; ///< the schema of the bundle that says so
 };
 

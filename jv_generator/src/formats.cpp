@@ -3,25 +3,18 @@
 #include "foundation/validators/validators.h"
 #include "jv_generator/texts.h"
 
-#include <algorithm>        // std::clamp, std::max, std::min
-#include <array>            // std::to_array
-#include <initializer_list> // std::initializer_list
+#include <algorithm> // std::clamp, std::max, std::min, std::ranges::is_sorted, std::ranges::lower_bound
+#include <array>     // std::to_array
 
 namespace specloom::jv_generator {
 
 namespace {
 
 constexpr std::string_view lowerHex = "0123456789abcdef";
+constexpr std::string_view hexWithoutZero = "123456789abcdef";
 constexpr std::string_view decimal = "0123456789";
+constexpr std::string_view decimalWithoutZero = "123456789";
 constexpr std::string_view capitals = "ABCDEFGHIJKLMNOPQRSTUVWXYZ";
-
-/// The pieces one behind the other. They are drawn in this order, which the operands of "+" need not be.
-[[nodiscard]] std::string joined(std::initializer_list<std::string_view> pieces) {
-    std::string text;
-    for (const std::string_view piece : pieces)
-        text += piece;
-    return text;
-}
 
 /// Letters for what `taken` signs leave of a length; from 3 to 8 where that is open.
 [[nodiscard]] std::uint64_t room(RandomEngine& random, const TextLength& length, std::uint64_t taken,
@@ -32,290 +25,364 @@ constexpr std::string_view capitals = "ABCDEFGHIJKLMNOPQRSTUVWXYZ";
                           std::min(max, std::max<std::uint64_t>(min, 8)));
 }
 
-[[nodiscard]] std::string date(RandomEngine& random, const TextLength& /*length*/) {
+/// A word that fills what `taken` signs leave.
+void addWordIn(RandomEngine& random, const TextLength& length, std::uint64_t taken, std::string& text) {
+    addWord(random, room(random, length, taken), text);
+}
+
+void addDate(RandomEngine& random, const TextLength& /*length*/, std::string& text) {
     const std::uint64_t year = random.between(1990, 2030);
     const std::uint64_t month = random.between(1, 12);
     const auto days =
         static_cast<std::uint64_t>(daysInMonth(static_cast<int>(year), static_cast<int>(month)));
-    return std::to_string(year) + '-' + digits(random, month, month, 2) + '-' + digits(random, 1, days, 2);
+    addDigits(random, year, year, 4, text);
+    text += '-';
+    addDigits(random, month, month, 2, text);
+    text += '-';
+    addDigits(random, 1, days, 2, text);
+}
+
+void addClock(RandomEngine& random, std::string& text) {
+    addDigits(random, 0, 23, 2, text);
+    text += ':';
+    addDigits(random, 0, 59, 2, text);
+    text += ':';
+    addDigits(random, 0, 59, 2, text);
 }
 
 /// With a fraction where the length asks for one.
-[[nodiscard]] std::string timeOf(RandomEngine& random, std::uint64_t min) {
-    std::string text =
-        joined({digits(random, 0, 23, 2), ":", digits(random, 0, 59, 2), ":", digits(random, 0, 59, 2)});
-    if (min > text.size() + 1)
-        text += '.' + signsOf(random, decimal, std::max<std::uint64_t>(min - text.size() - 2, 1));
-    return text + 'Z';
+void addTime(RandomEngine& random, const TextLength& length, std::string& text) {
+    constexpr std::uint64_t clock = 8;
+    addClock(random, text);
+    if (length.min > clock + 1) {
+        text += '.';
+        addSigns(random, decimal, std::max<std::uint64_t>(length.min - clock - 2, 1), text);
+    }
+    text += 'Z';
 }
 
-[[nodiscard]] std::string time(RandomEngine& random, const TextLength& length) {
-    return timeOf(random, length.min);
+void addDateTime(RandomEngine& random, const TextLength& length, std::string& text) {
+    constexpr std::uint64_t taken = 11;
+    addDate(random, length, text);
+    text += 'T';
+    addTime(random, {length.min > taken ? length.min - taken : 0, length.max}, text);
 }
 
-[[nodiscard]] std::string dateTime(RandomEngine& random, const TextLength& length) {
-    return joined({date(random, length), "T", timeOf(random, length.min > 11 ? length.min - 11 : 0)});
-}
-
-[[nodiscard]] std::string duration(RandomEngine& random, const TextLength& length) {
-    if (length.max < 6)
-        return 'P' + digits(random, 1, 9, static_cast<int>(std::clamp<std::uint64_t>(length.min, 3, 5)) - 2) +
-               'D';
-    std::string text = joined({"P", digits(random, 1, 9, 1), "DT", digits(random, 1, 9, 1), "H"});
-    if (length.min > text.size())
-        text.insert(1, signsOf(random, "123456789", length.min - text.size()));
-    return text;
+void addDuration(RandomEngine& random, const TextLength& length, std::string& text) {
+    constexpr std::uint64_t usual = 6;
+    text += 'P';
+    if (length.max < usual) {
+        addDigits(random, 1, 9, static_cast<int>(std::clamp<std::uint64_t>(length.min, 3, 5)) - 2, text);
+        text += 'D';
+        return;
+    }
+    if (length.min > usual)
+        addSigns(random, decimalWithoutZero, length.min - usual, text);
+    addDigits(random, 1, 9, 1, text);
+    text += "DT";
+    addDigits(random, 1, 9, 1, text);
+    text += 'H';
 }
 
 /// Labels of at most 63 letters, `length` signs in all.
-[[nodiscard]] std::string labels(RandomEngine& random, std::uint64_t length) {
-    std::string text;
+void addLabels(RandomEngine& random, std::uint64_t length, std::string& text) {
     while (length > 63) {
-        text += word(random, 20) + '.';
+        addWord(random, 20, text);
+        text += '.';
         length -= 21;
     }
-    return text + word(random, std::max<std::uint64_t>(length, 1));
+    addWord(random, std::max<std::uint64_t>(length, 1), text);
 }
 
-[[nodiscard]] std::string hostname(RandomEngine& random, const TextLength& length) {
+void addHostname(RandomEngine& random, const TextLength& length, std::string& text) {
     constexpr std::string_view domain = ".example.com";
-    if (length.max <= domain.size())
-        return labels(random, room(random, length, 0));
-    return labels(random, room(random, length, domain.size())).append(domain);
+    const bool hasRoom = length.max > domain.size();
+    addLabels(random, room(random, length, hasRoom ? domain.size() : 0), text);
+    text += hasRoom ? domain : "";
 }
 
-[[nodiscard]] std::string idnHostname(RandomEngine& random, const TextLength& length) {
-    constexpr std::string_view domain = "ü.example";
+void addIDNHostname(RandomEngine& random, const TextLength& length, std::string& text) {
     if (length.max < 10)
-        return hostname(random, length);
-    return labels(random, room(random, length, 9)).append(domain);
+        return addHostname(random, length, text);
+    addLabels(random, room(random, length, 9), text);
+    text += "ü.example";
 }
 
-[[nodiscard]] std::string email(RandomEngine& random, const TextLength& length) {
+/// `inner` stands in front of the at sign and counts as one sign.
+void addMailbox(RandomEngine& random, const TextLength& length, std::string_view inner, std::string& text) {
     const std::string_view domain = length.max < 13 ? "@e.co" : "@example.com";
     const std::uint64_t letters = room(random, length, domain.size());
-    if (letters <= 64)
-        return word(random, letters).append(domain);
-    return joined({word(random, 8), "@", labels(random, letters - 9), ".example.com"});
+    if (letters <= 64) {
+        addWord(random, letters, text);
+        text.append(inner).append(domain);
+        return;
+    }
+    addWord(random, 8, text);
+    text.append(inner) += '@';
+    addLabels(random, letters - 9, text);
+    text += ".example.com";
 }
 
-[[nodiscard]] std::string idnEmail(RandomEngine& random, const TextLength& length) {
+void addEmail(RandomEngine& random, const TextLength& length, std::string& text) {
+    addMailbox(random, length, "", text);
+}
+
+void addIDNEmail(RandomEngine& random, const TextLength& length, std::string& text) {
     if (length.max < 14)
-        return email(random, length);
-    std::string text = email(random, {length.min > 0 ? length.min - 1 : 0, length.max - 1});
-    return text.insert(text.find('@'), "ü");
+        return addEmail(random, length, text);
+    addMailbox(random, {length.min > 0 ? length.min - 1 : 0, length.max - 1}, "ü", text);
 }
 
-[[nodiscard]] std::string ipv4(RandomEngine& random, const TextLength& length) {
-    if (length.min <= 11 && length.max >= 12)
-        return "192.0.2." + std::to_string(random.between(1, 254));
-    std::string text;
-    for (int octet = 0; octet < 4; ++octet)
-        text += (octet == 0 ? "" : ".") +
-                std::to_string(random.between(length.max < 15 ? 1 : 100, length.max < 15 ? 9 : 255));
-    return text;
+void addIPv4(RandomEngine& random, const TextLength& length, std::string& text) {
+    if (length.min <= 11 && length.max >= 12) {
+        text += "192.0.2.";
+        addDigits(random, 1, 254, 1, text);
+        return;
+    }
+    const bool isShort = length.max < 15;
+    for (int octet = 0; octet < 4; ++octet) {
+        text += octet == 0 ? "" : ".";
+        addDigits(random, isShort ? 1 : 100, isShort ? 9 : 255, 1, text);
+    }
 }
 
-[[nodiscard]] std::string ipv6(RandomEngine& random, const TextLength& length) {
-    if (length.max < 14)
-        return "::" + signsOf(random, "123456789abcdef", 1);
-    std::string text = "2001:db8";
-    const std::uint64_t groups = length.min > 14 ? 6 : 1;
-    text += groups == 1 ? ":" : "";
-    for (std::uint64_t group = 0; group < groups; ++group)
-        text += ':' + signsOf(random, "123456789abcdef", 4);
-    return text;
+void addIPv6(RandomEngine& random, const TextLength& length, std::string& text) {
+    if (length.max < 14) {
+        text += "::";
+        return addSigns(random, hexWithoutZero, 1, text);
+    }
+    const int groups = length.min > 14 ? 6 : 1;
+    text += groups == 1 ? "2001:db8:" : "2001:db8";
+    for (int group = 0; group < groups; ++group) {
+        text += ':';
+        addSigns(random, hexWithoutZero, 4, text);
+    }
 }
 
 /// `letters` signs of a path, in pieces.
-[[nodiscard]] std::string path(RandomEngine& random, std::uint64_t letters) {
-    std::string text;
+void addPath(RandomEngine& random, std::uint64_t letters, std::string& text) {
     while (letters > 12) {
         const std::uint64_t piece = random.between(3, 8);
-        text += word(random, piece) + '/';
+        addWord(random, piece, text);
+        text += '/';
         letters -= piece + 1;
     }
-    return text + word(random, letters);
+    addWord(random, letters, text);
 }
 
-[[nodiscard]] std::string uriBelow(std::string_view base, RandomEngine& random, const TextLength& length,
-                                   std::uint64_t codePoints) {
-    return std::string(base) + path(random, room(random, length, codePoints));
+void addBelow(std::string_view base, RandomEngine& random, const TextLength& length, std::uint64_t codePoints,
+              std::string& text) {
+    text += base;
+    addPath(random, room(random, length, codePoints), text);
 }
 
-[[nodiscard]] std::string uri(RandomEngine& random, const TextLength& length) {
+void addURI(RandomEngine& random, const TextLength& length, std::string& text) {
     constexpr std::string_view base = "https://example.com/";
+    constexpr std::string_view shortBase = "http://e.co/";
     if (length.max > base.size())
-        return uriBelow(base, random, length, base.size());
-    if (length.max > 10)
-        return uriBelow("http://e.co/", random, length, 12).substr(0, length.max);
-    return "a:" + word(random, room(random, length, 2));
+        return addBelow(base, random, length, base.size(), text);
+    if (length.max > shortBase.size())
+        return addBelow(shortBase, random, length, shortBase.size(), text);
+    if (length.max + 1 >= shortBase.size()) {
+        text += shortBase.substr(0, length.max);
+        return;
+    }
+    text += "a:";
+    addWordIn(random, length, 2, text);
 }
 
-[[nodiscard]] std::string uriReference(RandomEngine& random, const TextLength& length) {
-    return uriBelow("/", random, length, 1);
+void addURIReference(RandomEngine& random, const TextLength& length, std::string& text) {
+    addBelow("/", random, length, 1, text);
 }
 
-[[nodiscard]] std::string iri(RandomEngine& random, const TextLength& length) {
+void addIRI(RandomEngine& random, const TextLength& length, std::string& text) {
     if (length.max < 20)
-        return uri(random, length);
-    return uriBelow("https://ü.example/", random, length, 18);
+        return addURI(random, length, text);
+    addBelow("https://ü.example/", random, length, 18, text);
 }
 
-[[nodiscard]] std::string iriReference(RandomEngine& random, const TextLength& length) {
-    return length.max < 4 ? uriReference(random, length) : uriBelow("/ü/", random, length, 3);
+void addIRIReference(RandomEngine& random, const TextLength& length, std::string& text) {
+    if (length.max < 4)
+        return addURIReference(random, length, text);
+    addBelow("/ü/", random, length, 3, text);
 }
 
-[[nodiscard]] std::string uriTemplate(RandomEngine& random, const TextLength& length) {
+void addURITemplate(RandomEngine& random, const TextLength& length, std::string& text) {
     if (length.max < 6)
-        return uriReference(random, length);
-    return joined({"/", path(random, room(random, length, 5)), "/{", word(random, 1), "}"});
+        return addURIReference(random, length, text);
+    addBelow("/", random, length, 5, text);
+    text += "/{";
+    addWord(random, 1, text);
+    text += '}';
 }
 
-[[nodiscard]] std::string urn(RandomEngine& random, const TextLength& length) {
-    return "urn:example:" + word(random, room(random, length, 12));
+void addURN(RandomEngine& random, const TextLength& length, std::string& text) {
+    text += "urn:example:";
+    addWordIn(random, length, 12, text);
 }
 
-[[nodiscard]] std::string uuid(RandomEngine& random, const TextLength& /*length*/) {
-    return joined({signsOf(random, lowerHex, 8), "-", signsOf(random, lowerHex, 4), "-4",
-                   signsOf(random, lowerHex, 3), "-", signsOf(random, "89ab", 1),
-                   signsOf(random, lowerHex, 3), "-", signsOf(random, lowerHex, 12)});
+void addUUID(RandomEngine& random, const TextLength& /*length*/, std::string& text) {
+    const auto digits = [&](std::uint64_t count) { addSigns(random, lowerHex, count, text); };
+    digits(8);
+    text += '-';
+    digits(4);
+    text += "-4";
+    digits(3);
+    text += '-';
+    addSigns(random, "89ab", 1, text);
+    digits(3);
+    text += '-';
+    digits(12);
 }
 
-[[nodiscard]] std::string jsonPointer(RandomEngine& random, const TextLength& length) {
-    return '/' + path(random, room(random, length, 1));
+void addJSONPointer(RandomEngine& random, const TextLength& length, std::string& text) {
+    addBelow("/", random, length, 1, text);
 }
 
-[[nodiscard]] std::string jsonPointerFragment(RandomEngine& random, const TextLength& length) {
-    return "#/" + path(random, room(random, length, 2));
+void addJSONPointerFragment(RandomEngine& random, const TextLength& length, std::string& text) {
+    addBelow("#/", random, length, 2, text);
 }
 
-[[nodiscard]] std::string relativeJSONPointer(RandomEngine& random, const TextLength& length) {
+void addRelativeJSONPointer(RandomEngine& random, const TextLength& length, std::string& text) {
     if (length.max < 3)
-        return digits(random, 1, 9, static_cast<int>(std::max<std::uint64_t>(length.min, 1)));
-    return joined({digits(random, 0, 3, 1), "/", path(random, room(random, length, 2))});
+        return length.min < 2 ? addDigits(random, 1, 9, 1, text) : addDigits(random, 10, 99, 1, text);
+    addDigits(random, 0, 3, 1, text);
+    addBelow("/", random, length, 2, text);
 }
 
-[[nodiscard]] std::string regex(RandomEngine& random, const TextLength& length) {
+void addRegex(RandomEngine& random, const TextLength& length, std::string& text) {
     if (length.max < 9)
-        return word(random, room(random, length, 0));
-    return '^' + word(random, room(random, length, 8)) + "[a-z]*$";
+        return addWordIn(random, length, 0, text);
+    text += '^';
+    addWordIn(random, length, 8, text);
+    text += "[a-z]*$";
 }
 
 /// Groups of four of the alphabet of base 64, which need no padding.
-[[nodiscard]] std::string base64(RandomEngine& random, const TextLength& length) {
+void addBase64(RandomEngine& random, const TextLength& length, std::string& text) {
     constexpr std::string_view alphabet = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789";
     const std::uint64_t least = (length.min + 3) / 4;
     const std::uint64_t most = std::max(least, std::min(length.max / 4, std::max<std::uint64_t>(least, 4)));
     const std::uint64_t groups = random.between(std::min(std::max<std::uint64_t>(least, 2), most), most);
-    return signsOf(random, alphabet, groups * 4);
+    addSigns(random, alphabet, groups * 4, text);
 }
 
-[[nodiscard]] std::string base16(RandomEngine& random, const TextLength& length) {
-    return signsOf(random, "0123456789ABCDEF", (room(random, length, 0, 2) + 1) / 2 * 2);
+void addBase16(RandomEngine& random, const TextLength& length, std::string& text) {
+    addSigns(random, "0123456789ABCDEF", (room(random, length, 0, 2) + 1) / 2 * 2, text);
 }
 
-[[nodiscard]] std::string base32(RandomEngine& random, const TextLength& length) {
-    return signsOf(random, "ABCDEFGHIJKLMNOPQRSTUVWXYZ234567", (room(random, length, 0, 8) + 7) / 8 * 8);
+void addBase32(RandomEngine& random, const TextLength& length, std::string& text) {
+    addSigns(random, "ABCDEFGHIJKLMNOPQRSTUVWXYZ234567", (room(random, length, 0, 8) + 7) / 8 * 8, text);
 }
 
-[[nodiscard]] std::string decimalNumber(RandomEngine& random, const TextLength& length) {
+void addDecimal(RandomEngine& random, const TextLength& length, std::string& text) {
     if (length.max < 4)
-        return signsOf(random, "123456789", room(random, length, 0));
-    std::string text = joined({digits(random, 1, 99, 1), ".", digits(random, 0, 9, 1)});
-    if (length.min > text.size())
-        text += signsOf(random, decimal, length.min - text.size());
-    return text;
+        return addSigns(random, decimalWithoutZero, room(random, length, 0), text);
+    const std::uint64_t whole = random.between(1, 99);
+    addDigits(random, whole, whole, 1, text);
+    text += '.';
+    const std::uint64_t usual = whole < 10 ? 3 : 4;
+    addSigns(random, decimal, length.min > usual ? length.min - usual + 1 : 1, text);
 }
 
-[[nodiscard]] std::string phoneNumber(RandomEngine& random, const TextLength& length) {
-    if (length.max < 12 || length.min > 12)
-        return '+' +
-               signsOf(random, "123456789",
-                       std::clamp<std::uint64_t>(length.max < 12 ? length.max - 1 : length.min - 1, 1, 14));
-    return "+120255501" + digits(random, 0, 99, 2);
+void addPhoneNumber(RandomEngine& random, const TextLength& length, std::string& text) {
+    text += '+';
+    if (length.max >= 12 && length.min <= 12) {
+        text += "120255501";
+        return addDigits(random, 0, 99, 2, text);
+    }
+    const std::uint64_t digits = length.max < 12 ? length.max : length.min;
+    addSigns(random, decimalWithoutZero, std::clamp<std::uint64_t>(digits, 2, 15) - 1, text);
 }
 
-[[nodiscard]] std::string mailDate(RandomEngine& random, const TextLength& /*length*/) {
+void addMailDate(RandomEngine& random, const TextLength& /*length*/, std::string& text) {
     constexpr auto months =
         std::to_array<std::string_view>({"Jan", "Mar", "May", "Jul", "Aug", "Oct", "Dec"});
-    return joined({digits(random, 1, 31, 2), " ", months[random.below(months.size())], " ",
-                   digits(random, 1990, 2030, 4), " ", timeOf(random, 0).substr(0, 8), " +0000"});
+    addDigits(random, 1, 31, 2, text);
+    text += ' ';
+    text += months[random.below(months.size())];
+    text += ' ';
+    addDigits(random, 1990, 2030, 4, text);
+    text += ' ';
+    addClock(random, text);
+    text += " +0000";
 }
 
-[[nodiscard]] std::string currency(RandomEngine& random, const TextLength& /*length*/) {
+void addCurrency(RandomEngine& random, const TextLength& /*length*/, std::string& text) {
     constexpr auto codes = std::to_array<std::string_view>({"AUD", "BRL", "CHF", "EUR", "GBP", "JPY", "USD"});
-    return std::string(codes[random.below(codes.size())]);
+    text += codes[random.below(codes.size())];
 }
 
-[[nodiscard]] std::string country(RandomEngine& random, const TextLength& /*length*/) {
+void addCountry(RandomEngine& random, const TextLength& /*length*/, std::string& text) {
     constexpr auto codes = std::to_array<std::string_view>({"AU", "BR", "CH", "DE", "GB", "JP", "US"});
-    return std::string(codes[random.below(codes.size())]);
+    text += codes[random.below(codes.size())];
 }
 
-[[nodiscard]] std::string colour(RandomEngine& random, const TextLength& /*length*/) {
-    return '#' + signsOf(random, lowerHex, 6);
+void addColour(RandomEngine& random, const TextLength& /*length*/, std::string& text) {
+    text += '#';
+    addSigns(random, lowerHex, 6, text);
 }
 
-[[nodiscard]] std::string password(RandomEngine& random, const TextLength& length) {
+void addPassword(RandomEngine& random, const TextLength& length, std::string& text) {
     const std::uint64_t signs = room(random, length, 0);
     if (signs < 3)
-        return word(random, signs);
-    return joined({signsOf(random, capitals, 1), word(random, signs - 2), signsOf(random, decimal, 1)});
+        return addWord(random, signs, text);
+    addSigns(random, capitals, 1, text);
+    addWord(random, signs - 2, text);
+    addSigns(random, decimal, 1, text);
 }
 
 struct FormatRow {
     std::string_view name;
     TextMaker make;
-    bool (*check)(std::string_view) noexcept = nullptr;
+    TextCheck check = nullptr;
 };
 
 constexpr auto formatTable = std::to_array<FormatRow>({
-    {"base16", base16},
-    {"base32", base32},
-    {"base64", base64},
-    {"base64url", base64},
-    {"byte", base64},
-    {"color", colour},
-    {"currency", currency},
-    {"date", date, isDate},
-    {"date-time", dateTime, isDateTime},
-    {"date-time-rfc-2822", mailDate},
-    {"decimal", decimalNumber},
-    {"duration", duration, isDuration},
-    {"email", email, isEmail},
-    {"hostname", hostname, isHostname},
-    {"idn-email", idnEmail},
-    {"idn-hostname", idnHostname},
-    {"ipv4", ipv4, isIPv4},
-    {"ipv6", ipv6, isIPv6},
-    {"iri", iri},
-    {"iri-reference", iriReference},
-    {"iso-country-code", country},
-    {"iso-date-time", dateTime},
-    {"iso-time", time},
-    {"json-pointer", jsonPointer, isJSONPointer},
-    {"json-pointer-uri-fragment", jsonPointerFragment},
-    {"password", password},
-    {"phone", phoneNumber},
-    {"phone-number", phoneNumber},
-    {"regex", regex, isRegex},
-    {"relative-json-pointer", relativeJSONPointer, isRelativeJSONPointer},
-    {"time", time, isTime},
-    {"uri", uri, isURI},
-    {"uri-reference", uriReference, isURIReference},
-    {"uri-template", uriTemplate, isURITemplate},
-    {"url", uri},
-    {"urn", urn},
-    {"uuid", uuid, isUUID},
+    {"base16", addBase16},
+    {"base32", addBase32},
+    {"base64", addBase64},
+    {"base64url", addBase64},
+    {"byte", addBase64},
+    {"color", addColour},
+    {"currency", addCurrency},
+    {"date", addDate, isDate},
+    {"date-time", addDateTime, isDateTime},
+    {"date-time-rfc-2822", addMailDate},
+    {"decimal", addDecimal},
+    {"duration", addDuration, isDuration},
+    {"email", addEmail, isEmail},
+    {"hostname", addHostname, isHostname},
+    {"idn-email", addIDNEmail},
+    {"idn-hostname", addIDNHostname},
+    {"ipv4", addIPv4, isIPv4},
+    {"ipv6", addIPv6, isIPv6},
+    {"iri", addIRI},
+    {"iri-reference", addIRIReference},
+    {"iso-country-code", addCountry},
+    {"iso-date-time", addDateTime},
+    {"iso-time", addTime},
+    {"json-pointer", addJSONPointer, isJSONPointer},
+    {"json-pointer-uri-fragment", addJSONPointerFragment},
+    {"password", addPassword},
+    {"phone", addPhoneNumber},
+    {"phone-number", addPhoneNumber},
+    {"regex", addRegex, isRegex},
+    {"relative-json-pointer", addRelativeJSONPointer, isRelativeJSONPointer},
+    {"time", addTime, isTime},
+    {"uri", addURI, isURI},
+    {"uri-reference", addURIReference, isURIReference},
+    {"uri-template", addURITemplate, isURITemplate},
+    {"url", addURI},
+    {"urn", addURN},
+    {"uuid", addUUID, isUUID},
 });
 
+static_assert(std::ranges::is_sorted(formatTable, {}, &FormatRow::name));
+
 [[nodiscard]] const FormatRow* findFormat(std::string_view name) {
-    for (const FormatRow& row : formatTable) {
-        if (row.name == name)
-            return &row;
-    }
-    return nullptr;
+    const auto* const row = std::ranges::lower_bound(formatTable, name, {}, &FormatRow::name);
+    return row != formatTable.end() && row->name == name ? row : nullptr;
 }
 
 } // namespace
@@ -325,9 +392,16 @@ TextMaker textMakerOf(std::string_view format) {
     return row == nullptr ? nullptr : row->make;
 }
 
-bool hasFormat(std::string_view format, std::string_view text) {
+TextCheck textCheckOf(std::string_view format) {
     const FormatRow* row = findFormat(format);
-    return row == nullptr || row->check == nullptr || row->check(text);
+    return row == nullptr ? nullptr : row->check;
+}
+
+std::vector<std::string_view> formatNames() {
+    std::vector<std::string_view> names;
+    for (const FormatRow& row : formatTable)
+        names.push_back(row.name);
+    return names;
 }
 
 } // namespace specloom::jv_generator

@@ -5,6 +5,7 @@
 #include <cstdint>     // std::uint64_t
 #include <string>      // std::string
 #include <string_view> // std::string_view
+#include <vector>      // std::vector
 
 namespace specloom::jv_generator {
 
@@ -15,13 +16,18 @@ struct TextLength {
     std::uint64_t max;
 };
 
-using TextMaker = std::string (*)(RandomEngine& random, const TextLength& length);
+/// Appends a text, which has its format whatever the length.
+using TextMaker = void (*)(RandomEngine& random, const TextLength& length, std::string& text);
+using TextCheck = bool (*)(std::string_view text) noexcept;
 
 /// What makes texts of a format, or of a content encoding (RFC 4648), by its name; null for those whose texts
 /// are not known to have a form of their own.
 [[nodiscard]] TextMaker textMakerOf(std::string_view format);
 
-/// Whether a text has a format; true for formats that nothing checks.
-[[nodiscard]] bool hasFormat(std::string_view format, std::string_view text);
+/// Whether a text has a format; null for formats that nothing checks.
+[[nodiscard]] TextCheck textCheckOf(std::string_view format);
+
+/// Those that have a maker.
+[[nodiscard]] std::vector<std::string_view> formatNames();
 
 } // namespace specloom::jv_generator

@@ -1,11 +1,12 @@
 #pragma once
 
-#include "jv/jv.h"
+#include "jv/tree_builder.h"
 #include "jv_generator/generator_config.h"
 #include "jv_generator/random_engine.h"
 
 #include <cstdint>     // std::uint8_t, std::uint32_t, std::uint64_t
 #include <span>        // std::span
+#include <string>      // std::string
 #include <string_view> // std::string_view
 
 namespace specloom::jv_generator {
@@ -26,10 +27,15 @@ class Context {
 
     [[nodiscard]] virtual const GeneratorConfig& config() const = 0;
     [[nodiscard]] virtual RandomEngine& random() = 0;
-    /// Sets `out` to a value that a demand asks for. False when none was found; `out` is of no use then.
-    [[nodiscard]] virtual bool generate(Demand& demand, jv::JV& out) = 0;
-    /// Sets `out` to the integer 42.
-    virtual void generateFallback(jv::JV& out) = 0;
+    /// Adds a value to `out` that a demand asks for. False when none was found; `out` is as before then.
+    [[nodiscard]] virtual bool generate(Demand& demand, jv::TreeBuilder& out) = 0;
+    /// Adds the integer 42 to `out`.
+    virtual void generateFallback(jv::TreeBuilder& out) = 0;
+
+    /// A text to work with; nobody counts on what it holds.
+    [[nodiscard]] virtual std::string& buffer() noexcept = 0;
+    /// A tree beside that of the value, with nothing but its root.
+    [[nodiscard]] virtual jv::TreeBuilder& scratch() = 0;
 
     /// Whether there are values that a demand asks for, as far as can be told beforehand.
     [[nodiscard]] virtual bool isPossible(Demand& demand) = 0;
@@ -62,8 +68,8 @@ struct Need {
 class GenBase {
   public:
     virtual ~GenBase() = default;
-    /// Sets `out` to a value. False when none was found.
-    [[nodiscard]] virtual bool generate(Context& context, jv::JV& out) = 0;
+    /// Adds a value to `out`. False when none was found; what was added is the caller's to take back then.
+    [[nodiscard]] virtual bool generate(Context& context, jv::TreeBuilder& out) = 0;
     [[nodiscard]] virtual std::span<const Need> needs() const { return {}; }
     /// Bytes that a value has besides those of its needs.
     [[nodiscard]] virtual std::uint64_t leastBytes() const { return 0; }

@@ -71,6 +71,7 @@ void GenFactory::build(Demand& demand) {
     try {
         if (close(demand, closure))
             makePart(demand, closure);
+        demand.isContainer = demand.part != nullptr && demand.part->isContainer();
     } catch (const regex::SyntaxError& error) {
         refuse(demand, closure.schemas.empty() ? nullptr : graph_->node(closure.schemas.front()).source,
                std::string("its pattern cannot be read: ") + error.what());
@@ -109,17 +110,12 @@ bool GenFactory::close(Demand& demand, Closure& closure) {
     return true;
 }
 
-bool GenFactory::admits(const Demand& demand, const jv::JV& value) {
+Admission GenFactory::admission(const Demand& demand) {
     Closure closure;
     for (const SchemaId id : demand.schemas)
         closure.add(id);
-    if (extend(closure, 0) != nullptr)
-        return false;
-    const MergedSchema merged(*graph_, closure);
-    return merged.admits(*graph_, value) &&
-           (!merged.hasEnumeration || std::ranges::any_of(merged.candidates, [&](const jv::JV* other) {
-               return other->equals(value);
-           }));
+    const bool isNever = extend(closure, 0) != nullptr;
+    return {*graph_, closure, isNever};
 }
 
 /// Makes the demand a choice where one is open: the one with the fewest alternatives, since that tells most
@@ -317,14 +313,15 @@ void GenFactory::makeString(Demand& demand, MergedSchema schema) {
             patterns_.push_back({node->pattern, node->source});
     }
     TextMaker maker = nullptr;
-    for (const std::string_view format : schema.formats)
-        maker = maker == nullptr ? textMakerOf(format) : maker;
+    std::string_view form;
+    for (auto format = schema.formats.begin(); maker == nullptr && format != schema.formats.end(); ++format)
+        maker = textMakerOf(form = *format);
     if (maker == nullptr && !schema.encoding.empty())
-        maker = textMakerOf(schema.encoding);
+        maker = textMakerOf(form = schema.encoding);
     if (!schema.patterns.empty())
         demand.part = std::make_unique<RegexPart>(*graph_, std::move(schema), *config_, maker);
     else if (maker != nullptr)
-        demand.part = std::make_unique<FormatPart>(*graph_, std::move(schema), *config_, maker);
+        demand.part = std::make_unique<FormatPart>(*graph_, std::move(schema), *config_, maker, form);
     else
         demand.part = std::make_unique<StringPart>(*graph_, std::move(schema), *config_);
 }
@@ -436,8 +433,18 @@ namespace {
     return isLazy ? all.first(std::min(demand.measured, all.size())) : all;
 }
 
+/// Returns whether that changed it.
+bool takeForEasy(Demand& demand) {
+    const bool hasChanged = demand.height != 0;
+    demand.height = 0;
+    demand.size = 1;
+    return hasChanged;
+}
+
 /// Measures a demand by what it leads to. Returns whether that changed it.
 [[nodiscard]] bool update(Demand& demand) {
+    if (demand.isUnknown)
+        return takeForEasy(demand);
     std::uint32_t height = Demand::endless;
     std::uint64_t size = UINT64_MAX;
     for (const Demand* alternative : countingOf(demand)) {
@@ -451,7 +458,7 @@ namespace {
             height = std::max(height, need.demand->height);
             size = sumOf(size, productOf(need.count, need.demand->size));
         }
-        height += demand.part->isContainer() && height != Demand::endless ? 1 : 0;
+        height += demand.isContainer && height != Demand::endless ? 1 : 0;
     }
     const bool hasChanged = height != demand.height || size != demand.size;
     demand.height = height;
@@ -495,8 +502,7 @@ void GenFactory::explore(Exploration& exploration) {
         if (further->isMeasured || exploration.seen.contains(further))
             return;
         if (found.size() >= mostExplored) {
-            further->height = 0;
-            further->size = 1;
+            takeForEasy(*further);
             return;
         }
         exploration.seen.insert(further);
@@ -516,15 +522,18 @@ void GenFactory::explore(Exploration& exploration) {
 /// Lets one more alternative count where none could be so far. A choice of the first has one for each thing
 /// that can be broken, and so has each choice behind them: not all of these can be looked at.
 bool GenFactory::widen(const Exploration& exploration) {
-    if (exploration.found.size() >= mostExplored)
-        return false;
+    const bool isTooMuch = exploration.found.size() >= mostExplored;
     bool isWider = false;
     for (Demand* demand : exploration.found) {
         const bool isLazy = demand->choosing == Demand::Choosing::First;
-        if (isLazy && demand->height == Demand::endless && demand->measured < demand->alternatives.size()) {
+        if (!isLazy || demand->isUnknown || demand->height != Demand::endless ||
+            demand->measured >= demand->alternatives.size())
+            continue;
+        if (isTooMuch)
+            demand->isUnknown = true;
+        else
             ++demand->measured;
-            isWider = true;
-        }
+        isWider = true;
     }
     return isWider;
 }

@@ -35,8 +35,7 @@ class GenFactory {
     /// Finds out whether, how high and how large values can be, by the least that they must have.
     void measure(Demand& demand);
 
-    /// Whether a text, number, boolean or null is one that a demand asks for, leaving choices aside.
-    [[nodiscard]] bool admits(const Demand& demand, const jv::JV& value);
+    [[nodiscard]] Admission admission(const Demand& demand);
 
     [[nodiscard]] std::size_t demandCount() const noexcept { return demands_.size(); }
 

@@ -6,7 +6,7 @@
 #include "jv_generator/gen_factory.h"
 #include "jv_schema/schema.h"
 
-#include <algorithm>     // std::min, std::swap
+#include <algorithm>     // std::max, std::min
 #include <optional>      // std::optional
 #include <set>           // std::set
 #include <stdexcept>     // std::runtime_error
@@ -47,16 +47,22 @@ class Generator::Impl final : public Context {
     void setSchema(const openapi::Node& schema);
     void setSchemas(const std::vector<const openapi::Node*>& schemas);
     void choose(const openapi::Node& schema);
-    [[nodiscard]] std::unique_ptr<JV> generateValue();
+    void generateValue(jv::TreeBuilder& out);
     void requireRoomFor(std::uint64_t values) const;
 
     // What parts work with.
 
     [[nodiscard]] const GeneratorConfig& config() const override { return settings; }
     [[nodiscard]] RandomEngine& random() override { return engine_; }
-    [[nodiscard]] bool generate(Demand& demand, JV& out) override;
-    void generateFallback(JV& out) override { out.setInteger(42); }
-    [[nodiscard]] bool isPossible(Demand& demand) override;
+    [[nodiscard]] bool generate(Demand& demand, jv::TreeBuilder& out) override;
+    void generateFallback(jv::TreeBuilder& out) override { out.addNumber(42, {}); }
+    [[nodiscard]] std::string& buffer() noexcept override { return buffer_; }
+    [[nodiscard]] jv::TreeBuilder& scratch() override;
+    [[nodiscard]] bool isPossible(Demand& demand) override {
+        if (!demand.isMeasured)
+            factory_->measure(demand);
+        return demand.height != Demand::endless && demand.height + depth_ < deepestValue;
+    }
     [[nodiscard]] std::uint32_t depth() const noexcept override { return depth_; }
     [[nodiscard]] Fullness fullness() const noexcept override;
     [[nodiscard]] std::uint32_t spread() const noexcept override { return spread_; }
@@ -75,8 +81,8 @@ class Generator::Impl final : public Context {
     void requirePossible();
     [[nodiscard]] const Demand& culprit(const Demand& root) const;
     [[nodiscard]] std::string pointerOf(const JV* schema) const;
-    [[nodiscard]] bool makePart(Demand& demand, JV& out);
-    [[nodiscard]] bool makeChoice(Demand& demand, JV& out);
+    [[nodiscard]] bool makePart(Demand& demand, jv::TreeBuilder& out);
+    [[nodiscard]] bool makeChoice(Demand& demand, jv::TreeBuilder& out);
     [[nodiscard]] std::size_t firstChoice(const Demand& demand);
     void learnFrom(const JV& instance);
     void rebuild();
@@ -103,6 +109,8 @@ class Generator::Impl final : public Context {
     int attempt_ = 0;
     int nestedChoices_ = 0;
     std::string failure_; ///< the first one of this attempt
+    std::string buffer_;
+    std::optional<jv::TreeBuilder> scratch_; ///< of this value, once it was asked for
 };
 
 // ---- a schema
@@ -147,7 +155,8 @@ void Generator::Impl::aimAt(const openapi::Node& schema) {
 
 void Generator::Impl::compile() {
     jv::schema::CompileOptions options;
-    options.assertFormats = true;
+    // Where they choose nothing, texts are held to them one by one.
+    options.assertFormats = bundle_->formatsChoose();
     try {
         validator_ = jv::schema::Schema::compile(bundle_->bundle(), options);
     } catch (const jv::schema::CompileError& error) {
@@ -216,23 +225,34 @@ void Generator::Impl::requireRoomFor(std::uint64_t values) const {
 
 // ---- values
 
-std::unique_ptr<JV> Generator::Impl::generateValue() {
+void Generator::Impl::generateValue(jv::TreeBuilder& out) {
+    scratch_.reset();
+    const jv::TreeBuilder::Checkpoint before = out.checkpoint();
     for (attempt_ = 0; attempt_ < mostAttempts; ++attempt_) {
         made_ = 0;
         failures_ = 0;
         spread_ = 0;
         failure_.clear();
-        auto instance = member_.empty() ? std::make_unique<JV>() : JV::newObject();
-        JV& value = member_.empty() ? *instance : *instance->setNull(member_);
-        if (!generate(*root_, value))
+        if (!generate(*root_, out))
             continue;
-        if (validator_->isValid(*instance)) {
-            notePatterns();
-            return member_.empty() ? std::move(instance) : jv::JVDocument::clone(value);
+        std::unique_ptr<JV> wrapper;
+        if (!member_.empty()) {
+            wrapper = JV::newObject();
+            wrapper->set(member_, jv::JVDocument::clone(*out.last()));
         }
-        learnFrom(*instance);
+        const JV& instance = wrapper == nullptr ? *out.last() : *wrapper;
+        if (validator_->isValid(instance))
+            return notePatterns();
+        learnFrom(instance);
+        out.rollBack(before);
     }
     throw std::runtime_error(formatMessage(notFound, pointer_, mostAttempts, failure_));
+}
+
+jv::TreeBuilder& Generator::Impl::scratch() {
+    if (!scratch_)
+        scratch_.emplace(std::make_unique<jv::JVDocument>());
+    return *scratch_;
 }
 
 void Generator::Impl::notePatterns() {
@@ -278,30 +298,30 @@ Fullness Generator::Impl::fullness() const noexcept {
     return depth_ < scalarDepth ? Fullness::Scalars : Fullness::Required;
 }
 
-bool Generator::Impl::isPossible(Demand& demand) {
-    factory_->measure(demand);
-    return demand.height != Demand::endless && demand.height + depth_ < deepestValue;
-}
-
-bool Generator::Impl::generate(Demand& demand, JV& out) {
+bool Generator::Impl::generate(Demand& demand, jv::TreeBuilder& out) {
     if (!isPossible(demand))
         return fail(demand.place, demand.reason);
     return demand.state == Demand::State::Choice ? makeChoice(demand, out) : makePart(demand, out);
 }
 
-bool Generator::Impl::makePart(Demand& demand, JV& out) {
+bool Generator::Impl::makePart(Demand& demand, jv::TreeBuilder& out) {
     ++made_;
     if (++generated_ > mostGenerated)
         throw std::runtime_error(formatMessage(tooMany, pointer_, mostGenerated));
     if (failures_ > mostFailures || depth_ >= deepestValue)
         return false;
-    depth_ += demand.part->isContainer() ? 1 : 0;
+    const std::uint32_t levels = demand.isContainer ? 1 : 0;
     const int outerChoices = nestedChoices_;
+    const jv::TreeBuilder::Checkpoint before = out.checkpoint();
     nestedChoices_ = 0;
+    depth_ += levels;
     const bool isMade = demand.part->generate(*this, out);
+    depth_ -= levels;
     nestedChoices_ = outerChoices;
-    depth_ -= demand.part->isContainer() ? 1 : 0;
-    failures_ += isMade ? 0 : 1;
+    if (!isMade) {
+        out.rollBack(before);
+        ++failures_;
+    }
     return isMade;
 }
 
@@ -315,27 +335,34 @@ std::size_t Generator::Impl::firstChoice(const Demand& demand) {
     return engine_.below(count);
 }
 
-bool Generator::Impl::makeChoice(Demand& demand, JV& out) {
+bool Generator::Impl::makeChoice(Demand& demand, jv::TreeBuilder& out) {
     if (nestedChoices_ >= mostNestedChoices)
         return fail(demand.place, "its alternatives are nested too deep");
     ++nestedChoices_;
-    const std::size_t count = demand.alternatives.size();
-    const std::size_t first = firstChoice(demand);
     const bool isLean = fullness() != Fullness::Full;
+    const std::uint64_t modestSize = std::max(demand.size, largestOptional);
+    // The shallowest ones where the value is deep or large already, and huge ones last.
+    const auto isModest = [&](const Demand& alternative) {
+        return alternative.size <= modestSize && (!isLean || alternative.height <= demand.height);
+    };
+    const std::size_t first = firstChoice(demand);
     bool isMade = false;
-    for (std::size_t i = 0; i < count && !isMade; ++i) {
-        Demand& alternative = *demand.alternatives[(first + i) % count];
-        if (!isPossible(alternative))
-            continue;
-        // The shallowest ones where the value is deep or large already.
-        if (isLean && alternative.height > demand.height)
-            continue;
-        isMade = generate(alternative, out);
-    }
-    for (std::size_t i = 0; i < count && !isMade && isLean; ++i) {
-        Demand& alternative = *demand.alternatives[(first + i) % count];
-        if (alternative.height > demand.height && isPossible(alternative))
-            isMade = generate(alternative, out);
+    bool isOneLeft = true;
+    for (const bool wantsModest : {true, false}) {
+        if (isMade || !isOneLeft)
+            break;
+        isOneLeft = false;
+        std::size_t next = first;
+        do {
+            Demand& alternative = *demand.alternatives[next];
+            next = next + 1 == demand.alternatives.size() ? 0 : next + 1;
+            if (!isPossible(alternative))
+                continue;
+            if (isModest(alternative) == wantsModest)
+                isMade = generate(alternative, out);
+            else
+                isOneLeft = true;
+        } while (!isMade && next != first);
     }
     --nestedChoices_;
     return isMade;
@@ -382,8 +409,14 @@ void Generator::choose(const openapi::Node& schema) {
     impl_->choose(schema);
 }
 
+void Generator::generate(jv::TreeBuilder& out) {
+    impl_->generateValue(out);
+}
+
 std::unique_ptr<JV> Generator::generate() {
-    return impl_->generateValue();
+    jv::TreeBuilder out(std::make_unique<jv::JVDocument>());
+    generate(out);
+    return jv::JVDocument::clone(*out.last());
 }
 
 void Generator::requireRoomFor(std::uint64_t values) const {

@@ -2,6 +2,7 @@
 
 #include "foundation/message.h"
 #include "jv/jv.h"
+#include "jv/tree_builder.h"
 #include "jv_generator/generator_config.h"
 #include "openapi/node.h"
 
@@ -77,6 +78,8 @@ class Generator {
     ///   "No value was found for the schema at {} in {} attempts: {}"
     ///   "The values of the schema at {} have more than 100000000 values and bytes"
     [[nodiscard]] std::unique_ptr<jv::JV> generate();
+    /// The same, but adds the value to a tree, where one may stand. The tree is of no use when this throws.
+    void generate(jv::TreeBuilder& out);
 
     /// Throws as generate() when so many values are sure to be too large together. Needs a schema.
     void requireRoomFor(std::uint64_t values) const;

@@ -3,7 +3,7 @@
 #include "jv/jv_document.h"
 #include "jv/jv_pointer.h"
 
-#include <algorithm> // std::ranges::lower_bound
+#include <algorithm> // std::ranges::any_of, std::ranges::lower_bound
 #include <array>     // std::to_array
 #include <utility>   // std::move
 #include <vector>    // std::vector
@@ -19,6 +19,7 @@ enum class Holding : std::uint8_t { Value, Schema, List, Map };
 struct BundledKeyword {
     std::string_view name;
     Holding holding;
+    bool chooses = false; ///< what does not fit a schema below it matters too, or is not looked at before
 };
 
 constexpr auto bundledKeywords = std::to_array<BundledKeyword>({
@@ -26,15 +27,15 @@ constexpr auto bundledKeywords = std::to_array<BundledKeyword>({
     {"allOf", Holding::List},
     {"anyOf", Holding::List},
     {"const", Holding::Value},
-    {"contains", Holding::Schema},
+    {"contains", Holding::Schema, true},
     {"contentEncoding", Holding::Value},
     {"dependentRequired", Holding::Value},
     {"dependentSchemas", Holding::Map},
-    {"discriminator", Holding::Value},
+    {"discriminator", Holding::Value, true},
     {"else", Holding::Schema},
     {"enum", Holding::Value},
     {"format", Holding::Value},
-    {"if", Holding::Schema},
+    {"if", Holding::Schema, true},
     {"items", Holding::Schema},
     {"maxContains", Holding::Value},
     {"maxItems", Holding::Value},
@@ -45,18 +46,22 @@ constexpr auto bundledKeywords = std::to_array<BundledKeyword>({
     {"minLength", Holding::Value},
     {"minProperties", Holding::Value},
     {"multipleOf", Holding::Value},
-    {"not", Holding::Schema},
-    {"oneOf", Holding::List},
+    {"not", Holding::Schema, true},
+    {"oneOf", Holding::List, true},
     {"pattern", Holding::Value},
     {"patternProperties", Holding::Map},
     {"prefixItems", Holding::List},
     {"properties", Holding::Map},
-    {"propertyNames", Holding::Schema},
+    {"propertyNames", Holding::Schema, true},
     {"then", Holding::Schema},
-    {"unevaluatedItems", Holding::Schema},
-    {"unevaluatedProperties", Holding::Schema},
+    {"unevaluatedItems", Holding::Schema, true},
+    {"unevaluatedProperties", Holding::Schema, true},
     {"uniqueItems", Holding::Value},
 });
+
+[[nodiscard]] bool isContainer(const JV& value) {
+    return value.isArray() || value.isObject();
+}
 
 } // namespace
 
@@ -130,9 +135,60 @@ class JSONSchemaBuilder {
         convertRequired(source, target);
         for (const char* name : {"minimum", "maximum"})
             convertLimit(source, name, target);
+        if (!isOpenAPI30_)
+            convertDynamicReference(source, target);
+    }
+
+    /// A document is one resource, and in one resource an anchor is one schema: so it is known where a
+    /// dynamic reference leads. It becomes one more schema of `allOf`.
+    void convertDynamicReference(const JV& source, JV& target) {
+        const JV* reference = source.get("$dynamicRef");
+        if (reference == nullptr || !reference->isString())
+            return;
+        const JV* schema = component(reference->text());
+        if (schema == nullptr && reference->text().starts_with('#'))
+            schema = anchored(reference->text().substr(1));
+        if (schema == nullptr)
+            return;
+        const std::string definition = define(*schema);
+        JV* all = target.get("allOf");
+        if (all == nullptr || !all->isArray())
+            all = target.setArray("allOf");
+        all->appendObject()->setString("$ref", definition);
+    }
+
+    /// The object of the document that bears an anchor, or null.
+    [[nodiscard]] const JV* anchored(std::string_view name) {
+        if (!hasAnchors_)
+            collectAnchors();
+        const auto known = anchors_.find(name);
+        return known == anchors_.end() ? nullptr : known->second;
+    }
+
+    void collectAnchors() {
+        hasAnchors_ = true;
+        std::vector<const JV*> open{&document_};
+        while (!open.empty()) {
+            const JV& value = *open.back();
+            open.pop_back();
+            if (value.isArray())
+                open.insert(open.end(), value.elements().begin(), value.elements().end());
+            if (!value.isObject())
+                continue;
+            for (const char* keyword : {"$dynamicAnchor", "$anchor"}) {
+                if (const JV* anchor = value.get(keyword); anchor != nullptr && anchor->isString())
+                    anchors_.try_emplace(anchor->text(), &value);
+            }
+            for (const jv::Member member : value.members())
+                open.push_back(member.value);
+        }
     }
 
     void convertKeyword(const BundledKeyword& keyword, const JV& value, JV& target) {
+        result_.formatsChoose_ |=
+            keyword.chooses || (keyword.name == "const" && isContainer(value)) ||
+            (keyword.name == "enum" && value.isArray() &&
+             std::ranges::any_of(value.elements(), [](const JV* member) { return isContainer(*member); }));
         switch (keyword.holding) {
         case Holding::Value:
             target.set(keyword.name, jv::JVDocument::clone(value));
@@ -223,6 +279,8 @@ class JSONSchemaBuilder {
     const JV& document_;
     bool isOpenAPI30_ = false;
     std::unordered_map<const JV*, std::string> names_;
+    std::unordered_map<std::string_view, const JV*> anchors_;
+    bool hasAnchors_ = false;
     std::vector<Waiting> waiting_;
 };
 

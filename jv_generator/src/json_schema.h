@@ -43,6 +43,9 @@ class JSONSchema {
     [[nodiscard]] std::string memberOf(const openapi::Node& schema) const {
         return memberOf(reference(schema));
     }
+    /// Whether a format has a say in more than the text that it stands beside, as below `oneOf` or `not`,
+    /// where not to have a format may be what counts.
+    [[nodiscard]] bool formatsChoose() const noexcept { return formatsChoose_; }
     /// What a `$ref` of the bundle leads to.
     [[nodiscard]] const jv::JV& target(std::string_view reference) const;
     /// The value of the document that a schema of the bundle came from; null for other values.
@@ -62,6 +65,7 @@ class JSONSchema {
 
     std::unique_ptr<jv::JV> bundle_;
     jv::JV* definitions_;
+    bool formatsChoose_ = false;
     std::unordered_map<const jv::JV*, const jv::JV*> origins_;
     std::unordered_map<const jv::JV*, std::string> references_; ///< by the value in the document
 };

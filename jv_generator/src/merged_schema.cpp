@@ -1,7 +1,6 @@
 #include "jv_generator/merged_schema.h"
 
 #include "foundation/utf8.h"
-#include "jv_generator/formats.h"
 #include "number/exact_numbers.h"
 
 #include <algorithm> // std::max, std::min, std::ranges::any_of, std::ranges::sort
@@ -82,10 +81,7 @@ MergedSchema::MergedSchema(SchemaGraph& graph, const Closure& closure) {
             patterns.push_back(node.pattern);
         if (node.hasOtherThanPattern)
             otherThanPatterns.push_back(node.otherThanPattern);
-        if (!node.format.empty())
-            formats.push_back(node.format);
-        if (!node.otherThanFormat.empty())
-            otherThanFormats.push_back(node.otherThanFormat);
+        addFormats(node);
         if (!node.encoding.empty())
             encoding = node.encoding;
         minItems = std::max(minItems, node.minItems);
@@ -107,6 +103,21 @@ MergedSchema::MergedSchema(SchemaGraph& graph, const Closure& closure) {
     std::erase_if(candidates, [&](const JV* value) { return !admits(graph, *value); });
 }
 
+/// A format that nothing checks is one that every text has.
+void MergedSchema::addFormats(const SchemaNode& node) {
+    if (!node.format.empty()) {
+        formats.push_back(node.format);
+        if (const TextCheck check = textCheckOf(node.format))
+            checks.push_back(check);
+    }
+    if (node.otherThanFormat.empty())
+        return;
+    if (const TextCheck check = textCheckOf(node.otherThanFormat))
+        otherChecks.push_back(check);
+    else
+        kinds = static_cast<ValueKinds>(kinds & ~value_kind::string);
+}
+
 bool MergedSchema::admits(SchemaGraph& graph, const JV& value) const {
     if (value.isNumber() && value.number().kind() == number::NumberKind::Big)
         return false; // cannot be written
@@ -114,10 +125,13 @@ bool MergedSchema::admits(SchemaGraph& graph, const JV& value) const {
         return false;
     if (value.isString())
         return admitsText(graph, value.text());
-    if (!value.isNumber())
-        return true;
-    const number::Number number = value.number();
-    return std::ranges::all_of(lower, [&](const Limit& limit) { return isAbove(number, limit); }) &&
+    return !value.isNumber() || admitsNumber(value.number());
+}
+
+bool MergedSchema::admitsNumber(const number::Number& number) const {
+    const ValueKinds kind = number::isIntegral(number) ? value_kind::integer : value_kind::fraction;
+    return (kind & kinds) != 0 && (excluded.empty() || !holds(excluded, JV(number))) &&
+           std::ranges::all_of(lower, [&](const Limit& limit) { return isAbove(number, limit); }) &&
            std::ranges::all_of(upper, [&](const Limit& limit) { return isBelow(number, limit); }) &&
            std::ranges::all_of(divisors, [&](const auto& divisor) { return divides(divisor, number); }) &&
            std::ranges::none_of(nonDivisors, [&](const auto& divisor) { return divides(divisor, number); });
@@ -129,11 +143,17 @@ bool MergedSchema::admitsText(SchemaGraph& graph, std::string_view text) const {
         if (length < minLength || length > maxLength)
             return false;
     }
-    return std::ranges::all_of(patterns, [&](auto pattern) { return graph.matches(pattern, text); }) &&
-           std::ranges::none_of(otherThanPatterns,
-                                [&](auto pattern) { return graph.matches(pattern, text); }) &&
-           std::ranges::all_of(formats, [&](auto format) { return hasFormat(format, text); }) &&
-           std::ranges::none_of(otherThanFormats, [&](auto format) { return hasFormat(format, text); });
+    const auto isMatched = [&](std::string_view pattern) { return graph.matches(pattern, text); };
+    const auto isPassed = [&](TextCheck check) { return check(text); };
+    return (excluded.empty() || !holds(excluded, JV(text))) && std::ranges::all_of(patterns, isMatched) &&
+           std::ranges::none_of(otherThanPatterns, isMatched) && std::ranges::all_of(checks, isPassed) &&
+           std::ranges::none_of(otherChecks, isPassed);
+}
+
+bool Admission::admits(const JV& value) const {
+    const auto isValue = [&](const JV* other) { return other->equals(value); };
+    return !isNever_ && schema_.admits(*graph_, value) &&
+           (!schema_.hasEnumeration || std::ranges::any_of(schema_.candidates, isValue));
 }
 
 } // namespace specloom::jv_generator

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "jv_generator/formats.h"
 #include "jv_generator/schema_graph.h"
 
 #include <string>        // std::string
@@ -43,6 +44,7 @@ struct MergedSchema {
     /// Whether a text, number, boolean or null fits. Arrays and objects always do here.
     [[nodiscard]] bool admits(SchemaGraph& graph, const jv::JV& value) const;
     [[nodiscard]] bool admitsText(SchemaGraph& graph, std::string_view text) const;
+    [[nodiscard]] bool admitsNumber(const number::Number& value) const;
 
     std::vector<const SchemaNode*> nodes;
     ValueKinds kinds = value_kind::all;
@@ -59,7 +61,8 @@ struct MergedSchema {
     std::vector<std::string_view> patterns;
     std::vector<std::string_view> otherThanPatterns;
     std::vector<std::string_view> formats;
-    std::vector<std::string_view> otherThanFormats;
+    std::vector<TextCheck> checks;      ///< of these formats
+    std::vector<TextCheck> otherChecks; ///< of those that texts must not have
     std::string_view encoding;
     std::uint64_t minItems = 0;
     std::uint64_t maxItems = UINT64_MAX;
@@ -72,6 +75,24 @@ struct MergedSchema {
     std::vector<Unevaluated> unevaluatedItems;
     std::vector<Unevaluated> unevaluatedProperties;
     const jv::JV* place = nullptr; ///< the schema to name when none fits
+
+  private:
+    void addFormats(const SchemaNode& node);
+};
+
+/// What a demand asks of a text, number, boolean or null, leaving choices aside.
+class Admission {
+  public:
+    /// The graph outlives it.
+    Admission(SchemaGraph& graph, const Closure& closure, bool isNever)
+        : graph_(&graph), schema_(graph, closure), isNever_(isNever) {}
+
+    [[nodiscard]] bool admits(const jv::JV& value) const;
+
+  private:
+    SchemaGraph* graph_;
+    MergedSchema schema_;
+    bool isNever_;
 };
 
 } // namespace specloom::jv_generator

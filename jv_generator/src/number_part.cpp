@@ -29,6 +29,8 @@ NumberPart::NumberPart(SchemaGraph& graph, MergedSchema schema, const GeneratorC
     : graph_(&graph), schema_(std::move(schema)) {
     if (schema_.kinds == value_kind::number && (hasFormat("int32") || hasFormat("int64")))
         schema_.kinds = value_kind::integer;
+    // The range is made of multiples, so divisors need no look where nothing is rounded.
+    isPlain_ = schema_.nonDivisors.empty() && schema_.excluded.empty();
     setStep();
     setRange(config);
     // Between 0.001 and 0.002 nothing has two decimals.
@@ -39,6 +41,8 @@ NumberPart::NumberPart(SchemaGraph& graph, MergedSchema schema, const GeneratorC
         ++scale_;
         setRange(config);
     }
+    isSimple_ = isPlain_ && scale_ == 0 && step_ == 1 && schema_.divisors.empty() && least_ <= most_ &&
+                (schema_.kinds & value_kind::integer) != 0 && least_ >= INT64_MIN && most_ <= INT64_MAX;
 }
 
 bool NumberPart::hasFormat(std::string_view name) const {
@@ -112,11 +116,27 @@ Integer NumberPart::draw(Context& context) const {
 }
 
 bool NumberPart::isFine(const number::Number& value) const {
-    jv::JV candidate(value);
-    return schema_.admits(*graph_, candidate);
+    return schema_.admitsNumber(value);
 }
 
-bool NumberPart::generate(Context& context, jv::JV& out) {
+/// Whether a number of the range may break something nevertheless: not all that has decimals is as exact as
+/// the range.
+bool NumberPart::needsLook(const number::Number& value) const {
+    if (!isPlain_)
+        return true;
+    const bool isFloat = value.kind() == number::NumberKind::Float;
+    return isFloat ? schema_.kinds != value_kind::number || !schema_.divisors.empty() ||
+                         !schema_.lower.empty() || !schema_.upper.empty()
+                   : (schema_.kinds & value_kind::integer) == 0;
+}
+
+bool NumberPart::generate(Context& context, jv::TreeBuilder& out) {
+    if (isSimple_ && context.spread() == 0) {
+        const auto least = static_cast<std::uint64_t>(least_);
+        const std::uint64_t drawn = context.random().between(0, static_cast<std::uint64_t>(most_) - least);
+        out.addNumber(static_cast<std::int64_t>(least + drawn), {});
+        return true;
+    }
     if (least_ > most_)
         return context.fail(schema_.place, "there is no number in its range");
     for (int attempt = 0; attempt < drawsOfNumber; ++attempt) {
@@ -128,11 +148,8 @@ bool NumberPart::generate(Context& context, jv::JV& out) {
         const auto divides = [&](const number::Number& divisor) {
             return isLast || dividesAsFloat(value, divisor);
         };
-        const bool isPlain = scale_ == 0 && schema_.nonDivisors.empty() && schema_.excluded.empty() &&
-                             value.kind() != number::NumberKind::Float &&
-                             (schema_.kinds & value_kind::integer) != 0;
-        if (std::ranges::all_of(schema_.divisors, divides) && (isPlain || isFine(value))) {
-            out.setNumber(value);
+        if (std::ranges::all_of(schema_.divisors, divides) && (!needsLook(value) || isFine(value))) {
+            out.addNumber(value, {});
             return true;
         }
     }

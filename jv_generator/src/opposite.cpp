@@ -1,13 +1,28 @@
-// The opposites of schemas: each is a choice of what to break.
+// The opposites of schemas: each is a choice of what to break. Where not every way to break a schema can be
+// told, the last choice is to break nothing: the value is held against the schema in the end.
 
 #include "egret/strings.h"
 #include "jv_generator/schema_graph.h"
 
 #include <algorithm> // std::ranges::any_of
+#include <cstddef>   // std::size_t
 #include <iterator>  // std::back_inserter
 #include <utility>   // std::move
 
 namespace specloom::jv_generator {
+
+namespace {
+
+constexpr std::size_t mostInPairs = 8; ///< alternatives of a `oneOf`
+
+/// Whether a schema can be broken by properties or items that its opposite does not name.
+[[nodiscard]] bool hasUntoldWays(const SchemaNode& schema) {
+    return !schema.patternProperties.empty() || schema.additionalProperties != noSchema ||
+           schema.unevaluatedProperties != noSchema || schema.unevaluatedItems != noSchema ||
+           schema.items != noSchema || schema.oneOf.size() > mostInPairs;
+}
+
+} // namespace
 
 SchemaId SchemaGraph::alternative(const SchemaNode& owner, ValueKinds kinds, SchemaNode node) {
     node.source = owner.source;
@@ -29,6 +44,9 @@ void SchemaGraph::oppose(SchemaNode& node, SchemaId of) {
     opposeScalars(ways, schema);
     opposeArrays(ways, schema);
     opposeCompositions(ways, schema);
+    opposeUnevaluated(ways, schema);
+    if (hasUntoldWays(schema))
+        ways.push_back(always());
     if (ways.empty())
         node.isFalse = true;
     else
@@ -54,6 +72,11 @@ void SchemaGraph::opposeScalars(std::vector<SchemaId>& ways, const SchemaNode& s
     if (!schema.divisors.empty()) {
         SchemaNode node;
         node.nonDivisors = {schema.divisors.front()};
+        ways.push_back(alternative(schema, value_kind::number, std::move(node)));
+    }
+    if (!schema.nonDivisors.empty()) {
+        SchemaNode node;
+        node.divisors = {schema.nonDivisors.front()};
         ways.push_back(alternative(schema, value_kind::number, std::move(node)));
     }
     if (schema.minLength > 0) {
@@ -114,6 +137,11 @@ void SchemaGraph::opposeArrays(std::vector<SchemaId>& ways, const SchemaNode& sc
         SchemaNode node;
         node.minItems = 2;
         node.duplicateItems = true;
+        broken(std::move(node));
+    }
+    if (schema.duplicateItems) {
+        SchemaNode node;
+        node.uniqueItems = true;
         broken(std::move(node));
     }
     std::vector<SchemaId> before;
@@ -178,19 +206,52 @@ void SchemaGraph::opposeObjects(std::vector<SchemaId>& ways, const SchemaNode& s
         for (std::string& name : names.covering({1, 32}))
             breakProperty(keep(std::move(name)), property.schema);
     }
-    if (schema.additionalProperties == noSchema)
-        return;
+    if (const std::string_view name = nameUnknownTo(schema);
+        schema.additionalProperties != noSchema && !name.empty())
+        breakProperty(name, schema.additionalProperties);
+    if (schema.propertyNames != noSchema) {
+        SchemaNode node;
+        node.foreignName = opposite(schema.propertyNames);
+        ways.push_back(alternative(schema, value_kind::object, std::move(node)));
+    }
+    if (schema.foreignName != noSchema) {
+        SchemaNode node;
+        node.propertyNames = opposite(schema.foreignName);
+        ways.push_back(alternative(schema, value_kind::object, std::move(node)));
+    }
+}
+
+/// A name that none of the properties has; empty where those that are tried are all taken.
+std::string_view SchemaGraph::nameUnknownTo(const SchemaNode& schema) {
     const auto isTaken = [&](std::string_view name) {
         return std::ranges::any_of(schema.properties,
                                    [&](const NamedSchema& other) { return other.name == name; }) ||
                std::ranges::any_of(schema.patternProperties,
                                    [&](const NamedSchema& other) { return matches(other.name, name); });
     };
-    for (const char* candidate : {"additional", "other", "x", "ADDITIONAL", "1"}) {
-        if (isTaken(candidate))
-            continue;
-        breakProperty(candidate, schema.additionalProperties);
-        return;
+    for (const std::string_view candidate : {"additional", "other", "x", "ADDITIONAL", "1"}) {
+        if (!isTaken(candidate))
+            return candidate;
+    }
+    return {};
+}
+
+/// What the keywords beside it evaluate is known for those of the schema itself only.
+void SchemaGraph::opposeUnevaluated(std::vector<SchemaId>& ways, const SchemaNode& schema) {
+    if (schema.unevaluatedProperties != noSchema && schema.additionalProperties == noSchema) {
+        if (const std::string_view name = nameUnknownTo(schema); !name.empty())
+            ways.push_back(withProperty(name, opposite(schema.unevaluatedProperties), schema));
+    }
+    if (schema.unevaluatedItems != noSchema && schema.items == noSchema) {
+        SchemaNode item;
+        item.allOf = {opposite(schema.unevaluatedItems)};
+        if (schema.contains != noSchema)
+            item.allOf.push_back(opposite(schema.contains));
+        SchemaNode node;
+        node.prefixItems.assign(schema.prefixItems.size(), always());
+        node.prefixItems.push_back(alternative(schema, value_kind::all, std::move(item)));
+        node.minItems = node.prefixItems.size();
+        ways.push_back(alternative(schema, value_kind::array, std::move(node)));
     }
 }
 
@@ -215,8 +276,11 @@ void SchemaGraph::opposeCompositions(std::vector<SchemaId>& ways, const SchemaNo
     if (schema.oneOf.empty())
         return;
     noneOf(schema.oneOf);
-    for (std::size_t i = 1; i < schema.oneOf.size(); ++i)
-        allOf({schema.oneOf[i - 1], schema.oneOf[i]});
+    const bool isLong = schema.oneOf.size() > mostInPairs; // of many, neighbours only
+    for (std::size_t i = 1; i < schema.oneOf.size(); ++i) {
+        for (std::size_t j = isLong ? i - 1 : 0; j < i; ++j)
+            allOf({schema.oneOf[j], schema.oneOf[i]});
+    }
 }
 
 } // namespace specloom::jv_generator

@@ -161,6 +161,19 @@ SchemaId SchemaGraph::ofKinds(ValueKinds kinds) {
     return known->second;
 }
 
+SchemaId SchemaGraph::anyOf(std::vector<SchemaId> ways) {
+    if (ways.size() == 1)
+        return ways.front();
+    const auto [known, isNew] = choices_.try_emplace(std::move(ways), noSchema);
+    if (isNew) {
+        SchemaNode node;
+        node.source = this->node(known->first.front()).source;
+        node.anyOf.push_back(known->first);
+        known->second = add(std::move(node));
+    }
+    return known->second;
+}
+
 const regex::Pattern& SchemaGraph::pattern(std::string_view source) {
     std::unique_ptr<regex::Pattern>& pattern = patterns_[source];
     if (pattern == nullptr)

@@ -8,6 +8,7 @@
 #include <cstddef>       // std::size_t
 #include <cstdint>       // std::uint8_t, std::uint32_t, std::uint64_t
 #include <deque>         // std::deque
+#include <map>           // std::map
 #include <memory>        // std::unique_ptr
 #include <optional>      // std::optional
 #include <set>           // std::set
@@ -92,6 +93,7 @@ struct SchemaNode {
     std::vector<NamedSchema> patternProperties;
     SchemaId additionalProperties = noSchema;
     SchemaId propertyNames = noSchema;
+    SchemaId foreignName = noSchema; ///< the name of at least one property fits it
     std::vector<std::string_view> required;
     std::uint64_t minProperties = 0;
     std::uint64_t maxProperties = UINT64_MAX;
@@ -126,6 +128,8 @@ class SchemaGraph {
     [[nodiscard]] bool isNever(SchemaId id);
     /// The schema of the values of some kinds.
     [[nodiscard]] SchemaId ofKinds(ValueKinds kinds);
+    /// The schema of values that fit one of some schemas at least; each choice is one schema.
+    [[nodiscard]] SchemaId anyOf(std::vector<SchemaId> ways);
     /// Compiled once. Throws regex::SyntaxError.
     [[nodiscard]] const regex::Pattern& pattern(std::string_view source);
     /// Whether a pattern matches a text; not when that takes too many steps.
@@ -174,12 +178,15 @@ class SchemaGraph {
     void opposeScalars(std::vector<SchemaId>& ways, const SchemaNode& schema);
     void opposeArrays(std::vector<SchemaId>& ways, const SchemaNode& schema);
     void opposeObjects(std::vector<SchemaId>& ways, const SchemaNode& schema);
+    [[nodiscard]] std::string_view nameUnknownTo(const SchemaNode& schema);
+    void opposeUnevaluated(std::vector<SchemaId>& ways, const SchemaNode& schema);
     void opposeCompositions(std::vector<SchemaId>& ways, const SchemaNode& schema);
 
     const JSONSchema* schema_;
     std::deque<Entry> entries_; ///< stay where they are
     std::unordered_map<const jv::JV*, SchemaId> ids_;
     std::unordered_map<ValueKinds, SchemaId> kinds_;
+    std::map<std::vector<SchemaId>, SchemaId> choices_;
     std::unordered_map<std::string_view, std::unique_ptr<regex::Pattern>> patterns_;
     std::deque<std::string> names_;
     SchemaId never_ = noSchema;

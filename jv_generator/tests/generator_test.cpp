@@ -1,11 +1,13 @@
 #include "jv/deser.h"
 #include "jv/json_writer.h"
+#include "jv_generator/formats.h"
 #include "jv_generator/generator.h"
 #include "jv_generator/random_engine.h"
 #include "openapi/reader.h"
 
 #include <algorithm>   // std::ranges::count
 #include <memory>      // std::make_shared, std::unique_ptr
+#include <set>         // std::set
 #include <stdexcept>   // std::runtime_error
 #include <string>      // std::string
 #include <string_view> // std::string_view
@@ -100,6 +102,27 @@ TEST(Generator, makesTheParts) {
              "discriminator": {"propertyName": "kind", "mapping": {"meow": "#/components/schemas/Cat"}}},
             "Cat": {"type": "object", "properties": {"kind": {"type": "string"}}})",
          "([{]\"kind\":\"meow\"[}]\n)+"},
+        // What `contains` has evaluated is not unevaluated.
+        {R"("A": {"type": "array", "contains": {"const": 1}, "minItems": 2, "maxItems": 2, "unevaluatedItems": {"const": 2}})",
+         "(\\[1,[12]]\n)+"},
+        {R"("A": {"type": "array", "contains": {"const": 1}, "unevaluatedItems": false, "minItems": 3, "maxItems": 3})",
+         "(\\[1,1,1]\n)+"},
+        {R"("A": {"type": "array", "contains": {"const": 1}, "maxContains": 2, "items": {"enum": [1]}, "minItems": 2})",
+         "(\\[1,1]\n)+"},
+        // Opposites of what is about names, and about what is left.
+        {R"("A": {"type": "object", "not": {"propertyNames": {"maxLength": 3}}, "additionalProperties": {"const": 1}})",
+         "([{]\"[a-z ][a-z ][a-z ][a-z ]+\":1(,\"[a-z ]+\":1)*[}]\n)+"},
+        {R"("A": {"type": "object", "not": {"not": {"not": {"propertyNames": {"const": "a"}}}}, "minProperties": 1})",
+         "([{](\"[a-z ]+\":42,?)+[}]\n)+"},
+        {R"("A": {"type": "object", "properties": {"a": {"const": 1}}, "not": {"unevaluatedProperties": false}})",
+         "([{]\"a\":1,\"[a-z]+\":42[}]\n)+"},
+        {R"("A": {"type": "array", "not": {"prefixItems": [true], "unevaluatedItems": {"type": "integer"}}, "items": {"type": ["integer", "null"]}})",
+         "(\\[.*null.*]\n)+"},
+        {R"("A": {"oneOf": [{"properties": {"b": {}}, "unevaluatedProperties": false}, {"properties": {"a": {}}, "unevaluatedProperties": false}], "type": "object", "additionalProperties": {"const": 1}})",
+         "([{]\"[ab]\":1[}]\n)+"},
+        // An anchor is one schema of the document.
+        {R"("A": {"$dynamicRef": "#b", "minimum": 5}, "B": {"$dynamicAnchor": "b", "type": "integer", "maximum": 6})",
+         "([56]\n)+"},
     };
     for (const Row& row : rows) {
         EXPECT_THAT(valuesOf(row.schema), MatchesRegex(std::string(row.lines))) << row.schema;
@@ -188,6 +211,47 @@ TEST(Generator, keepsToTheConfiguration) {
         MatchesRegex("(\\[([{](\"a\":5|\"b\":\"[a-z][a-z][a-z][a-z]\")[}],?)([{](\"a\":5|\"b\":\"[a-z][a-z]["
                      "a-z][a-z]\")[}])]\n)+"));
     EXPECT_THROW(config.setItemsRange(5, 2), std::invalid_argument);
+}
+
+// A huge part that need not be there is left out.
+TEST(Generator, leavesOutWhatIsHuge) {
+    EXPECT_THAT(
+        valuesOf(
+            R"("A": {"type": "object", "properties": {"a": {"type": "array", "minItems": 50000}, "b": {"anyOf": [{"type": "array", "minItems": 50000}, {"const": 1}]}}})"),
+        MatchesRegex("([{]\"b\":1[}]\n)+"));
+}
+
+// So no text of a format has to be looked at.
+TEST(Formats, areMadeAsTheyAreChecked) {
+    RandomEngine engine;
+    for (const std::string_view name : formatNames()) {
+        const TextCheck check = textCheckOf(name);
+        for (std::uint64_t most = 1; most <= 72; ++most) {
+            for (const TextLength& length :
+                 {TextLength{0, UINT64_MAX}, {0, most}, {most, most}, {most, UINT64_MAX}}) {
+                std::string text;
+                textMakerOf(name)(engine, length, text);
+                EXPECT_FALSE(text.empty()) << name;
+                EXPECT_TRUE(check == nullptr || check(text)) << name << ": " << text;
+            }
+        }
+    }
+}
+
+TEST(RandomEngine, drawsEachNumberOfARange) {
+    RandomEngine engine;
+    for (const std::uint64_t bound : {1, 2, 3, 7, 8, 100}) {
+        std::set<std::uint64_t> drawn;
+        for (std::uint64_t i = 0; i < 40 * bound; ++i)
+            drawn.insert(engine.below(bound));
+        EXPECT_EQ(drawn.size(), bound);
+        EXPECT_EQ(*drawn.rbegin(), bound - 1);
+    }
+    std::uint64_t bits = 0;
+    for (int i = 0; i < 64; ++i)
+        bits |= engine.between(0, UINT64_MAX);
+    EXPECT_EQ(bits, UINT64_MAX);
+    EXPECT_EQ(engine.between(UINT64_MAX, UINT64_MAX), UINT64_MAX);
 }
 
 TEST(RandomEngine, isTheMinimalStandardOne) {

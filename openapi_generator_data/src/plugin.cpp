@@ -4,14 +4,15 @@
 #include "foundation/file_system.h"
 #include "foundation/message.h"
 #include "foundation/validators/validators.h"
-#include "jv/deser.h"
+#include "jv/json_writer.h"
 #include "jv/jv_pointer.h"
+#include "jv/tree_builder.h"
 #include "openapi_generator/config_error.h"
 #include "openapi_generator/issue.h"
 #include "openapi_generator/plugin_runner.h"
 #include "openapi_generator_data/pattern_warnings.h"
 
-#include <memory>    // std::unique_ptr
+#include <memory>    // std::make_unique
 #include <optional>  // std::optional
 #include <stdexcept> // std::runtime_error
 #include <utility>   // std::move
@@ -19,6 +20,10 @@
 namespace specloom::openapi_generator::data {
 
 namespace {
+
+constexpr std::int32_t indent = 2;
+/// After so many it is known how large they are.
+constexpr std::uint64_t valuesToTell = 20;
 
 /// The same for every value beyond what can be made.
 [[nodiscard]] std::uint64_t countOf(const number::Number& quantity) {
@@ -70,27 +75,53 @@ void Plugin::configureSelf() {
     const openapi::Node* resolved = schema_->resolve();
     if (resolved == nullptr || resolved->type() != openapi::NodeType::Schema)
         throw std::runtime_error(formatMessage("Node at {} is not a schema", pointer_));
-    output_.makeRoot(quantity_.compare(1) > 0 ? jv::Kind::Array : jv::Kind::Null);
 }
 
 void Plugin::collectData() {
     generator_.setSchema(*schema_);
-    if (quantity_.compare(1) <= 0) {
-        output_.setRoot(generator_.generate());
-        return;
+    format_ = jv::formatFromPath(outputPath());
+    const bool isSingle = quantity_.compare(1) <= 0;
+    if (!isSingle)
+        generator_.requireRoomFor(countOf(quantity_));
+    if (!isSingle && format_ == jv::DocumentFormat::Json)
+        output_ = valuesOneByOne();
+    else
+        output_ = valuesAtOnce(isSingle);
+}
+
+/// An array of which one value is held at a time.
+std::string Plugin::valuesOneByOne() {
+    jv::JSONWriter writer;
+    writer.setIndent(indent);
+    writer.startArray();
+    jv::TreeBuilder value(std::make_unique<jv::JVDocument>());
+    for (std::uint64_t i = 0; quantity_.compare(i) > 0; ++i) {
+        value.restart();
+        generator_.generate(value);
+        writer.writeItem(value.document());
+        if (i == valuesToTell)
+            writer.expectItems(countOf(quantity_));
     }
-    generator_.requireRoomFor(countOf(quantity_));
-    for (std::uint64_t i = 0; quantity_.compare(i) > 0; ++i)
-        output_.root()->append(generator_.generate());
+    writer.endArray();
+    return std::move(writer).output();
+}
+
+std::string Plugin::valuesAtOnce(bool isSingle) {
+    jv::TreeBuilder values(std::make_unique<jv::JVDocument>());
+    if (!isSingle)
+        values.startArray({});
+    for (std::uint64_t i = 0; i == 0 || quantity_.compare(i) > 0; ++i)
+        generator_.generate(values);
+    if (!isSingle)
+        values.end();
+    return jv::documentToText(values.document(), {format_.value_or(jv::DocumentFormat::Json), indent, {}});
 }
 
 void Plugin::generateCode() {
-    const std::optional<jv::DocumentFormat> format = jv::formatFromPath(outputPath());
-    if (!format)
+    if (!format_)
         throw std::runtime_error(formatMessage("Cannot guess format for {}", outputPath()));
-    const std::string text = jv::documentToText(output_, *format);
     host().fileSystem().createDirectories(outputPath());
-    host().fileSystem().writeFile(outputPath(), text);
+    host().fileSystem().writeFile(outputPath(), output_);
     reportIssues(warningsOfPatterns(generator_.usedPatterns()));
 }
 

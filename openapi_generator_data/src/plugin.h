@@ -1,10 +1,11 @@
 #pragma once
 
-#include "jv/jv_document.h"
+#include "jv/deser.h"
 #include "jv_generator/generator.h"
 #include "number/number.h"
 #include "openapi_generator/plugin.h"
 
+#include <optional>    // std::optional
 #include <string>      // std::string
 #include <string_view> // std::string_view
 
@@ -35,11 +36,15 @@ class Plugin final : public openapi_generator::Plugin {
     void generateCode() override;
 
   private:
+    [[nodiscard]] std::string valuesOneByOne();
+    [[nodiscard]] std::string valuesAtOnce(bool isSingle);
+
     std::string pointer_ = "/";
     std::string mimeType_ = "application/json"; ///< kept; the output's form is that of its extension
     number::Number quantity_ = 1;
-    const openapi::Node* schema_ = nullptr; ///< or a reference to it
-    jv::JVDocument output_;
+    const openapi::Node* schema_ = nullptr;    ///< or a reference to it
+    std::optional<jv::DocumentFormat> format_; ///< of the output, by its extension
+    std::string output_;                       ///< its text
     jv_generator::Generator generator_;
 };
 

@@ -5,6 +5,8 @@
 #include "jv_schema/messages.h"
 #include "jv_schema/property_name.h"
 
+#include <algorithm>   // std::ranges::all_of, std::ranges::sort, std::ranges::unique
+#include <cstddef>     // std::size_t
 #include <string_view> // std::string_view
 #include <vector>      // std::vector
 
@@ -22,23 +24,46 @@ class Required : public Keyword {
             site.require(*name, Kind::String);
             names_.emplace_back(name->text());
         }
+        sorted_ = names_;
+        std::ranges::sort(sorted_, {}, &PropertyName::text);
+        const auto doubles = std::ranges::unique(sorted_, {}, &PropertyName::text);
+        sorted_.erase(doubles.begin(), doubles.end());
     }
 
     [[nodiscard]] bool evaluate(const JV& instance, Evaluation& evaluation) const override {
+        if (!evaluation.explains())
+            return hasAll(instance);
         bool valid = true;
         for (const PropertyName& name : names_) {
             if (name.isIn(instance))
                 continue;
             valid = evaluation.fail(
                 *this, [&] { return fmt::format(message::missingProperty, quoted(name.text())); });
-            if (!evaluation.explains())
-                return false;
         }
         return valid;
     }
 
   private:
+    [[nodiscard]] bool hasAll(const JV& instance) const {
+        constexpr std::size_t mostForEach =
+            8; // members for a name; of more it is faster to look for the names
+        if (instance.size() < sorted_.size())
+            return false;
+        if (instance.size() / mostForEach > sorted_.size())
+            return std::ranges::all_of(sorted_,
+                                       [&](const PropertyName& name) { return name.isIn(instance); });
+        // Both are in the same order.
+        auto next = sorted_.begin();
+        for (const Member member : instance.members()) {
+            if (next == sorted_.end())
+                break;
+            next += member.key.data() == next->text().data() ? 1 : 0;
+        }
+        return next == sorted_.end();
+    }
+
     std::vector<PropertyName> names_;
+    std::vector<PropertyName> sorted_; ///< byte-wise, each once
 };
 
 class DependentRequired : public Keyword {

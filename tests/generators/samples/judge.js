@@ -4,7 +4,8 @@
 //   judge.js DOCUMENT SAMPLES
 //
 // reads a document as JSON and the lines that sample_corpora wrote about it, and writes a JSON object with "values",
-// "fits", and "faults": texts about values that do not fit and schemas that cannot be compiled.
+// "fits", and "faults": texts about values that do not fit, schemas that cannot be compiled, and schemas that were
+// refused though no contradiction is found in them.
 
 "use strict";
 
@@ -24,7 +25,8 @@ const plain = ["const", "dependentRequired", "enum", "exclusiveMaximum", "exclus
   "maxLength", "maxProperties", "maximum", "minContains", "minItems", "minLength", "minProperties", "minimum", "multipleOf", "pattern",
   "required", "type", "uniqueItems"];
 
-const targets = new Map(Object.keys(description.components?.schemas ?? {}).map((name, index) => [name, `#/$defs/${index}`]));
+const place = "https://example.com/document#/$defs/";
+const targets = new Map(Object.keys(description.components?.schemas ?? {}).map((name, index) => [name, `${place}${index}`]));
 
 function schemaOf(source) {
   if (typeof source !== "object" || source === null) return source;
@@ -68,9 +70,61 @@ function at(pointer) {
 
 const lines = fs.readFileSync(samplesFile, "utf8").split("\n").filter((line) => line !== "").map((line) => JSON.parse(line));
 const definitions = {};
-for (const [name, reference] of targets) definitions[reference.slice("#/$defs/".length)] = schemaOf(description.components.schemas[name]);
+for (const [name, reference] of targets) definitions[reference.slice(place.length)] = schemaOf(description.components.schemas[name]);
 const samples = lines.filter((line) => "values" in line);
 samples.forEach((line, index) => { definitions[`s${index}`] = schemaOf(at(line.pointer)); });
+
+// ---- contradictions
+
+const allTypes = ["array", "boolean", "integer", "null", "number", "object", "string"];
+const deepestContradiction = 12;
+
+function typesOf(schema) {
+  const types = "type" in schema ? [].concat(schema.type) : allTypes;
+  return types.includes("number") ? [...types, "integer"] : types;
+}
+
+// All that holds at once for one value: the schemas, and what they refer to and require.
+function together(schemas) {
+  const result = [];
+  for (const open = [...schemas]; open.length > 0;) {
+    const schema = open.pop();
+    if (result.includes(schema)) continue;
+    result.push(schema);
+    if (typeof schema !== "object") continue;
+    if ("$ref" in schema) open.push(definitions[schema.$ref.slice(place.length)]);
+    open.push(...(schema.allOf ?? []));
+  }
+  return result;
+}
+
+// Whether no value fits all of some schemas, as far as can be shown: by types, by trying each value of an `enum`, by
+// each alternative, and by the properties that are required.
+function contradict(schemas, depth, isTried) {
+  const all = together(schemas);
+  if (all.includes(false)) return true;
+  if (depth > deepestContradiction) return false;
+  const parts = all.filter((schema) => typeof schema === "object");
+  const types = allTypes.filter((type) => parts.every((schema) => typesOf(schema).includes(type)));
+  if (types.length === 0) return true;
+  const choices = parts.filter((schema) => Array.isArray(schema.enum) || "const" in schema);
+  if (choices.length > 0) {
+    const values = choices[0].enum ?? [choices[0].const];
+    const validate = ajv.compile({ allOf: parts });
+    return values.every((value) => !validate(value));
+  }
+  const alternatives = parts.flatMap((schema) => [schema.anyOf, schema.oneOf].filter(Array.isArray)).filter((list) => !isTried.has(list));
+  for (const list of alternatives) {
+    const tried = new Set(isTried).add(list);
+    if (list.every((schema) => contradict([...parts, schema], depth + 1, tried))) return true;
+  }
+  if (types.some((type) => type !== "object")) return false;
+  const required = new Set(parts.flatMap((schema) => schema.required ?? []));
+  return [...required].some((name) => {
+    const properties = parts.map((schema) => schema.properties?.[name]).filter((schema) => schema !== undefined);
+    return properties.length > 0 && contradict(properties, depth + 1, new Set());
+  });
+}
 
 const ajv = new Ajv({ strict: false, allErrors: false, validateSchema: false, logger: false, inlineRefs: false });
 addFormats(ajv);
@@ -80,7 +134,7 @@ const result = { values: 0, fits: 0, faults: [] };
 samples.forEach((line, index) => {
   let validate;
   try {
-    validate = ajv.getSchema(`https://example.com/document#/$defs/s${index}`);
+    validate = ajv.getSchema(`${place}s${index}`);
   } catch (error) {
     result.faults.push(`${line.pointer}: ${error.message}`);
     return;
@@ -91,4 +145,7 @@ samples.forEach((line, index) => {
     else result.faults.push(`${line.pointer}: ${ajv.errorsText(validate.errors)}: ${JSON.stringify(value).slice(0, 200)}`);
   }
 });
+for (const line of lines.filter((other) => "refusal" in other)) {
+  if (!contradict([schemaOf(at(line.pointer))], 0, new Set())) result.faults.push(`no contradiction is found: ${line.refusal}`);
+}
 process.stdout.write(JSON.stringify(result) + "\n");
