@@ -66,8 +66,8 @@ void JSONWriter::startArray() {
 }
 
 void JSONWriter::expectItems(std::uint64_t count) {
-    constexpr std::size_t most = std::size_t{1} << 40; // no text is so large
-    if (items_ == 0 || count <= items_ || count > most / (used_ + 1))
+    constexpr std::size_t tooMuch = std::size_t{1} << 40; // no text is so large
+    if (items_ == 0 || count <= items_ || count > tooMuch / (used_ + 1))
         return;
     const std::size_t expected = used_ / items_ * count;
     output_.reserve(expected + expected / 8);

@@ -3,7 +3,7 @@
 #include "jv/jv_document.h"
 #include "jv/sorted_properties.h"
 
-#include <cstdint>     // std::int64_t, std::uint32_t
+#include <cstdint>     // std::int64_t, std::uint32_t, std::uint64_t
 #include <exception>   // std::exception
 #include <string>      // std::string
 #include <string_view> // std::string_view

@@ -56,9 +56,10 @@ template <bool StopAtNonAscii>
         p += 16;
     }
 #endif
-    if (end - p > 8 && !hasSpecial<StopAtNonAscii>(lastBytes(p, p + 8)))
-        p += 8;
-    if (end - p >= 4 && !hasSpecial<StopAtNonAscii>(lastBytes(p, end)))
+    // The first eight and the last eight are all of them where few are left.
+    const bool isFew = end - p >= 4 && end - p <= 16;
+    const bool isFirstClear = end - p <= 8 || !hasSpecial<StopAtNonAscii>(lastBytes(p, p + 8));
+    if (isFew && isFirstClear && !hasSpecial<StopAtNonAscii>(lastBytes(p, end)))
         return end;
     for (; p != end; ++p) {
         const auto byte = static_cast<std::uint8_t>(*p);

@@ -97,7 +97,7 @@ std::uint64_t ArrayPart::count(Context& context) {
     const bool isPossible = context.isPossible(item);
     if (fullness == Fullness::Scalars && isPossible && item.height == 0)
         most = std::min<std::uint64_t>(most, std::max<std::uint64_t>(min, 2));
-    else if (fullness != Fullness::Full || (isPossible && item.size > largestOptional))
+    else if (fullness != Fullness::Full || (isPossible && item.size > modestOptional))
         most = min = leastItems_;
     // Fewer of them the deeper they are.
     most = std::max(min, std::min(most, std::max<std::uint64_t>(most >> std::min(context.depth(), 60U), 1)));

@@ -12,7 +12,7 @@
 namespace specloom::jv_generator {
 
 /// What need not be made is left out when it has more values and bytes.
-inline constexpr std::uint64_t largestOptional = 10'000;
+inline constexpr std::uint64_t modestOptional = 10'000;
 
 /// What is asked of one value: that it fits some schemas at once. Either a choice between demands that say
 /// more, or a part that makes the value.

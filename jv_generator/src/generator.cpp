@@ -340,7 +340,7 @@ bool Generator::Impl::makeChoice(Demand& demand, jv::TreeBuilder& out) {
         return fail(demand.place, "its alternatives are nested too deep");
     ++nestedChoices_;
     const bool isLean = fullness() != Fullness::Full;
-    const std::uint64_t modestSize = std::max(demand.size, largestOptional);
+    const std::uint64_t modestSize = std::max(demand.size, modestOptional);
     // The shallowest ones where the value is deep or large already, and huge ones last.
     const auto isModest = [&](const Demand& alternative) {
         return alternative.size <= modestSize && (!isLean || alternative.height <= demand.height);

@@ -148,7 +148,7 @@ bool ObjectPart::isOpen(const Property& property, Fullness fullness) {
     if (schema_.minProperties > required_)
         return true;
     if (fullness == Fullness::Full)
-        return demand.size <= largestOptional;
+        return demand.size <= modestOptional;
     return demand.height == 0 && (fullness == Fullness::Scalars || property.text != nullptr);
 }
 

@@ -13,13 +13,13 @@ namespace specloom::jv_generator {
 
 namespace {
 
-constexpr std::size_t mostInPairs = 8; ///< alternatives of a `oneOf`
+constexpr std::size_t pairedAlternatives = 8; ///< alternatives of a `oneOf`
 
 /// Whether a schema can be broken by properties or items that its opposite does not name.
 [[nodiscard]] bool hasUntoldWays(const SchemaNode& schema) {
     return !schema.patternProperties.empty() || schema.additionalProperties != noSchema ||
            schema.unevaluatedProperties != noSchema || schema.unevaluatedItems != noSchema ||
-           schema.items != noSchema || schema.oneOf.size() > mostInPairs;
+           schema.items != noSchema || schema.oneOf.size() > pairedAlternatives;
 }
 
 } // namespace
@@ -276,7 +276,7 @@ void SchemaGraph::opposeCompositions(std::vector<SchemaId>& ways, const SchemaNo
     if (schema.oneOf.empty())
         return;
     noneOf(schema.oneOf);
-    const bool isLong = schema.oneOf.size() > mostInPairs; // of many, neighbours only
+    const bool isLong = schema.oneOf.size() > pairedAlternatives; // of many, neighbours only
     for (std::size_t i = 1; i < schema.oneOf.size(); ++i) {
         for (std::size_t j = isLong ? i - 1 : 0; j < i; ++j)
             allOf({schema.oneOf[j], schema.oneOf[i]});

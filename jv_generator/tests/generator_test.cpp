@@ -111,7 +111,7 @@ TEST(Generator, makesTheParts) {
          "(\\[1,1]\n)+"},
         // Opposites of what is about names, and about what is left.
         {R"("A": {"type": "object", "not": {"propertyNames": {"maxLength": 3}}, "additionalProperties": {"const": 1}})",
-         "([{]\"[a-z ][a-z ][a-z ][a-z ]+\":1(,\"[a-z ]+\":1)*[}]\n)+"},
+         "([{][^\n]*\"[a-z][a-z][a-z][a-z]+\":1[^\n]*[}]\n)+"},
         {R"("A": {"type": "object", "not": {"not": {"not": {"propertyNames": {"const": "a"}}}}, "minProperties": 1})",
          "([{](\"[a-z ]+\":42,?)+[}]\n)+"},
         {R"("A": {"type": "object", "properties": {"a": {"const": 1}}, "not": {"unevaluatedProperties": false}})",
@@ -231,7 +231,6 @@ TEST(Formats, areMadeAsTheyAreChecked) {
                  {TextLength{0, UINT64_MAX}, {0, most}, {most, most}, {most, UINT64_MAX}}) {
                 std::string text;
                 textMakerOf(name)(engine, length, text);
-                EXPECT_FALSE(text.empty()) << name;
                 EXPECT_TRUE(check == nullptr || check(text)) << name << ": " << text;
             }
         }

@@ -45,11 +45,11 @@ class Required : public Keyword {
 
   private:
     [[nodiscard]] bool hasAll(const JV& instance) const {
-        constexpr std::size_t mostForEach =
+        constexpr std::size_t membersOfEach =
             8; // members for a name; of more it is faster to look for the names
         if (instance.size() < sorted_.size())
             return false;
-        if (instance.size() / mostForEach > sorted_.size())
+        if (instance.size() / membersOfEach > sorted_.size())
             return std::ranges::all_of(sorted_,
                                        [&](const PropertyName& name) { return name.isIn(instance); });
         // Both are in the same order.

@@ -64,6 +64,13 @@ function translate(schema, source) {
   }
 }
 
+function resolved(schema) {
+  while (typeof schema === "object" && "$ref" in schema && Object.keys(schema).length === 1) {
+    schema = definitions[schema.$ref.slice(place.length)];
+  }
+  return schema;
+}
+
 function at(pointer) {
   return pointer.split("/").slice(1).reduce((value, token) => value[token.replace(/~1/g, "/").replace(/~0/g, "~")], description);
 }
@@ -72,7 +79,19 @@ const lines = fs.readFileSync(samplesFile, "utf8").split("\n").filter((line) => 
 const definitions = {};
 for (const [name, reference] of targets) definitions[reference.slice(place.length)] = schemaOf(description.components.schemas[name]);
 const samples = lines.filter((line) => "values" in line);
-samples.forEach((line, index) => { definitions[`s${index}`] = schemaOf(at(line.pointer)); });
+
+// The definition of a schema: compiling takes most of the time, so that equal ones are compiled once.
+const names = new Map();
+for (const [name, schema] of Object.entries(definitions)) names.set(JSON.stringify(schema), name);
+function nameOf(schema) {
+  const text = JSON.stringify(resolved(schema));
+  if (!names.has(text)) {
+    names.set(text, `s${names.size}`);
+    definitions[names.get(text)] = schema;
+  }
+  return names.get(text);
+}
+for (const line of samples) line.name = nameOf(schemaOf(at(line.pointer)));
 
 // ---- contradictions
 
@@ -98,9 +117,16 @@ function together(schemas) {
   return result;
 }
 
+// Of `oneOf`, those that are not there twice: what fits one of two equal ones fits both.
+function distinct(alternatives) {
+  const texts = alternatives.map((schema) => JSON.stringify(resolved(schema)));
+  return alternatives.filter((_, index) => texts.indexOf(texts[index]) === texts.lastIndexOf(texts[index]));
+}
+
 // Whether no value fits all of some schemas, as far as can be shown: by types, by trying each value of an `enum`, by
-// each alternative, and by the properties that are required.
-function contradict(schemas, depth, isTried) {
+// each alternative, and by the properties that are required, which a value has without end if they lead back to one of
+// the `outer` ones.
+function contradict(schemas, depth, isTried, outer) {
   const all = together(schemas);
   if (all.includes(false)) return true;
   if (depth > deepestContradiction) return false;
@@ -113,16 +139,19 @@ function contradict(schemas, depth, isTried) {
     const validate = ajv.compile({ allOf: parts });
     return values.every((value) => !validate(value));
   }
-  const alternatives = parts.flatMap((schema) => [schema.anyOf, schema.oneOf].filter(Array.isArray)).filter((list) => !isTried.has(list));
-  for (const list of alternatives) {
-    const tried = new Set(isTried).add(list);
-    if (list.every((schema) => contradict([...parts, schema], depth + 1, tried))) return true;
+  for (const keyword of ["anyOf", "oneOf"]) {
+    for (const list of parts.map((schema) => schema[keyword]).filter((other) => Array.isArray(other) && !isTried.has(other))) {
+      const tried = new Set(isTried).add(list);
+      const alternatives = keyword === "oneOf" ? distinct(list) : list;
+      if (alternatives.every((schema) => contradict([...parts, schema], depth + 1, tried, outer))) return true;
+    }
   }
   if (types.some((type) => type !== "object")) return false;
   const required = new Set(parts.flatMap((schema) => schema.required ?? []));
   return [...required].some((name) => {
     const properties = parts.map((schema) => schema.properties?.[name]).filter((schema) => schema !== undefined);
-    return properties.length > 0 && contradict(properties, depth + 1, new Set());
+    const text = JSON.stringify(properties);
+    return properties.length > 0 && (outer.includes(text) || contradict(properties, depth + 1, new Set(), [...outer, text]));
   });
 }
 
@@ -131,21 +160,21 @@ addFormats(ajv);
 ajv.addSchema({ $id: "https://example.com/document", $defs: definitions });
 
 const result = { values: 0, fits: 0, faults: [] };
-samples.forEach((line, index) => {
+for (const line of samples) {
   let validate;
   try {
-    validate = ajv.getSchema(`${place}s${index}`);
+    validate = ajv.getSchema(`${place}${line.name}`);
   } catch (error) {
     result.faults.push(`${line.pointer}: ${error.message}`);
-    return;
+    continue;
   }
   for (const value of line.values) {
     ++result.values;
     if (validate(value)) ++result.fits;
     else result.faults.push(`${line.pointer}: ${ajv.errorsText(validate.errors)}: ${JSON.stringify(value).slice(0, 200)}`);
   }
-});
+}
 for (const line of lines.filter((other) => "refusal" in other)) {
-  if (!contradict([schemaOf(at(line.pointer))], 0, new Set())) result.faults.push(`no contradiction is found: ${line.refusal}`);
+  if (!contradict([schemaOf(at(line.pointer))], 0, new Set(), [])) result.faults.push(`no contradiction is found: ${line.refusal}`);
 }
 process.stdout.write(JSON.stringify(result) + "\n");
