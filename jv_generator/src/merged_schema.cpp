@@ -55,6 +55,24 @@ void append(std::vector<T>& all, const std::vector<T>& more) {
     return compiled && compiled->divides(value);
 }
 
+/// Big numbers cannot be written as JSON, at whatever depth they stand.
+[[nodiscard]] bool holdsBigNumber(const JV& value) {
+    std::vector<const JV*> open{&value};
+    while (!open.empty()) {
+        const JV& next = *open.back();
+        open.pop_back();
+        if (next.isNumber() && next.number().kind() == number::NumberKind::Big)
+            return true;
+        if (next.isArray())
+            open.insert(open.end(), next.elements().begin(), next.elements().end());
+        if (!next.isObject())
+            continue;
+        for (const jv::Member member : next.members())
+            open.push_back(member.value);
+    }
+    return false;
+}
+
 } // namespace
 
 MergedSchema::MergedSchema(SchemaGraph& graph, const Closure& closure) {
@@ -119,8 +137,8 @@ void MergedSchema::addFormats(const SchemaNode& node) {
 }
 
 bool MergedSchema::admits(SchemaGraph& graph, const JV& value) const {
-    if (value.isNumber() && value.number().kind() == number::NumberKind::Big)
-        return false; // cannot be written
+    if (holdsBigNumber(value))
+        return false;
     if ((kindOf(value) & kinds) == 0 || holds(excluded, value))
         return false;
     if (value.isString())

@@ -69,6 +69,7 @@ TEST(Generator, makesTheParts) {
         {R"("A": {})", "(42\n)+"},
         {R"("A": {"enum": ["x", 7]})", "(\"x\"\n|7\n)+"},
         {R"("A": {"type": "boolean", "enum": [true, "x"]})", "(true\n)+"},
+        {R"("A": {"enum": [1e999, {"a": [1e999]}, 7]})", "(7\n)+"},
         {R"("A": {"type": "null"})", "(null\n)+"},
         {R"("A": {"type": "integer"})", "([0-9]\n|10\n)+"},
         {R"("A": {"type": "integer", "minimum": 100})", "(10[0-9]\n|110\n)+"},
