@@ -27,6 +27,15 @@ struct Location {
     [[nodiscard]] std::string pointer() const;
 };
 
+/// What a reader met in a text and the values do not show. A text with any of it holds more than its values.
+struct ReadingLosses {
+    std::size_t aliases = 0;         ///< of YAML: each stood in the place of a value and yielded none
+    std::int32_t firstAliasLine = 0; ///< of the text, counted from 1
+    bool repeatedKeys = false;       ///< some object had a key twice, of which the last value counts
+
+    friend bool operator==(const ReadingLosses&, const ReadingLosses&) = default;
+};
+
 /// Owns one tree of values, finds them by JSON pointer and remembers in which order the keys of each object
 /// stood in the source.
 class JVDocument {
@@ -99,6 +108,10 @@ class JVDocument {
     /// pointer.
     static void assign(const JV& source, JV& target);
 
+    /// Nothing for a document that was built in code.
+    [[nodiscard]] const ReadingLosses& losses() const noexcept { return losses_; }
+    void setLosses(const ReadingLosses& losses) noexcept { losses_ = losses; }
+
     /// Bytes of the text that the document was read from; 0 for one that was built in code.
     [[nodiscard]] std::size_t sourceSize() const noexcept { return sourceSize_; }
     /// Also lets what is read from now on come in larger pieces of memory, if so many bytes are to be read.
@@ -151,6 +164,7 @@ class JVDocument {
     Arena arena_;                                    ///< blocks of containers and texts of values in slabs
     std::unordered_map<const JV*, KeyOrder> orders_; ///< where the order of the entries does not say it all
     std::size_t sourceSize_ = 0;
+    ReadingLosses losses_;
     std::optional<std::string> sourcePath_;
 };
 

@@ -206,10 +206,12 @@ void TreeBuilder::settleMembers(const Frame& frame) {
     std::vector<JV::Entry> members;
     const auto store = [&](const Key* key, JV* value) {
         const auto [place, isNew] = places.emplace(key, members.size());
-        if (isNew)
+        if (isNew) {
             members.push_back({key, value});
-        else
-            members[place->second].value = value;
+            return;
+        }
+        members[place->second].value = value;
+        document_->losses_.repeatedKeys = true;
     };
     for (std::size_t i = frame.base; i < items_.size(); ++i) {
         order.push_back(items_[i].key);

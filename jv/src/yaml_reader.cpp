@@ -1,113 +1,28 @@
 #include "jv/yaml_reader.h"
 
-#include "foundation/message.h"
 #include "jv/tree_builder.h"
+#include "jv/yaml_event_source.h"
 
-#include <cstring>   // std::strlen
-#include <istream>   // std::istream
-#include <new>       // std::bad_alloc
 #include <optional>  // std::optional
 #include <stdexcept> // std::runtime_error
-
-#include <yaml.h>
 
 namespace specloom::jv {
 
 namespace {
 
 constexpr const char* parseFailed = "Failed to parse YAML";
-constexpr const char* manyTags = "YAML has more than {} %TAG directives";
-constexpr const char* longTag = "YAML has a %TAG directive with more than {} bytes";
-
-/// Owns a libyaml parser and the event that it delivered last.
-class EventSource {
-  public:
-    explicit EventSource(std::istream& stream) : EventSource() {
-        stream_ = &stream;
-        yaml_parser_set_input(&parser_, &EventSource::readFrom, this);
-    }
-    explicit EventSource(std::string_view text) : EventSource() {
-        text_ = text;
-        yaml_parser_set_input(&parser_, &EventSource::readFrom, this);
-    }
-    EventSource(const EventSource&) = delete;
-    EventSource& operator=(const EventSource&) = delete;
-    ~EventSource() {
-        yaml_event_delete(&event_);
-        yaml_parser_delete(&parser_);
-    }
-
-    const yaml_event_t& next() {
-        yaml_event_delete(&event_);
-        const bool isRead = yaml_parser_parse(&parser_, &event_) != 0;
-        requireFewTags();
-        if (!isRead) {
-            if (parser_.error == YAML_MEMORY_ERROR)
-                throw std::bad_alloc();
-            throw std::runtime_error(parseFailed);
-        }
-        return event_;
-    }
-
-    /// Bytes read so far.
-    [[nodiscard]] std::size_t offset() const noexcept { return parser_.offset; }
-
-  private:
-    EventSource() {
-        if (yaml_parser_initialize(&parser_) == 0)
-            throw std::bad_alloc();
-    }
-
-    /// All directives of a document are read in one step, on the way to its start.
-    void requireFewTags() const {
-        if (tagDirectives() > mostTagDirectives)
-            throw std::runtime_error(formatMessage(manyTags, mostTagDirectives));
-        if (event_.type != YAML_DOCUMENT_START_EVENT)
-            return;
-        const auto& tags = event_.data.document_start.tag_directives;
-        for (const yaml_tag_directive_t* tag = tags.start; tag != tags.end; ++tag)
-            if (std::strlen(reinterpret_cast<const char*>(tag->prefix)) > longestTagPrefix)
-                throw std::runtime_error(formatMessage(longTag, longestTagPrefix));
-    }
-    /// With the two that libyaml adds at the end, which are no document's, and until then without.
-    [[nodiscard]] std::size_t tagDirectives() const noexcept {
-        constexpr std::size_t added = 2;
-        const auto count =
-            static_cast<std::size_t>(parser_.tag_directives.top - parser_.tag_directives.start);
-        return count < added ? 0 : count - added;
-    }
-
-    static int readFrom(void* data, unsigned char* buffer, std::size_t size, std::size_t* sizeRead) {
-        auto& source = *static_cast<EventSource*>(data);
-        // In the midst of the directives: those that are too many are not all waited for.
-        if (source.tagDirectives() > mostTagDirectives)
-            return 0;
-        if (source.stream_ == nullptr) {
-            *sizeRead = source.text_.copy(reinterpret_cast<char*>(buffer), size);
-            source.text_.remove_prefix(*sizeRead);
-            return 1;
-        }
-        std::istream& stream = *source.stream_;
-        stream.read(reinterpret_cast<char*>(buffer), static_cast<std::streamsize>(size));
-        *sizeRead = static_cast<std::size_t>(stream.gcount());
-        return stream.bad() || (stream.fail() && !stream.eof()) ? 0 : 1;
-    }
-
-    std::istream* stream_ = nullptr; ///< null for a text
-    std::string_view text_;          ///< what is left of it
-    yaml_parser_t parser_{};
-    yaml_event_t event_{};
-};
 
 /// Turns the events of a stream into the document that it ends with.
 class StreamReader {
   public:
-    std::unique_ptr<JVDocument> read(EventSource& source) {
+    std::unique_ptr<JVDocument> read(YamlEventSource& source) {
         while (accept(source.next())) {
         }
         if (result_ == nullptr)
             throw std::runtime_error(parseFailed);
         result_->setSourceSize(source.offset());
+        losses_.repeatedKeys = result_->losses().repeatedKeys;
+        result_->setLosses(losses_);
         return std::move(result_);
     }
 
@@ -141,6 +56,9 @@ class StreamReader {
         case YAML_STREAM_END_EVENT:
             return false;
         case YAML_ALIAS_EVENT:
+            if (losses_.aliases++ == 0)
+                losses_.firstAliasLine = startOf(event).line + 1;
+            break;
         case YAML_STREAM_START_EVENT:
         case YAML_NO_EVENT:
             break;
@@ -194,17 +112,18 @@ class StreamReader {
 
     std::optional<TreeBuilder> builder_; ///< of the document that is open
     std::unique_ptr<JVDocument> result_;
+    ReadingLosses losses_; ///< of the whole stream
 };
 
 } // namespace
 
 std::unique_ptr<JVDocument> readYAML(std::istream& stream) {
-    EventSource source(stream);
+    YamlEventSource source(stream);
     return StreamReader().read(source);
 }
 
 std::unique_ptr<JVDocument> parseYAML(std::string_view text) {
-    EventSource source(text);
+    YamlEventSource source(text);
     return StreamReader().read(source);
 }
 

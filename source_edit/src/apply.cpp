@@ -1,0 +1,108 @@
+#include "source_edit/apply.h"
+
+#include "source_edit/container_text.h"
+#include "source_edit/edited_values.h"
+
+#include <algorithm> // std::sort
+#include <exception> // std::exception
+#include <stdexcept> // std::runtime_error
+
+namespace specloom::source_edit {
+namespace {
+
+/// How much of the text is given up for the edits.
+enum class Effort : std::uint8_t {
+    Text,       ///< only containers whose text cannot take them
+    Containers, ///< all that are edited
+    Document    ///< all
+};
+
+[[nodiscard]] std::string lineEndOf(std::string_view text) {
+    const std::size_t at = text.find_first_of("\r\n");
+    if (at == std::string_view::npos || text[at] == '\n')
+        return "\n";
+    return text.substr(at, 2) == "\r\n" ? "\r\n" : "\r";
+}
+
+class Attempt {
+  public:
+    Attempt(std::string_view text, jv::DocumentFormat format, const Edits& edits)
+        : around_{text, format, lineEndOf(text)}, edits_(edits) {}
+
+    /// False when the outcome is not what it should be.
+    [[nodiscard]] bool run(Effort effort) {
+        result_ = {};
+        Replacements replacements(around_.text);
+        if (!(effort == Effort::Document ? renderDocument(replacements) : edit(effort, replacements)))
+            return false;
+        result_.text = replacements.wholeText();
+        result_.changes = replacements.changes();
+        try {
+            jv::LoadOptions options;
+            options.format = around_.format;
+            result_.document = jv::parseDocument(result_.text, options);
+        } catch (const std::bad_alloc&) {
+            throw;
+        } catch (const std::exception&) {
+            return false; // no document any more
+        }
+        return isAsIntended(edits_, *result_.document);
+    }
+    [[nodiscard]] EditedText takeResult() { return std::move(result_); }
+
+  private:
+    bool edit(Effort effort, Replacements& replacements) {
+        std::vector<const EditedContainer*> changed = edits_.changed();
+        std::vector<const jv::JV*> values;
+        for (const EditedContainer* container : changed)
+            values.push_back(container->container);
+        const Layouts layouts = findLayouts(around_.text, around_.format, values);
+        if (layouts.size() != changed.size())
+            return false;
+        // Inner ones first: those around them take over what became of them.
+        std::sort(changed.begin(), changed.end(), [&](const EditedContainer* a, const EditedContainer* b) {
+            return layouts.at(a->container).whole.begin > layouts.at(b->container).whole.begin;
+        });
+        for (const EditedContainer* container : changed) {
+            const Layout& layout = layouts.at(container->container);
+            if (effort == Effort::Text && editContainer(around_, edits_, *container, layout, replacements))
+                ++result_.editedContainers;
+            else if (around_.format == jv::DocumentFormat::Json)
+                return false; // all that JSON can be takes edits: this is another text
+            else
+                render(*container, layout, replacements);
+        }
+        return true;
+    }
+
+    void render(const EditedContainer& container, const Layout& layout, Replacements& replacements) {
+        renderContainer(around_, edits_, container, layout, replacements);
+        result_.renderedAnew.push_back(container.container->pointer());
+    }
+
+    bool renderDocument(Replacements& replacements) {
+        EditedContainer root;
+        root.container = edits_.source().root();
+        const Layouts layouts = findLayouts(around_.text, around_.format, {&root.container, 1});
+        if (layouts.empty() || around_.format == jv::DocumentFormat::Json)
+            return false;
+        render(root, layouts.begin()->second, replacements);
+        return true;
+    }
+
+    TextAround around_;
+    const Edits& edits_;
+    EditedText result_;
+};
+
+} // namespace
+
+EditedText applyEdits(std::string_view text, jv::DocumentFormat format, const Edits& edits) {
+    Attempt attempt(text, format, edits);
+    for (const Effort effort : {Effort::Text, Effort::Containers, Effort::Document})
+        if (attempt.run(effort))
+            return attempt.takeResult();
+    throw std::runtime_error("The text cannot be repaired: it does not read as it should afterwards");
+}
+
+} // namespace specloom::source_edit
