@@ -34,6 +34,8 @@ void benchMemory(const Input& input, Table& table);
 void benchFormat(const Input& input, int rounds, Table& table);
 /// Nothing for a document that is refused.
 void benchLint(const Input& input, int rounds, Table& table);
+/// The same for a document that lacks one thing and gets it.
+void benchFix(const Input& input, int rounds, Table& table);
 void benchStart(int rounds, Table& table);
 /// Whole runs of generators: on the largest document of the corpora that they take, and how they grow with
 /// operations and tags.

@@ -81,6 +81,8 @@ bool run(const std::vector<fs::path>& paths, bool isWhole, int rounds) {
         bench::benchFormat(input, rounds, table);
     for (const bench::Input& input : inputs)
         bench::benchLint(input, rounds, table);
+    for (const bench::Input& input : inputs)
+        bench::benchFix(input, rounds, table);
     if (!specloom::test_support::corporaFolder().empty())
         benchDiffs(rounds, table);
     bench::benchStart(rounds, table);

@@ -94,6 +94,29 @@ void benchLint(const Input& input, int rounds, Table& table) {
     }
 }
 
+void benchFix(const Input& input, int rounds, Table& table) {
+    const test_support::ReadTree tree = test_support::readTree(input.path);
+    if (tree.result == nullptr)
+        return;
+    // Every published document lacks the identifier; what else could be mended stays.
+    const TemporaryFile config(".config.json");
+    std::ofstream(config.path()) << configurationText(
+        R"("lint": {"extends": ["recommended"], "rules": {"id-defined": "error", "paths-well-formed": "off"}})",
+        tree.unknownFormats);
+    const TemporaryFile copy(input.isJson() ? ".json" : ".yaml");
+    const std::vector<std::string> lint = {SPECLOOM_PROGRAM, "lint", "--config", config.path(), copy.path()};
+    std::vector<std::string> fix = lint;
+    fix.insert(fix.begin() + 2, "--fix");
+    Samples ours, peer;
+    for (int round = 0; round < rounds; ++round) {
+        fs::copy_file(input.path, copy.path(), fs::copy_options::overwrite_existing);
+        peer.add(runProcess(lint).cpuSeconds);
+        ours.add(runProcess(fix).cpuSeconds);
+    }
+    table.add({"lint --fix of one finding / lint, processes", input.name(), milliseconds(ours.median()),
+               milliseconds(peer.median()), ours.median() / peer.median(), 1.3});
+}
+
 void benchStart(int rounds, Table& table) {
     Samples ours, peer;
     for (int round = 0; round < rounds * 3; ++round) {
@@ -108,6 +131,7 @@ void benchStart(int rounds, Table& table) {
 
 void benchFormat(const Input&, int, Table&) {}
 void benchLint(const Input&, int, Table&) {}
+void benchFix(const Input&, int, Table&) {}
 void benchStart(int, Table&) {}
 
 #endif

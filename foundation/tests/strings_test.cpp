@@ -5,12 +5,15 @@
 #include "foundation/utf8.h"
 #include "test_support/failure.h"
 
+#include <iostream>  // std::cout
 #include <limits>    // std::numeric_limits
 #include <stdexcept> // std::invalid_argument, std::out_of_range
 #include <string>    // std::string
 #include <vector>    // std::vector
 
 #include <gtest/gtest.h>
+
+#include <unistd.h> // dup2
 
 using namespace std::string_literals;
 
@@ -82,6 +85,16 @@ TEST(StringsDeathTest, anUnknownStyleIsUnreachable) {
     EXPECT_DEATH(static_cast<void>(caseStyleName(style)),
                  "^Unreachable code: \\(case style\\) at .*:[0-9]+\n");
     EXPECT_DEATH(unreachable(nullptr, "f.cpp", 7), "^Unreachable code at f.cpp:7\n");
+}
+
+TEST(UnreachableDeathTest, aReportThatIsReadyGetsOutBefore) {
+    EXPECT_DEATH(
+        {
+            dup2(STDERR_FILENO, STDOUT_FILENO);
+            std::cout << "ready";
+            unreachable(nullptr, "f.cpp", 7);
+        },
+        "readyUnreachable code at f.cpp:7");
 }
 
 TEST(Strings, compareIgnoreCase) {

@@ -26,6 +26,9 @@ class ReadResult {
 
     [[nodiscard]] const jv::JVDocument& source() const noexcept { return *source_; }
     [[nodiscard]] const SchemaFormatRegistry& formats() const noexcept { return *formats_; }
+    [[nodiscard]] const std::shared_ptr<const SchemaFormatRegistry>& sharedFormats() const noexcept {
+        return formats_;
+    }
     [[nodiscard]] const OpenAPI& root() const noexcept { return *root_; }
     [[nodiscard]] OpenAPI& root() noexcept { return *root_; }
 

@@ -33,6 +33,12 @@ bool LintContext::isDisabled(const Rule& rule, const openapi::Node& node, const 
            (disabled_.contain(rule, node) || (other != nullptr && disabled_.contain(rule, *other)));
 }
 
+source_edit::Edits& LintContext::edits() {
+    if (!edits_)
+        edits_.emplace(document->source());
+    return *edits_;
+}
+
 void LintContext::report(const Rule& rule, std::string message, const openapi::Node& node) {
     if (results.size() - firstOfFile_ == mostFindings)
         throw std::runtime_error(formatMessage("More than {} findings in one document", mostFindings));

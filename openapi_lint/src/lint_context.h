@@ -5,6 +5,7 @@
 #include "openapi_lint/lint_result.h"
 #include "openapi_lint/rule.h"
 #include "openapi_lint/walk_order.h"
+#include "source_edit/edits.h"
 
 #include <cstddef>     // std::size_t
 #include <cstdint>     // std::uint64_t
@@ -13,6 +14,7 @@
 #include <optional>    // std::optional
 #include <string>      // std::string
 #include <string_view> // std::string_view
+#include <utility>     // std::move
 #include <vector>      // std::vector
 
 namespace specloom::openapi_lint {
@@ -60,6 +62,17 @@ class LintContext {
     [[nodiscard]] bool isDisabled(const Rule& rule, const openapi::Node& node,
                                   const openapi::Node* other = nullptr) const;
 
+    /// What fixes want to become of the source of the document at hand.
+    [[nodiscard]] source_edit::Edits& edits();
+    /// What people should know of a fix.
+    void note(Message text) { notes_.push_back(std::move(text)); }
+    [[nodiscard]] const std::vector<Message>& notes() const noexcept { return notes_; }
+    /// Forgets the edits and the notes.
+    void forgetFixes() noexcept {
+        edits_.reset();
+        notes_.clear();
+    }
+
     /// Appends a finding, with the position of the value that the node was read from; unknown for a node that
     /// was made in code. Nothing is deduplicated. A severity outside of the enumeration is an unreachable
     /// path.
@@ -79,6 +92,8 @@ class LintContext {
   private:
     std::optional<WalkOrder> order_; ///< while the tree is frozen
     mutable DisabledNodes disabled_;
+    std::optional<source_edit::Edits> edits_;
+    std::vector<Message> notes_;
     std::size_t firstOfFile_ = 0;      ///< index of the first result of the file at hand
     std::list<std::string> filenames_; ///< a list, because results refer to its texts
 };

@@ -3,7 +3,7 @@
 #include "configuration/section.h"
 #include "foundation/file_system.h"
 #include "foundation/message.h"
-#include "openapi/writer.h"
+#include "openapi/reader.h"
 #include "openapi_lint/formatter_registry.h"
 #include "openapi_lint/rule_configuration_error.h"
 #include "openapi_lint/rule_options.h"
@@ -122,20 +122,25 @@ void Linter::setFormatter(std::string_view name) {
 
 void Linter::run(openapi::ReadResult& document, std::string_view path) {
     context_.setFilename(canonicalPath(path));
+    path_ = path;
     check(document);
 }
 
 void Linter::check(openapi::ReadResult& document) {
     context_.document = &document;
     context_.release(); // of a document whose check ended in an exception
+    context_.forgetFixes();
+    repaired_.reset();
     const std::vector<Rule*> rules = inRunningOrder(rules_);
     if (autoFix_) {
         const telemetry::Span span("autoFix");
         for (Rule* rule : rules)
             if (rule->isFixable())
                 rule->fix(context_);
+        if (!context_.filename().empty() && !context_.edits().empty())
+            repair(document);
     }
-    {
+    if (!(autoFix_ && dryRun_)) {
         const telemetry::Span span("check");
         context_.freeze();
         for (Rule* rule : rules)
@@ -145,12 +150,40 @@ void Linter::check(openapi::ReadResult& document) {
     if (autoFix_) {
         if (context_.filename().empty())
             throw std::runtime_error(noFilename);
-        openapi::writeFile(document, context_.filename());
+        finishRepair();
     }
-    const telemetry::Span span("format");
-    formatter_->format(context_);
-    stream_ << '\n';
+    if (!(autoFix_ && dryRun_)) {
+        const telemetry::Span span("format");
+        formatter_->format(context_);
+        stream_ << '\n';
+    }
     context_.document = nullptr; // it ends before the next one comes
+    repairedDocument_.reset();
+    context_.forgetFixes();
+}
+
+/// Makes the fixes in the text; from here on the rules look at the document that it holds then.
+void Linter::repair(const openapi::ReadResult& document) {
+    repaired_.emplace(path_, context_.edits());
+    if (dryRun_)
+        return;
+    repairedDocument_ = openapi::read(std::move(repaired_->edited().document), document.sharedFormats());
+    repairedDocument_->setSourcePath(path_);
+    context_.release(); // what it keeps about nodes is of the other tree
+    context_.document = repairedDocument_.get();
+}
+
+/// Writes what was repaired, or tells it, and what people should know about it.
+void Linter::finishRepair() {
+    if (repaired_ && dryRun_)
+        stream_ << repaired_->diff();
+    else if (repaired_)
+        repaired_->write();
+    for (const Message& note : context_.notes())
+        notes_.add(formatMessage("{}: {}", path_, note.composed()));
+    if (repaired_)
+        repaired_->tell(notes_);
+    repaired_.reset();
 }
 
 } // namespace specloom::openapi_lint

@@ -35,7 +35,8 @@ class Rule {
     virtual void configure(const jv::JV* options);
     /// Reports what is wrong with the context's document.
     virtual void check(LintContext& context);
-    /// Changes the tree of the context's document so that check() finds less.
+    /// Says in LintContext::edits() what is to become of the source of the context's document so that check()
+    /// finds less, and changes the tree alike, for the fixes that come after it.
     virtual void fix(LintContext& context);
 
     /// Lives as long as the program.

@@ -16,6 +16,7 @@
 #include "openapi_lint/lint_context.h"
 #include "openapi_lint/rule_registry.h"
 #include "reporting/place.h"
+#include "source_edit/apply.h"
 #include "test_support/corpora.h"
 #include "test_support/golden.h"
 
@@ -73,7 +74,7 @@ fs::path beside(const fs::path& document, const std::string& extension) {
 class Bench {
   public:
     Bench(std::string_view id, const fs::path& path)
-        : rule_(findRule(id, Severity::Error)),
+        : path_(path), rule_(findRule(id, Severity::Error)),
           document_(
               openapi::readFile(path.string(), std::make_shared<const openapi::SchemaFormatRegistry>())) {
         context_.document = document_.get();
@@ -103,13 +104,24 @@ class Bench {
         ids->appendString(rule_->id());
         document_->root().replaceExtension("x-lint-disable", openapi::Value(*ids));
     }
+    /// The text after the fix; the tree says the same.
     [[nodiscard]] std::string fixed(jv::DocumentFormat format) {
         rule_->fix(context_);
-        return jv::documentToText(*openapi::Writer(*document_).write(document_->root()), format);
+        const auto edited = source_edit::applyEdits(fileBytes(path_), format, context_.edits());
+        if (!edited) {
+            ADD_FAILURE() << "cannot be edited";
+            return "";
+        }
+        const auto again = openapi::read(jv::parseDocument(edited->text, {.format = format, .refLoader = {}}),
+                                         document_->sharedFormats());
+        EXPECT_TRUE(openapi::Writer().write(again->root())->root()->equals(
+            *openapi::Writer().write(document_->root())->root()));
+        return edited->text;
     }
     [[nodiscard]] const Rule& rule() const { return *rule_; }
 
   private:
+    fs::path path_;
     std::unique_ptr<jv::JVDocument> options_;
     std::unique_ptr<Rule> rule_;
     std::unique_ptr<openapi::ReadResult> document_;

@@ -4,8 +4,10 @@
 #include "source_edit/edited_values.h"
 
 #include <algorithm> // std::sort
+#include <cstdint>   // std::uint8_t
 #include <exception> // std::exception
-#include <stdexcept> // std::runtime_error
+#include <new>       // std::bad_alloc
+#include <utility>   // std::move
 
 namespace specloom::source_edit {
 namespace {
@@ -35,22 +37,36 @@ class Attempt {
         Replacements replacements(around_.text);
         if (!(effort == Effort::Document ? renderDocument(replacements) : edit(effort, replacements)))
             return false;
+        // What is rendered anew must not undo what somebody did to the text meanwhile.
+        if (!result_.renderedAnew.empty() && !isUnchanged())
+            return false;
         result_.text = replacements.wholeText();
         result_.changes = replacements.changes();
-        try {
-            jv::LoadOptions options;
-            options.format = around_.format;
-            result_.document = jv::parseDocument(result_.text, options);
-        } catch (const std::bad_alloc&) {
-            throw;
-        } catch (const std::exception&) {
-            return false; // no document any more
-        }
-        return isAsIntended(edits_, *result_.document);
+        result_.document = parsed(result_.text);
+        return result_.document != nullptr && isAsIntended(edits_, *result_.document);
     }
     [[nodiscard]] EditedText takeResult() { return std::move(result_); }
 
   private:
+    /// Null when it is no document.
+    [[nodiscard]] std::unique_ptr<jv::JVDocument> parsed(std::string_view text) const {
+        try {
+            jv::LoadOptions options;
+            options.format = around_.format;
+            return jv::parseDocument(text, options);
+        } catch (const std::bad_alloc&) {
+            throw;
+        } catch (const std::exception&) {
+            return nullptr;
+        }
+    }
+
+    /// Whether the text is still the one that the source was read from.
+    [[nodiscard]] bool isUnchanged() const {
+        const std::unique_ptr<jv::JVDocument> document = parsed(around_.text);
+        return document != nullptr && isAsIntended(Edits(edits_.source()), *document);
+    }
+
     bool edit(Effort effort, Replacements& replacements) {
         std::vector<const EditedContainer*> changed = edits_.changed();
         std::vector<const jv::JV*> values;
@@ -97,12 +113,12 @@ class Attempt {
 
 } // namespace
 
-EditedText applyEdits(std::string_view text, jv::DocumentFormat format, const Edits& edits) {
+std::optional<EditedText> applyEdits(std::string_view text, jv::DocumentFormat format, const Edits& edits) {
     Attempt attempt(text, format, edits);
     for (const Effort effort : {Effort::Text, Effort::Containers, Effort::Document})
         if (attempt.run(effort))
             return attempt.takeResult();
-    throw std::runtime_error("The text cannot be repaired: it does not read as it should afterwards");
+    return std::nullopt;
 }
 
 } // namespace specloom::source_edit

@@ -6,6 +6,7 @@
 
 #include <cstddef>     // std::size_t
 #include <memory>      // std::unique_ptr
+#include <optional>    // std::optional
 #include <string>      // std::string
 #include <string_view> // std::string_view
 #include <vector>      // std::vector
@@ -26,8 +27,8 @@ struct EditedText {
 /// Makes edits in `text`, from which their source was read. What no edit names stays byte for byte, and
 /// children that move take their comments along: those on their lines, and those on the lines right above.
 ///
-/// Throws std::runtime_error with "The text cannot be repaired: it does not read as it should afterwards"
-/// when it does not, as a text that is not the one that was read.
-[[nodiscard]] EditedText applyEdits(std::string_view text, jv::DocumentFormat format, const Edits& edits);
+/// Nothing when the outcome does not read as the edits intend, as with a text that is not the one that was
+/// read.
+[[nodiscard]] std::optional<EditedText> applyEdits(std::string_view text, jv::DocumentFormat format, const Edits& edits);
 
 } // namespace specloom::source_edit

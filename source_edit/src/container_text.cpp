@@ -212,8 +212,11 @@ class Arrangement {
             if (place != 0)
                 appendSeparator(separatorOf(place));
             const Piece piece = pieceOf(container_.children[place]);
-            if (!piece.lead.empty() && !isAtLineBegin())
-                return false;
+            if (!piece.lead.empty() && !isAtLineBegin()) {
+                if (!layout_.isFlow)
+                    return false;
+                out_ += around_.lineEnd + std::string(layout_.column, ' ');
+            }
             out_.append(piece.lead).append(piece.body);
             tail_ = piece.tail;
         }

@@ -5,7 +5,9 @@
 #include "source_edit/unified_diff.h"
 
 #include <filesystem> // std::filesystem::is_regular_file
+#include <optional>   // std::optional
 #include <stdexcept>  // std::runtime_error
+#include <utility>    // std::move
 
 namespace specloom::source_edit {
 namespace {
@@ -16,6 +18,7 @@ constexpr const char* hasAliases =
 constexpr const char* hasRepeatedKeys =
     "Cannot repair {}: an object has a key twice, and one of its values is not read";
 constexpr const char* notUtf8 = "Cannot repair {}: its text is not UTF-8";
+constexpr const char* notAsIntended = "Cannot repair {}: its text would not read as it should afterwards";
 constexpr const char* renderedAnew =
     "{}: the text of \"{}\" could not take its repair and was rendered anew, without its comments";
 
@@ -43,11 +46,18 @@ void requireRepairable(std::string_view path, const jv::ReadingLosses& losses) {
     return text;
 }
 
+[[nodiscard]] EditedText editedTextOf(std::string_view path, std::string_view before, const Edits& edits) {
+    std::optional<EditedText> edited =
+        applyEdits(before, jv::formatFromPath(path).value_or(jv::DocumentFormat::Json), edits);
+    if (!edited)
+        throw std::runtime_error(formatMessage(notAsIntended, path));
+    return std::move(*edited);
+}
+
 } // namespace
 
 RepairedFile::RepairedFile(std::string_view path, const Edits& edits)
-    : path_(path), before_(textOfFile(path, edits)),
-      edited_(applyEdits(before_, jv::formatFromPath(path).value_or(jv::DocumentFormat::Json), edits)) {}
+    : path_(path), before_(textOfFile(path, edits)), edited_(editedTextOf(path, before_, edits)) {}
 
 std::string RepairedFile::diff() const {
     return unifiedDiff(path_, before_, edited_.text, edited_.changes);

@@ -18,7 +18,8 @@ class RepairedFile {
     ///   "Cannot repair {}: it has YAML aliases, the first in line {}, and what they stand for is not read"
     ///   "Cannot repair {}: an object has a key twice, and one of its values is not read"
     ///   "Cannot repair {}: its text is not UTF-8"
-    /// and what applyEdits() and LocalFileSystem::readFile() throw.
+    ///   "Cannot repair {}: its text would not read as it should afterwards"
+    /// and what LocalFileSystem::readFile() throws.
     RepairedFile(std::string_view path, const Edits& edits);
 
     /// What will be written. Its document can be taken out.

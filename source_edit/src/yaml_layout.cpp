@@ -151,7 +151,7 @@ class MarkReader {
             return;
         frame.layout.whole.end = endOfLast();
         if (!frame.layout.isFlow && frame.isMapping)
-            frame.layout.whole.begin = frame.layout.children.front().whole.begin;
+            settleMapping(frame.layout);
         else if (!frame.layout.isFlow)
             settleSequence(frame.layout);
         if (frame.layout.children.size() == frame.container->size())
@@ -207,6 +207,15 @@ class MarkReader {
     [[nodiscard]] std::size_t endOfLast() {
         const std::size_t end = offsets_.of(last_.end.index);
         return last_.isBlockScalar ? endOfBlockScalar(text_, {offsets_.of(last_.begin.index), end}) : end;
+    }
+
+    /// An anchor and a tag may stand far in front of the first key; the sign of a key belongs to it.
+    void settleMapping(Layout& layout) const {
+        const ChildLayout& first = layout.children.front();
+        if (layout.whole.begin < first.whole.begin && text_[layout.whole.begin] == '?')
+            layout.column = columnOf(layout.whole.begin);
+        else
+            layout.whole.begin = first.whole.begin;
     }
 
     /// Finds the dashes of a sequence, which are in no event: each stands first on its line, in the column of

@@ -15,6 +15,7 @@
 #include "openapi_format/configuration.h"
 #include "openapi_lint/lint_context.h"
 #include "regex/pattern.h"
+#include "source_edit/line_script.h"
 #include "tree.h"
 
 #include <cstdint>  // std::uint64_t
@@ -62,6 +63,7 @@ const Limits declared = {
     {"regex/src/pattern.h maxSteps", regex::Pattern::maxSteps},
     {"regex/src/syntax.h maxInstructions", regex::maxInstructions},
     {"regex/src/syntax.h maxNesting", regex::maxNesting},
+    {"source_edit/src/line_script.h mostDifferingLines", source_edit::mostDifferingLines},
 };
 
 /// Those that are read out of the text: they stand in one source alone, in a function, or in a module that

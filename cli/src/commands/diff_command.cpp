@@ -3,13 +3,15 @@
 #include "cli/app.h"
 #include "cli/config_file.h"
 #include "cli/exit_status.h"
+#include "cli/notes_flag.h"
+#include "foundation/printable.h"
 #include "openapi/reader.h"
-#include "openapi/writer.h"
 #include "openapi_diff/differ.h"
+#include "source_edit/repaired_file.h"
 #include "telemetry/telemetry.h"
 
 #include <iostream> // std::cout
-#include <memory>   // std::make_shared, std::shared_ptr, std::unique_ptr
+#include <memory>   // std::make_shared, std::make_unique, std::shared_ptr, std::unique_ptr
 #include <optional> // std::optional
 #include <string>   // std::string
 #include <utility>  // std::move
@@ -25,6 +27,17 @@ void configureDiffer(openapi_diff::Differ& differ, openapi::SchemaFormatRegistry
         file.addCustomFormatsTo(formats);
         differ.configure(openapi_diff::Configuration::load(file.commandSection("diff")));
     });
+}
+
+/// Brings the version of the tree into the file.
+void updateVersion(const openapi::ReadResult& document, const std::string& path, const Notes& notes) {
+    const telemetry::Span span("update_dest");
+    const openapi::Info& info = document.root().info();
+    source_edit::Edits edits(document.source());
+    edits.setMember(*info.source(), "version", std::make_unique<jv::JV>(info.version()));
+    const source_edit::RepairedFile file(path, edits);
+    file.write();
+    file.tell(notes);
 }
 
 std::unique_ptr<openapi::ReadResult> read(const char* spanName, const std::string& path,
@@ -44,6 +57,9 @@ void DiffCommand::configure(App& app) {
                      openapi_diff::formatNames());
     parser.addFlag("--update-version",
                    {.help = "Updates the version of the OpenAPI file to the minimal suggested version."});
+    parser.addFlag("--print-version",
+                   {.help = "Prints the minimal suggested version alone, and writes nothing."});
+    addNotesFlag(parser);
     parser.addPositional("source_file",
                          {.help = "Path to the original OpenAPI file.", .kind = ValueKind::Document});
     parser.addPositional("dest_file", {.help = "Path to final OpenAPI file.", .kind = ValueKind::Document});
@@ -53,11 +69,13 @@ void DiffCommand::configure(App& app) {
 std::int32_t DiffCommand::run() {
     const telemetry::Span span("cli_command_diff");
     const auto formats = std::make_shared<openapi::SchemaFormatRegistry>();
-    openapi_diff::Differ differ(std::cout);
+    const bool printsVersion = parser.flag("--print-version");
+    std::ostream nowhere(nullptr);
+    openapi_diff::Differ differ(printsVersion ? nowhere : std::cout);
     configureDiffer(differ, *formats, parser.option("--config"));
-    const bool updateVersion = parser.flag("--update-version");
+    const bool updatesVersion = parser.flag("--update-version");
     const std::string report = parser.optionOrDefault("--report");
-    differ.setUpdateVersion(updateVersion);
+    differ.setUpdateVersion(updatesVersion || printsVersion);
     differ.setReport(report);
     differ.setFormatter(parser.optionOrDefault("--formatter"), report);
     const std::unique_ptr<openapi::ReadResult> source =
@@ -65,10 +83,10 @@ std::int32_t DiffCommand::run() {
     const std::string destinationPath = parser.positional("dest_file");
     const std::unique_ptr<openapi::ReadResult> destination = read("read_dest", destinationPath, formats);
     const openapi_diff::Differ::Outcome outcome = differ.run(*source, *destination);
-    if (updateVersion && outcome.bumped != openapi_diff::ChangeLevel::None) {
-        const telemetry::Span update("update_dest");
-        openapi::writeFile(*destination, destinationPath);
-    }
+    if (printsVersion)
+        std::cout << printable(destination->root().info().version()) << '\n';
+    else if (outcome.bumped != openapi_diff::ChangeLevel::None)
+        updateVersion(*destination, destinationPath, notesOf(parser));
     return outcome.level == openapi_diff::ChangeLevel::Breaking ? exit_status::failure : exit_status::success;
 }
 

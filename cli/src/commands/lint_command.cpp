@@ -3,6 +3,7 @@
 #include "cli/app.h"
 #include "cli/config_file.h"
 #include "cli/exit_status.h"
+#include "cli/notes_flag.h"
 #include "openapi/reader.h"
 #include "openapi_lint/formatter_registry.h"
 #include "openapi_lint/linter.h"
@@ -43,11 +44,14 @@ void LintCommand::configure(App& app) {
         "--config",
         {.help = "Path to the configuration file.", .metavar = "CONFIG", .kind = ValueKind::Document});
     parser.addFlag("--fix", {.help = "Automatically fixes problems where possible."});
+    parser.addFlag("--fix-dry-run",
+                   {.help = "Prints what --fix would change as a unified diff, in place of the report."});
     parser.addOption("--formatter",
                      {.help = "Specifies the formatter", .values = openapi_lint::formatterNames()},
                      openapi_lint::defaultFormatter);
     parser.addPositionals(
         "files", {.help = "Path to OpenAPI files to lint.", .metavar = "FILES", .kind = ValueKind::Document});
+    addNotesFlag(parser);
     app.addCommandLine(parser);
 }
 
@@ -56,7 +60,10 @@ std::int32_t LintCommand::run() {
     const auto formats = std::make_shared<openapi::SchemaFormatRegistry>();
     openapi_lint::Linter linter(std::cout);
     configureLinter(linter, *formats, parser.option("--config"));
-    linter.setAutoFix(parser.flag("--fix"));
+    const bool dryRun = parser.flag("--fix-dry-run");
+    linter.setAutoFix(dryRun || parser.flag("--fix"));
+    linter.setDryRun(dryRun);
+    linter.setNotes(notesOf(parser));
     linter.setFormatter(parser.optionOrDefault("--formatter"));
     for (const std::string& file : parser.positionals("files")) {
         const std::unique_ptr<openapi::ReadResult> document = read(file, formats);

@@ -87,8 +87,12 @@ void IDDefined::fix(LintContext& context) {
     if (pattern_ || isDisabled(*this, &info, &root))
         return;
     const jv::JV* identifier = info.findExtension(attribute_);
-    if (identifier == nullptr || !isValid(*identifier))
-        info.replaceExtension(attribute_, openapi::Value(std::make_unique<jv::JV>(newUuid())));
+    if (identifier != nullptr && isValid(*identifier))
+        return;
+    const std::string uuid = newUuid();
+    if (info.source() != nullptr)
+        context.edits().setMember(*info.source(), attribute_, std::make_unique<jv::JV>(uuid));
+    info.replaceExtension(attribute_, openapi::Value(std::make_unique<jv::JV>(uuid)));
 }
 
 } // namespace specloom::openapi_lint

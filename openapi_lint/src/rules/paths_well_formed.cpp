@@ -2,6 +2,7 @@
 
 #include "foundation/strings.h"
 #include "openapi_lint/lint_context.h"
+#include "openapi_lint/path_renaming.h"
 #include "openapi_lint/texts.h"
 
 #include <string>      // std::string
@@ -39,7 +40,7 @@ void PathsWellFormed::check(LintContext& context) {
 }
 
 void PathsWellFormed::fix(LintContext& context) {
-    context.root().paths().renameAll([&](std::string_view url, const openapi::Node& entry) {
+    renamePaths(context, [&](std::string_view url, const openapi::Node& entry) {
         return isDisabledOn(context, *this, entry) ? std::string(url) : fixed(url);
     });
 }

@@ -19,7 +19,7 @@ class PathsWellFormed final : public Rule {
     void check(LintContext& context) override;
     /// Puts lower case throughout, also into braces, one slash for several, and a slash at the beginning;
     /// one at the end stays. Paths without a finding are no exception. A path whose new name another one has
-    /// or gets before it keeps its own, so that neither is lost.
+    /// or gets before it keeps its own, so that neither is lost. Parameters follow as renamePaths() tells.
     void fix(LintContext& context) override;
 };
 

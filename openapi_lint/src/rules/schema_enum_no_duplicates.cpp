@@ -5,6 +5,7 @@
 #include "openapi/schema.h"
 #include "openapi_lint/rule_handler.h"
 
+#include <span>          // std::span
 #include <unordered_set> // std::unordered_set
 #include <vector>        // std::vector
 
@@ -17,13 +18,28 @@ using openapi::Value;
 constexpr const char* duplicateEnumValue = "Duplicate enum value";
 
 /// The values without those that equal one before them.
-std::vector<const jv::JV*> distinctValues(const std::vector<Value>& values) {
+std::vector<const jv::JV*> distinctValues(std::span<const jv::JV* const> values) {
     std::unordered_set<const jv::JV*, jv::ValueHash, jv::ValueEqual> seen(values.size());
     std::vector<const jv::JV*> distinct;
-    for (const Value& value : values)
-        if (seen.insert(value.get()).second)
-            distinct.push_back(value.get());
+    for (const jv::JV* value : values)
+        if (seen.insert(value).second)
+            distinct.push_back(value);
     return distinct;
+}
+
+std::vector<const jv::JV*> distinctValues(const std::vector<Value>& values) {
+    std::vector<const jv::JV*> pointers;
+    pointers.reserve(values.size());
+    for (const Value& value : values)
+        pointers.push_back(value.get());
+    return distinctValues(std::span<const jv::JV* const>(pointers));
+}
+
+/// The list that the values of the schema were read from; null for values that were made in code.
+const jv::JV* sourceOfValues(const Schema& schema) {
+    const jv::JV* source = schema.source();
+    const jv::JV* list = source != nullptr && source->isObject() ? source->get("enum") : nullptr;
+    return list != nullptr && list->isArray() ? list : nullptr;
 }
 
 std::size_t repeatsIn(const Schema& schema) {
@@ -61,8 +77,11 @@ void SchemaEnumNoDuplicates::check(LintContext& context) {
 
 void SchemaEnumNoDuplicates::fix(LintContext& context) {
     openapi::changeEach<Schema>(context.root(), [&](Schema& schema) {
-        if (repeatsIn(schema) > 0 && !context.isDisabled(*this, schema))
-            schema.setEnumeration(copies(distinctValues(schema.enumeration())));
+        if (repeatsIn(schema) == 0 || context.isDisabled(*this, schema))
+            return;
+        if (const jv::JV* list = sourceOfValues(schema))
+            context.edits().arrangeElements(*list, distinctValues(list->elements()));
+        schema.setEnumeration(copies(distinctValues(schema.enumeration())));
     });
 }
 
