@@ -77,7 +77,8 @@ std::string formatsOf(const std::vector<const test_support::ReadTree*>& trees) {
 }
 
 /// That the texts are the same but for the one line that has the version.
-void expectNothingButTheVersion(const std::string& before, const std::string& after, const VersionPair& pair) {
+void expectNothingButTheVersion(const std::string& before, const std::string& after,
+                                const VersionPair& pair) {
     const auto [old, now] = std::mismatch(before.begin(), before.end(), after.begin(), after.end());
     const auto place = static_cast<std::size_t>(old - before.begin());
     std::string expected = before;

@@ -11,7 +11,6 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-
 #include <sys/stat.h> // mkfifo, stat
 
 namespace specloom::tests {
@@ -65,7 +64,8 @@ TEST(Fixing, refusesWhatItWouldLose) {
         std::string reason;
     };
     const std::vector<Row> rows = {
-        {unsorted + "x: [&a 1,\n *a]\n", "it has YAML aliases, the first in line 6, and what they stand for is not read"},
+        {unsorted + "x: [&a 1,\n *a]\n",
+         "it has YAML aliases, the first in line 6, and what they stand for is not read"},
         {unsorted + "x: {a: 1, a: 1}\n", "an object has a key twice, and one of its values is not read"},
     };
     Workspace workspace;
@@ -106,6 +106,24 @@ TEST(Fixing, checksWhatIsWritten) {
     const Outcome outcome = workspace.run(fix);
     EXPECT_THAT(outcome.out, testing::Not(HasSubstr("ports")));
     EXPECT_EQ(workspace.read("a.yaml"), head + "paths:\n\n  /ports: {}\n");
+    EXPECT_EQ(workspace.run({"lint", "--config", "fix.yaml", "a.yaml"}).out, outcome.out);
+}
+
+/// The report tells places of the file as it is then.
+TEST(Fixing, tellsPlacesInTheNewText) {
+    for (const std::string name : {"a.yaml", "a.json"}) {
+        const Workspace workspace;
+        workspace.write("rules.yaml", "{version: '1.0', commands: {lint: {extends: [all]}}}");
+        const std::string text =
+            "{\"openapi\": \"3.1.0\", \"tags\": [\n{\"name\": \"b\"},\n\n{\"name\": \"a\"}],\n"
+            "\"info\": {\"title\": \"T\", \n\"version\": \"1\"}, \"paths\": {\"/A\": {\n"
+            "\"parameters\": [], \"get\": {\"responses\": {}}}}}\n";
+        workspace.write(name, text);
+        const std::string former = workspace.run({"lint", "--config", "rules.yaml", name}).out;
+        const std::string fixed = workspace.run({"lint", "--config", "rules.yaml", "--fix", name}).out;
+        EXPECT_EQ(workspace.run({"lint", "--config", "rules.yaml", name}).out, fixed);
+        EXPECT_NE(fixed, former);
+    }
 }
 
 TEST(Fixing, triesWithoutWriting) {
@@ -128,26 +146,27 @@ TEST(Fixing, triesWithoutWriting) {
 
 TEST(Fixing, tellsWhatBecameOfPaths) {
     Workspace workspace;
-    const std::string text = head +
-                             "paths:\n"
-                             "  /Ports/{Id}:\n"
-                             "    parameters: [{name: Id, in: path, required: true, schema: {}}]\n"
-                             "  /Tides: {}\n"
-                             "  /tides: {}\n"
-                             "  /{A}/{a}: {}\n"
-                             "  '/Shared/{Name}':\n"
-                             "    parameters: [{$ref: '#/components/parameters/Name'}]\n"
-                             "components: {parameters: {Name: {name: Name, in: path, required: true, schema: {}}}}\n";
+    const std::string text =
+        head + "paths:\n"
+               "  /Ports/{Id}:\n"
+               "    parameters: [{name: Id, in: path, required: true, schema: {}}]\n"
+               "  /Tides: {}\n"
+               "  /tides: {}\n"
+               "  /{A}/{a}: {}\n"
+               "  '/Shared/{Name}':\n"
+               "    parameters: [{$ref: '#/components/parameters/Name'}]\n"
+               "components: {parameters: {Name: {name: Name, in: path, required: true, schema: {}}}}\n";
     withConfiguration(workspace).write("a.yaml", text);
     const Outcome outcome = workspace.run(fix);
-    EXPECT_EQ(outcome.err,
-              "specloom: note: a.yaml: path \"/{A}/{a}\" stays, because two of its parameters would have one "
-              "name in \"/{a}/{a}\"\n"
-              "specloom: note: a.yaml: path \"/Ports/{Id}\" becomes \"/ports/{id}\"\n"
-              "specloom: note: a.yaml: path \"/Shared/{Name}\" becomes \"/shared/{name}\"\n"
-              "specloom: note: a.yaml: parameter \"Name\" of path \"/shared/{name}\" is a shared component and "
-              "keeps its name\n"
-              "specloom: note: a.yaml: path \"/Tides\" stays, because \"/tides\" is taken\n");
+    EXPECT_EQ(
+        outcome.err,
+        "specloom: note: a.yaml: path \"/{A}/{a}\" stays, because two of its parameters would have one "
+        "name in \"/{a}/{a}\"\n"
+        "specloom: note: a.yaml: path \"/Ports/{Id}\" becomes \"/ports/{id}\"\n"
+        "specloom: note: a.yaml: path \"/Shared/{Name}\" becomes \"/shared/{name}\"\n"
+        "specloom: note: a.yaml: parameter \"Name\" of path \"/shared/{name}\" is a shared component and "
+        "keeps its name\n"
+        "specloom: note: a.yaml: path \"/Tides\" stays, because \"/tides\" is taken\n");
     std::string expected = text;
     for (const auto& [before, after] : std::vector<std::pair<std::string, std::string>>{
              {"/Ports/{Id}", "/ports/{id}"}, {"name: Id", "name: id"}, {"/Shared/{Name}", "/shared/{name}"}})
@@ -168,7 +187,8 @@ TEST(Fixing, printsTheVersionAlone) {
     const Outcome added = workspace.run({"diff", "--print-version", "old.yaml", "new.yaml"});
     EXPECT_EQ(added.out, "1.1.0\n");
     EXPECT_EQ(added.status, 0);
-    const Outcome removed = workspace.run({"diff", "--print-version", "--update-version", "new.yaml", "old.yaml"});
+    const Outcome removed =
+        workspace.run({"diff", "--print-version", "--update-version", "new.yaml", "old.yaml"});
     EXPECT_EQ(removed.out, "2.0.0\n");
     EXPECT_EQ(removed.status, 1);
     EXPECT_EQ(workspace.run({"diff", "--print-version", "old.yaml", "old.yaml"}).out, "1.0.0\n");

@@ -4,7 +4,6 @@
 #include <string>     // std::string
 
 #include <gtest/gtest.h>
-#include <gtest/gtest.h>
 
 namespace specloom::tests {
 namespace {

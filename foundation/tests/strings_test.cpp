@@ -12,7 +12,6 @@
 #include <vector>    // std::vector
 
 #include <gtest/gtest.h>
-
 #include <unistd.h> // dup2
 
 using namespace std::string_literals;

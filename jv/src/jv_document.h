@@ -64,6 +64,9 @@ class JVDocument {
     /// JV::setPos().
     static void setPos(JV* value, std::int32_t line, std::int32_t column) { value->setPos({line, column}); }
 
+    /// Puts a value of this document elsewhere, whatever position it had.
+    void movePos(const JV& value, Pos pos) noexcept { const_cast<JV&>(value).pos_ = pos; }
+
     // The recorded order of an object's keys. It may name keys that the object has not, and a key twice.
     void appendKey(JV* object, std::string_view key);
     void setKeys(JV* object, std::span<const std::string_view> keys);

@@ -9,7 +9,7 @@ namespace specloom::jv {
 
 /// A place in a YAML text, all counted from 0.
 struct YamlMark {
-    std::size_t index;  ///< code points from the beginning of the text, without a byte-order mark
+    std::size_t index; ///< code points from the beginning of the text, without a byte-order mark
     std::size_t line;
     std::size_t column; ///< code points
 };

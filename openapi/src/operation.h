@@ -61,6 +61,8 @@ class Operation final : public Node {
     HeaderParameter* createHeaderParameter(Text name);
     CookieParameter* createCookieParameter(Text name);
     Reference* addParameterReference(Node& target);
+    /// ParameterList::rename().
+    void renameParameter(std::size_t index, Text name) { parameters_.rename(index, std::move(name)); }
 
     /// The resolved request body, or null.
     [[nodiscard]] const RequestBody* requestBody() const;

@@ -51,6 +51,8 @@ class Parameter : public Node {
     void setRequired(std::optional<bool> required) { required_ = required; }
 
   private:
+    friend class ParameterList; // renames
+
     std::optional<bool> required_;
     std::optional<bool> deprecated_;
     std::optional<bool> explode_;

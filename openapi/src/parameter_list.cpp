@@ -4,6 +4,7 @@
 #include "foundation/keyed_hash.h"
 
 #include <algorithm> // std::find
+#include <utility>   // std::move
 
 namespace specloom::openapi {
 
@@ -56,6 +57,13 @@ const Parameter* ParameterList::at(std::size_t index) const {
 Node& ParameterList::add(NodePointer node) {
     keys_.insert(keyOf(*resolveTo<Parameter>(node.get())));
     return *nodes_.emplace_back(std::move(node));
+}
+
+void ParameterList::rename(std::size_t index, Text name) {
+    static_cast<Parameter&>(*nodes_.at(index)).name_ = std::move(name);
+    keys_ = ParameterKeys(); // they refer to the names
+    for (const NodePointer& node : nodes_)
+        keys_.insert(keyOf(*resolveTo<Parameter>(node.get())));
 }
 
 } // namespace specloom::openapi

@@ -45,6 +45,9 @@ class ParameterList {
     [[nodiscard]] const Parameter* at(std::size_t index) const;
 
     Node& add(NodePointer node);
+    /// Gives the parameter in that place, which is no reference, another name, which no other one of its
+    /// location has. Throws std::out_of_range past the end.
+    void rename(std::size_t index, Text name);
 
   private:
     std::vector<NodePointer> nodes_;

@@ -41,6 +41,8 @@ class PathItem final : public Node {
     HeaderParameter* createHeaderParameter(Text name);
     CookieParameter* createCookieParameter(Text name);
     Reference* addParameterReference(Node& target);
+    /// ParameterList::rename().
+    void renameParameter(std::size_t index, Text name) { parameters_.rename(index, std::move(name)); }
 
     [[nodiscard]] const std::vector<std::unique_ptr<Server>>& servers() const { return servers_; }
     Server* createServer(Text url);

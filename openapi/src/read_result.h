@@ -26,9 +26,6 @@ class ReadResult {
 
     [[nodiscard]] const jv::JVDocument& source() const noexcept { return *source_; }
     [[nodiscard]] const SchemaFormatRegistry& formats() const noexcept { return *formats_; }
-    [[nodiscard]] const std::shared_ptr<const SchemaFormatRegistry>& sharedFormats() const noexcept {
-        return formats_;
-    }
     [[nodiscard]] const OpenAPI& root() const noexcept { return *root_; }
     [[nodiscard]] OpenAPI& root() noexcept { return *root_; }
 
@@ -37,6 +34,9 @@ class ReadResult {
         return source_->sourcePath();
     }
     void setSourcePath(std::string path) { source_->setSourcePath(std::move(path)); }
+
+    /// Says that a value of the source stands elsewhere now, as after a repair of its text.
+    void movePosition(const jv::JV& value, jv::Pos pos) noexcept { source_->movePos(value, pos); }
 
     /// Where the value stands that the node was read from.
     [[nodiscard]] jv::Location locationOf(const Node& node) const noexcept {

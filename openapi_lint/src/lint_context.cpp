@@ -3,6 +3,7 @@
 #include "foundation/message.h"
 #include "foundation/unreachable.h"
 #include "openapi/node_visitor.h"
+#include "source_edit/edited_values.h"
 
 #include <algorithm> // std::stable_sort
 #include <stdexcept> // std::runtime_error
@@ -37,6 +38,15 @@ source_edit::Edits& LintContext::edits() {
     if (!edits_)
         edits_.emplace(document->source());
     return *edits_;
+}
+
+const jv::JV& LintContext::writtenValues() {
+    const jv::JV& root = *document->source().root();
+    if (!edits_ || edits_->empty())
+        return root;
+    if (written_ == nullptr)
+        written_ = source_edit::editedValue(*edits_, root);
+    return *written_->root();
 }
 
 void LintContext::report(const Rule& rule, std::string message, const openapi::Node& node) {

@@ -11,6 +11,7 @@
 #include <cstdint>     // std::uint64_t
 #include <list>        // std::list
 #include <map>         // std::map
+#include <memory>      // std::unique_ptr
 #include <optional>    // std::optional
 #include <string>      // std::string
 #include <string_view> // std::string_view
@@ -64,12 +65,15 @@ class LintContext {
 
     /// What fixes want to become of the source of the document at hand.
     [[nodiscard]] source_edit::Edits& edits();
+    /// The values of the document at hand as they will be written: those of its source, with the edits.
+    [[nodiscard]] const jv::JV& writtenValues();
     /// What people should know of a fix.
     void note(Message text) { notes_.push_back(std::move(text)); }
     [[nodiscard]] const std::vector<Message>& notes() const noexcept { return notes_; }
     /// Forgets the edits and the notes.
     void forgetFixes() noexcept {
         edits_.reset();
+        written_.reset();
         notes_.clear();
     }
 
@@ -93,6 +97,7 @@ class LintContext {
     std::optional<WalkOrder> order_; ///< while the tree is frozen
     mutable DisabledNodes disabled_;
     std::optional<source_edit::Edits> edits_;
+    std::unique_ptr<jv::JVDocument> written_; ///< where it is not the source
     std::vector<Message> notes_;
     std::size_t firstOfFile_ = 0;      ///< index of the first result of the file at hand
     std::list<std::string> filenames_; ///< a list, because results refer to its texts

@@ -3,7 +3,7 @@
 #include "configuration/section.h"
 #include "foundation/file_system.h"
 #include "foundation/message.h"
-#include "openapi/reader.h"
+#include "openapi/read_result.h"
 #include "openapi_lint/formatter_registry.h"
 #include "openapi_lint/rule_configuration_error.h"
 #include "openapi_lint/rule_options.h"
@@ -158,19 +158,14 @@ void Linter::check(openapi::ReadResult& document) {
         stream_ << '\n';
     }
     context_.document = nullptr; // it ends before the next one comes
-    repairedDocument_.reset();
     context_.forgetFixes();
 }
 
-/// Makes the fixes in the text; from here on the rules look at the document that it holds then.
-void Linter::repair(const openapi::ReadResult& document) {
-    repaired_.emplace(path_, context_.edits());
-    if (dryRun_)
-        return;
-    repairedDocument_ = openapi::read(std::move(repaired_->edited().document), document.sharedFormats());
-    repairedDocument_->setSourcePath(path_);
-    context_.release(); // what it keeps about nodes is of the other tree
-    context_.document = repairedDocument_.get();
+/// Makes the fixes in the text. The tree was changed alike; what is left to find is told by the places that
+/// it has in the new text.
+void Linter::repair(openapi::ReadResult& document) {
+    repaired_.emplace(path_, context_.edits(),
+                      [&](const jv::JV& value, jv::Pos pos) { document.movePosition(value, pos); });
 }
 
 /// Writes what was repaired, or tells it, and what people should know about it.

@@ -38,8 +38,8 @@ class Linter {
 
     /// Whether check() fixes what can be fixed, and writes the file.
     void setAutoFix(bool autoFix) noexcept { autoFix_ = autoFix; }
-    /// Whether check(), where it is to fix, writes the repairs as a unified diff to the stream, in place of the
-    /// report, and no file.
+    /// Whether check(), where it is to fix, writes the repairs as a unified diff to the stream, in place of
+    /// the report, and no file.
     void setDryRun(bool dryRun) noexcept { dryRun_ = dryRun; }
     /// Where check() says what people should know of fixes; silent at first.
     void setNotes(const Notes& notes) noexcept { notes_ = notes; }
@@ -72,7 +72,7 @@ class Linter {
     void addRuleset(std::string_view name);
     void configureRule(std::string_view id, const jv::JV& value);
     Rule& putRule(std::string_view id, Severity severity);
-    void repair(const openapi::ReadResult& document);
+    void repair(openapi::ReadResult& document);
     void finishRepair();
 
     std::ostream& stream_;
@@ -82,7 +82,6 @@ class Linter {
     Notes notes_;
     std::string path_; ///< of the file at hand, as it was given
     std::optional<source_edit::RepairedFile> repaired_;
-    std::unique_ptr<openapi::ReadResult> repairedDocument_;
     Rules rules_;
     std::unique_ptr<Formatter> formatter_;
 };

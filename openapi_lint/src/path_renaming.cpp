@@ -4,7 +4,7 @@
 #include "foundation/text_tables.h"
 #include "openapi/url_template.h"
 
-#include <algorithm> // std::min
+#include <algorithm> // std::find_if, std::min
 #include <memory>    // std::make_unique
 #include <utility>   // std::move, std::pair
 #include <vector>    // std::vector
@@ -77,29 +77,43 @@ struct RenamedPath {
 class ParameterRenaming {
   public:
     ParameterRenaming(LintContext& context, const RenamedPath& path)
-        : context_(context), path_(path), isShared_(path.entry->type() == NodeType::Reference) {}
+        : context_(context), path_(path), names_(renamedNames(path.before, path.after)),
+          isShared_(path.entry->type() == NodeType::Reference) {}
 
     void run() {
-        const auto* item = openapi::resolveTo<PathItem>(path_.entry);
-        const std::vector<NamePair> names = renamedNames(path_.before, path_.after);
-        if (item == nullptr || names.empty())
+        PathItem* item = context_.root().paths().find(path_.after);
+        if (item == nullptr || names_.empty())
             return;
-        for (const ParameterList* list : parameterLists(*item))
-            for (const openapi::NodePointer& node : list->nodes())
-                for (const NamePair& name : names)
-                    rename(*node, name);
+        renameAll(*item);
+        for (std::size_t method = 0; method < item->operations().size(); ++method)
+            if (auto* operation = item->operation(static_cast<openapi::OperationType>(method)))
+                renameAll(*operation);
     }
 
   private:
-    void rename(const Node& node, const NamePair& name) {
+    template <typename Owner>
+    void renameAll(Owner& owner) {
+        for (std::size_t index = 0; index < owner.parameters().size(); ++index)
+            if (const std::string* name = newNameOf(*owner.parameters().nodes()[index]))
+                owner.renameParameter(index, *name);
+    }
+
+    /// Null when the parameter keeps its name. Otherwise its source gets the new one.
+    const std::string* newNameOf(const Node& node) {
         const auto* parameter = openapi::resolveTo<openapi::Parameter>(&node);
-        if (parameter == nullptr || parameter->location() != ParameterLocation::Path ||
-            parameter->name() != name.first)
-            return;
-        if (isShared_ || node.type() == NodeType::Reference)
-            noteShared(name.first);
-        else if (node.source() != nullptr)
-            context_.edits().setMember(*node.source(), "name", std::make_unique<jv::JV>(name.second));
+        if (parameter == nullptr || parameter->location() != ParameterLocation::Path)
+            return nullptr;
+        const auto name = std::find_if(names_.begin(), names_.end(),
+                                       [&](const NamePair& pair) { return pair.first == parameter->name(); });
+        if (name == names_.end())
+            return nullptr;
+        if (isShared_ || node.type() == NodeType::Reference) {
+            noteShared(name->first);
+            return nullptr;
+        }
+        if (node.source() != nullptr)
+            context_.edits().setMember(*node.source(), "name", std::make_unique<jv::JV>(name->second));
+        return &name->second;
     }
 
     /// Once for a path.
@@ -110,6 +124,7 @@ class ParameterRenaming {
 
     LintContext& context_;
     const RenamedPath& path_;
+    std::vector<NamePair> names_;
     bool isShared_; ///< the path item itself is a component
     TextSet shared_;
 };

@@ -55,8 +55,9 @@ Tree textTree(std::string text) {
 
 void sortTags(Tree& root) {
     if (Tree* tags = memberOf(&root, "tags"))
-        std::stable_sort(tags->elements.begin(), tags->elements.end(),
-                         [](Tree first, Tree second) { return textAt(&first, "name") < textAt(&second, "name"); });
+        std::stable_sort(tags->elements.begin(), tags->elements.end(), [](Tree first, Tree second) {
+            return textAt(&first, "name") < textAt(&second, "name");
+        });
 }
 
 std::string lowerCase(std::string_view text) {
@@ -131,7 +132,8 @@ struct Counts {
 using Repair = std::function<void(const openapi::ReadResult&, LintContext&)>;
 
 /// The text after a repair, read anew from `text`; `text` itself when there is nothing to repair.
-std::string repaired(const Document& document, const std::string& text, const Repair& repair, Counts& counts) {
+std::string repaired(const Document& document, const std::string& text, const Repair& repair,
+                     Counts& counts) {
     jv::LoadOptions options;
     options.format = document.format;
     const auto tree = openapi::read(jv::parseDocument(text, options), document.formats);
@@ -218,7 +220,8 @@ void judge(const Document& document, Counts& counts) {
     judgeOne("id-defined", repairOf("id-defined"), [](Tree& tree, const std::string& text) {
         const std::size_t at = text.find("x-id");
         ASSERT_NE(at, std::string::npos);
-        memberOf(&tree, "info")->set("x-id", textTree(text.substr(text.find_first_of("0123456789abcdef", at + 4), 36)));
+        memberOf(&tree, "info")
+            ->set("x-id", textTree(text.substr(text.find_first_of("0123456789abcdef", at + 4), 36)));
     });
     judgeOne("version", raiseVersion, [](Tree& tree, const std::string&) {
         memberOf(&tree, "info")->set("version", textTree("99.0.0-rc"));
@@ -240,8 +243,8 @@ TEST(Repairs, changeNothingElseInDocumentsOfTheCorpora) {
         const test_support::ReadTree tree = test_support::readTree(path);
         if (tree.result == nullptr || tree.result->source().losses() != jv::ReadingLosses())
             continue; // that it has to be refused is shown elsewhere
-        Document document{path, test_support::fileBytes(path), *jv::formatFromPath(path.string()), {},
-                          tree.formats};
+        Document document{
+            path, test_support::fileBytes(path), *jv::formatFromPath(path.string()), {}, tree.formats};
         document.tree = document.parsed(document.text);
         Counts counts;
         judge(document, counts);

@@ -113,9 +113,11 @@ class Bench {
             return "";
         }
         const auto again = openapi::read(jv::parseDocument(edited->text, {.format = format, .refLoader = {}}),
-                                         document_->sharedFormats());
-        EXPECT_TRUE(openapi::Writer().write(again->root())->root()->equals(
-            *openapi::Writer().write(document_->root())->root()));
+                                         std::make_shared<const openapi::SchemaFormatRegistry>());
+        EXPECT_TRUE(openapi::Writer()
+                        .write(again->root())
+                        ->root()
+                        ->equals(*openapi::Writer().write(document_->root())->root()));
         return edited->text;
     }
     [[nodiscard]] const Rule& rule() const { return *rule_; }

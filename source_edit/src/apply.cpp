@@ -1,12 +1,9 @@
 #include "source_edit/apply.h"
 
 #include "source_edit/container_text.h"
-#include "source_edit/edited_values.h"
 
 #include <algorithm> // std::sort
 #include <cstdint>   // std::uint8_t
-#include <exception> // std::exception
-#include <new>       // std::bad_alloc
 #include <utility>   // std::move
 
 namespace specloom::source_edit {
@@ -32,7 +29,7 @@ class Attempt {
         : around_{text, format, lineEndOf(text)}, edits_(edits) {}
 
     /// False when the outcome is not what it should be.
-    [[nodiscard]] bool run(Effort effort) {
+    [[nodiscard]] bool run(Effort effort, const PositionSink& moved) {
         result_ = {};
         Replacements replacements(around_.text);
         if (!(effort == Effort::Document ? renderDocument(replacements) : edit(effort, replacements)))
@@ -42,29 +39,14 @@ class Attempt {
             return false;
         result_.text = replacements.wholeText();
         result_.changes = replacements.changes();
-        result_.document = parsed(result_.text);
-        return result_.document != nullptr && isAsIntended(edits_, *result_.document);
+        return readsAsIntended(result_.text, around_.format, edits_, moved);
     }
     [[nodiscard]] EditedText takeResult() { return std::move(result_); }
 
   private:
-    /// Null when it is no document.
-    [[nodiscard]] std::unique_ptr<jv::JVDocument> parsed(std::string_view text) const {
-        try {
-            jv::LoadOptions options;
-            options.format = around_.format;
-            return jv::parseDocument(text, options);
-        } catch (const std::bad_alloc&) {
-            throw;
-        } catch (const std::exception&) {
-            return nullptr;
-        }
-    }
-
     /// Whether the text is still the one that the source was read from.
     [[nodiscard]] bool isUnchanged() const {
-        const std::unique_ptr<jv::JVDocument> document = parsed(around_.text);
-        return document != nullptr && isAsIntended(Edits(edits_.source()), *document);
+        return readsAsIntended(around_.text, around_.format, Edits(edits_.source()), {});
     }
 
     bool edit(Effort effort, Replacements& replacements) {
@@ -113,10 +95,11 @@ class Attempt {
 
 } // namespace
 
-std::optional<EditedText> applyEdits(std::string_view text, jv::DocumentFormat format, const Edits& edits) {
+std::optional<EditedText> applyEdits(std::string_view text, jv::DocumentFormat format, const Edits& edits,
+                                     const PositionSink& moved) {
     Attempt attempt(text, format, edits);
     for (const Effort effort : {Effort::Text, Effort::Containers, Effort::Document})
-        if (attempt.run(effort))
+        if (attempt.run(effort, moved))
             return attempt.takeResult();
     return std::nullopt;
 }

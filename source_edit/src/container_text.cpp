@@ -36,8 +36,8 @@ class Arrangement {
   public:
     Arrangement(const TextAround& around, const Edits& edits, const EditedContainer& container,
                 const Layout& layout, const Replacements& replacements)
-        : around_(around), edits_(edits), container_(container), layout_(layout),
-          replacements_(replacements), indentation_(indentationOf(layout)) {}
+        : around_(around), edits_(edits), container_(container), layout_(layout), replacements_(replacements),
+          indentation_(indentationOf(layout)) {}
 
     /// Where it stands now.
     [[nodiscard]] Extent extent() const noexcept { return extent_; }
@@ -70,7 +70,8 @@ class Arrangement {
         if (layout_.children.empty() || container_.children.empty())
             return false;
         const Extent whole = {layout_.children.front().whole.begin, layout_.children.back().whole.end};
-        inside_ = {beginOfLead(around_.text, whole.begin), endOfTail(around_.text, whole.end, layout_.column)};
+        inside_ = {beginOfLead(around_.text, whole.begin),
+                   endOfTail(around_.text, whole.end, layout_.column)};
         if (isRoot()) // what stands above is about the document
             inside_.begin = whole.begin;
         extent_ = inside_;
@@ -93,8 +94,8 @@ class Arrangement {
                 (place == 0 ? gaps_[place].lead : gaps_[place].tail) = text;
                 continue;
             }
-            std::optional<Gap> gap = splitGap(
-                text, {layout_.isFlow, layout_.column, place != 0, place != count});
+            std::optional<Gap> gap =
+                splitGap(text, {layout_.isFlow, layout_.column, place != 0, place != count});
             if (!gap)
                 return false;
             gaps_[place] = std::move(*gap);
@@ -114,15 +115,23 @@ class Arrangement {
 
     [[nodiscard]] bool hasComment(const Gap& gap) const { return gap.after.find('#') != std::string::npos; }
 
-    /// A comment in front of a child that goes, which is not the child's, stays.
+    /// A comment in front of a child that goes, which is not the child's, stays; and so does the line end,
+    /// when the child is the first of several on its line.
     void keepRemarks() {
         std::vector<bool> stays(layout_.children.size());
         for (const EditedChild& child : container_.children)
             if (child.from != EditedChild::isNew)
                 stays[child.from] = true;
-        for (std::size_t place = 1; place < stays.size(); ++place)
-            if (!stays[place] && hasComment(gaps_[place]))
-                gaps_[place + 1].after = joinedAfter(gaps_[place].after, gaps_[place + 1].after);
+        for (std::size_t place = 1; place < stays.size(); ++place) {
+            std::string& next = gaps_[place + 1].after;
+            if (stays[place])
+                continue;
+            if (hasComment(gaps_[place]))
+                next = joinedAfter(gaps_[place].after, next);
+            else if (beginsWithBreak(gaps_[place].after) && !beginsWithBreak(next) &&
+                     place + 1 < stays.size())
+                next = gaps_[place].after;
+        }
     }
 
     /// The same children in another order: what stands between them does not move.
@@ -169,7 +178,10 @@ class Arrangement {
 
     [[nodiscard]] std::string newBody(const EditedChild& child) const {
         const Surroundings surroundings{around_.format, layout_.isFlow, around_.lineEnd, indentation_};
-        const std::string value = renderedValue(*editedValue(edits_, *child.value), surroundings);
+        // In brackets keys have quotes where all texts have.
+        const std::string value = child.value->isString() && siblingKey().starts_with('"')
+                                      ? renderedString(child.value->text(), siblingKey(), surroundings)
+                                      : renderedValue(*editedValue(edits_, *child.value), surroundings);
         const bool beginsLine = value.starts_with('\r') || value.starts_with('\n');
         if (!container_.container->isObject())
             return layout_.isFlow ? value : (beginsLine ? "-" : "- ") + value;
@@ -280,16 +292,18 @@ void editChildren(const TextAround& around, const Edits& edits, const EditedCont
             continue;
         const ChildLayout& place = layout.children[child.from];
         if (child.key != container.before[child.from].key)
-            replacements.put(place.key,
-                             renderedString(child.key, place.key.of(around.text), surroundings));
+            replacements.put(place.key, renderedString(child.key, place.key.of(around.text), surroundings));
         if (!isChangedValue(container, child))
             continue;
         const std::string_view former = place.value.of(around.text);
-        std::string value =
-            child.value->isString()
-                ? renderedString(child.value->text(), former, surroundings)
-                : renderedValue(*editedValue(edits, *child.value), surroundings);
-        replacements.put(place.value, former.empty() ? " " + value : std::move(value));
+        std::string value = child.value->isString()
+                                ? renderedString(child.value->text(), former, surroundings)
+                                : renderedValue(*editedValue(edits, *child.value), surroundings);
+        Extent extent = place.value;
+        const bool beginsLine = value.starts_with('\r') || value.starts_with('\n');
+        while (beginsLine && extent.begin > place.whole.begin && around.text[extent.begin - 1] == ' ')
+            --extent.begin;
+        replacements.put(extent, former.empty() && !beginsLine ? " " + value : std::move(value));
     }
 }
 

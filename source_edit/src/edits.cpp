@@ -56,9 +56,8 @@ void Edits::orderMembers(const jv::JV& object, std::span<const std::string_view>
         return found == ranks.end() ? ranks.size() : found->second;
     };
     std::vector<EditedChild>& children = edited(object).children;
-    std::stable_sort(children.begin(), children.end(), [&](const EditedChild& a, const EditedChild& b) {
-        return rankOf(a) < rankOf(b);
-    });
+    std::stable_sort(children.begin(), children.end(),
+                     [&](const EditedChild& a, const EditedChild& b) { return rankOf(a) < rankOf(b); });
 }
 
 void Edits::arrangeElements(const jv::JV& array, std::span<const jv::JV* const> elements) {

@@ -28,7 +28,9 @@ struct Line {
     std::size_t end;     ///< without its line break
     bool isWhole;        ///< ends in a line break
 
-    [[nodiscard]] bool isComment(std::string_view text) const { return content < end && text[content] == '#'; }
+    [[nodiscard]] bool isComment(std::string_view text) const {
+        return content < end && text[content] == '#';
+    }
     [[nodiscard]] bool isBlank() const { return content == end; }
 };
 
@@ -110,7 +112,8 @@ struct Line {
             at = lineEndAt(text, at);
         else if (text[at] == ',' && comma == std::string_view::npos)
             comma = at;
-        else if (!isBreak(text[at]) && text[at] != ' ' && text[at] != '\t' && text[at] != '\v' && text[at] != '\f')
+        else if (!isBreak(text[at]) && text[at] != ' ' && text[at] != '\t' && text[at] != '\v' &&
+                 text[at] != '\f')
             return std::nullopt;
     }
     return comma;

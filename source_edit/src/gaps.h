@@ -28,8 +28,8 @@ struct GapPlace {
 /// mark of a key.
 [[nodiscard]] std::optional<Gap> splitGap(std::string_view text, const GapPlace& place);
 
-/// Where the comments begin that stand on the lines right above the child at `child`, each on its own; `child`
-/// itself when there are none.
+/// Where the comments begin that stand on the lines right above the child at `child`, each on its own;
+/// `child` itself when there are none.
 [[nodiscard]] std::size_t beginOfLead(std::string_view text, std::size_t child);
 /// Where the comments end that belong to the last child of a block, which ends at `end`.
 [[nodiscard]] std::size_t endOfTail(std::string_view text, std::size_t end, std::size_t column);

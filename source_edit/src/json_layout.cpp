@@ -1,20 +1,35 @@
 #include "source_edit/layout.h"
 
-#include <algorithm> // std::min
+#include <algorithm> // std::min, std::sort
+#include <cstdint>   // std::int32_t
 #include <utility>   // std::move
 
 namespace specloom::source_edit {
 namespace {
 
-/// Offsets of lines, by their numbers from 1. Lines end at "\r\n", "\r" and "\n", as for the reader.
-[[nodiscard]] std::vector<std::size_t> lineStarts(std::string_view text) {
-    std::vector<std::size_t> starts{0, 0};
-    for (std::size_t at = 0; (at = text.find_first_of("\r\n", at)) != std::string_view::npos;) {
-        at += text.substr(at, 2) == "\r\n" ? 2 : 1;
-        starts.push_back(at);
+/// Finds lines, whose numbers count from 1. They end at "\r\n", "\r" and "\n", as for the reader.
+class LineFinder {
+  public:
+    explicit LineFinder(std::string_view text)
+        : text_(text), hasReturns_(text.find('\r') != std::string_view::npos) {}
+
+    /// The offset at which a line begins that is no earlier than those asked for before; the end of the text
+    /// when there is none.
+    [[nodiscard]] std::size_t beginOf(std::int32_t line) {
+        for (; line_ < line && at_ < text_.size(); ++line_) {
+            const std::size_t end = hasReturns_ ? text_.find_first_of("\r\n", at_) : text_.find('\n', at_);
+            at_ =
+                end == std::string_view::npos ? text_.size() : end + (text_.substr(end, 2) == "\r\n" ? 2 : 1);
+        }
+        return at_;
     }
-    return starts;
-}
+
+  private:
+    std::string_view text_;
+    bool hasReturns_; ///< few texts have any, and one byte is found faster than one of two
+    std::size_t at_ = 0;
+    std::int32_t line_ = 1;
+};
 
 /// Looks at a JSON text that was found to be one, and is safe with every other: what does not fit ends in
 /// isGood() being false.
@@ -26,9 +41,7 @@ class JsonScanner {
     [[nodiscard]] std::size_t at() const noexcept { return at_; }
     [[nodiscard]] char peek() const noexcept { return at_ < text_.size() ? text_[at_] : '\0'; }
 
-    void skipSpace() {
-        at_ = std::min(text_.find_first_not_of(" \t\r\n\v\f", at_), text_.size());
-    }
+    void skipSpace() { at_ = std::min(text_.find_first_not_of(" \t\r\n\v\f", at_), text_.size()); }
     bool take(char expected) {
         skipSpace();
         if (peek() != expected)
@@ -110,14 +123,16 @@ class JsonScanner {
 } // namespace
 
 Layouts findJsonLayouts(std::string_view text, std::span<const jv::JV* const> containers) {
-    const std::vector<std::size_t> starts = lineStarts(text);
+    std::vector<const jv::JV*> inOrder(containers.begin(), containers.end());
+    std::sort(inOrder.begin(), inOrder.end(),
+              [](const jv::JV* a, const jv::JV* b) { return a->pos().line < b->pos().line; });
+    LineFinder lines(text);
     Layouts layouts;
-    for (const jv::JV* container : containers) {
+    for (const jv::JV* container : inOrder) {
         const jv::Pos pos = container->pos();
-        if (!pos.isKnown() || static_cast<std::size_t>(pos.line) >= starts.size())
+        if (!pos.isKnown())
             continue;
-        const std::size_t begin =
-            starts[static_cast<std::size_t>(pos.line)] + static_cast<std::size_t>(pos.column) - 1;
+        const std::size_t begin = lines.beginOf(pos.line) + static_cast<std::size_t>(pos.column) - 1;
         Layout layout = jsonLayout(text, begin, container->isObject());
         if (layout.isUsable && layout.children.size() == container->size())
             layouts.emplace(container, std::move(layout));

@@ -18,16 +18,15 @@ struct Extent {
     std::size_t begin = 0;
     std::size_t end = 0;
 
-    [[nodiscard]] std::string_view of(std::string_view text) const {
-        return text.substr(begin, end - begin);
-    }
+    [[nodiscard]] std::string_view of(std::string_view text) const { return text.substr(begin, end - begin); }
 };
 
 /// A member or an element.
 struct ChildLayout {
     Extent whole; ///< from its key, or from the dash of a block sequence, to the end of its value
     Extent key;   ///< with quotes; empty for an element
-    Extent value; ///< with quotes, brackets, the header of a block scalar; empty for a value that is not there
+    Extent
+        value; ///< with quotes, brackets, the header of a block scalar; empty for a value that is not there
     bool endsInBlockScalar = false; ///< so that a line end is to follow
 };
 

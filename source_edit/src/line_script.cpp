@@ -52,8 +52,7 @@ class Middle {
     /// left by one that is removed.
     [[nodiscard]] bool comesByAddition(Index d, Index diagonal) const {
         const auto last = static_cast<std::size_t>(d - 1);
-        return diagonal == -d ||
-               (diagonal != d && reached(last, diagonal - 1) < reached(last, diagonal + 1));
+        return diagonal == -d || (diagonal != d && reached(last, diagonal - 1) < reached(last, diagonal + 1));
     }
 
     bool search() {

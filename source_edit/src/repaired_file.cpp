@@ -46,9 +46,10 @@ void requireRepairable(std::string_view path, const jv::ReadingLosses& losses) {
     return text;
 }
 
-[[nodiscard]] EditedText editedTextOf(std::string_view path, std::string_view before, const Edits& edits) {
+[[nodiscard]] EditedText editedTextOf(std::string_view path, std::string_view before, const Edits& edits,
+                                      const PositionSink& moved) {
     std::optional<EditedText> edited =
-        applyEdits(before, jv::formatFromPath(path).value_or(jv::DocumentFormat::Json), edits);
+        applyEdits(before, jv::formatFromPath(path).value_or(jv::DocumentFormat::Json), edits, moved);
     if (!edited)
         throw std::runtime_error(formatMessage(notAsIntended, path));
     return std::move(*edited);
@@ -56,8 +57,8 @@ void requireRepairable(std::string_view path, const jv::ReadingLosses& losses) {
 
 } // namespace
 
-RepairedFile::RepairedFile(std::string_view path, const Edits& edits)
-    : path_(path), before_(textOfFile(path, edits)), edited_(editedTextOf(path, before_, edits)) {}
+RepairedFile::RepairedFile(std::string_view path, const Edits& edits, const PositionSink& moved)
+    : path_(path), before_(textOfFile(path, edits)), edited_(editedTextOf(path, before_, edits, moved)) {}
 
 std::string RepairedFile::diff() const {
     return unifiedDiff(path_, before_, edited_.text, edited_.changes);

@@ -20,10 +20,9 @@ class RepairedFile {
     ///   "Cannot repair {}: its text is not UTF-8"
     ///   "Cannot repair {}: its text would not read as it should afterwards"
     /// and what LocalFileSystem::readFile() throws.
-    RepairedFile(std::string_view path, const Edits& edits);
+    /// `moved` is told what applyEdits() tells.
+    RepairedFile(std::string_view path, const Edits& edits, const PositionSink& moved = {});
 
-    /// What will be written. Its document can be taken out.
-    [[nodiscard]] EditedText& edited() noexcept { return edited_; }
     /// The repairs by unifiedDiff().
     [[nodiscard]] std::string diff() const;
     /// Writes the file as OutputFile does, and throws what that throws.

@@ -27,7 +27,9 @@ class Replacements {
     void put(Extent extent, std::string text);
     /// The text of an extent as it is to be; nothing when a place is only partly in it.
     [[nodiscard]] std::optional<std::string> slice(Extent extent) const;
-    [[nodiscard]] std::string wholeText() const { return slice({0, text_.size()}).value_or(std::string(text_)); }
+    [[nodiscard]] std::string wholeText() const {
+        return slice({0, text_.size()}).value_or(std::string(text_));
+    }
     /// The places in wholeText(), in their order.
     [[nodiscard]] std::vector<Change> changes() const;
 

@@ -84,7 +84,8 @@ class DiffWriter {
     void writeHunk() {
         if (out_.empty())
             out_ = fmt::format("--- {0}\n+++ {0}\n", printable(path_));
-        const std::size_t begin = blocks_.front().firstBefore - std::min(blocks_.front().firstBefore, linesAround);
+        const std::size_t begin =
+            blocks_.front().firstBefore - std::min(blocks_.front().firstBefore, linesAround);
         const std::size_t end = std::min(endBefore() + linesAround, lines_.size());
         std::size_t countAfter = end - begin;
         for (const Block& block : blocks_)
@@ -144,7 +145,8 @@ std::string unifiedDiff(std::string_view path, std::string_view before, std::str
         const std::vector<std::string_view> added = linesOf(region.after.of(after));
         for (const LineChange& change : lineScript(removed, added)) {
             const auto part = [](const std::vector<std::string_view>& lines, Extent extent) {
-                return std::vector<std::string_view>(lines.begin() + static_cast<std::ptrdiff_t>(extent.begin),
+                return std::vector<std::string_view>(lines.begin() +
+                                                         static_cast<std::ptrdiff_t>(extent.begin),
                                                      lines.begin() + static_cast<std::ptrdiff_t>(extent.end));
             };
             writer.add({lineBefore + change.removed.begin, lineAfter + change.added.begin,

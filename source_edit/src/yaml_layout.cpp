@@ -1,6 +1,5 @@
-#include "source_edit/layout.h"
-
 #include "jv/yaml_marks.h"
+#include "source_edit/layout.h"
 
 #include <algorithm>     // std::max, std::min
 #include <cstdint>       // std::uint64_t
@@ -55,7 +54,8 @@ class ByteOffsets {
 /// The end of a block scalar without the line breaks behind it that are none of its text's. The header says
 /// whether blank lines are.
 [[nodiscard]] std::size_t endOfBlockScalar(std::string_view text, Extent scalar) {
-    const std::string_view header = text.substr(scalar.begin, text.find_first_of("\r\n#", scalar.begin) - scalar.begin);
+    const std::string_view header =
+        text.substr(scalar.begin, text.find_first_of("\r\n#", scalar.begin) - scalar.begin);
     const bool keepsLines = header.find('+') != std::string_view::npos;
     std::size_t end = scalar.end;
     bool lineBreakIsCut = false;
@@ -79,9 +79,9 @@ class MarkReader {
         : text_(text), offsets_(text) {
         for (const jv::JV* container : containers)
             if (const jv::Pos pos = container->pos(); pos.isKnown())
-                wanted_.emplace(placeKey(static_cast<std::uint64_t>(pos.line),
-                                         static_cast<std::uint64_t>(pos.column)),
-                                container);
+                wanted_.emplace(
+                    placeKey(static_cast<std::uint64_t>(pos.line), static_cast<std::uint64_t>(pos.column)),
+                    container);
     }
 
     [[nodiscard]] Layouts run() {
@@ -224,8 +224,8 @@ class MarkReader {
         std::size_t at = layout.whole.begin;
         for (ChildLayout& child : layout.children) {
             const bool isFirst = &child == &layout.children.front();
-            const std::size_t dash = isFirst ? firstDash(at, child.value.begin)
-                                             : dashBehind(at, child.value.begin, layout.column);
+            const std::size_t dash =
+                isFirst ? firstDash(at, child.value.begin) : dashBehind(at, child.value.begin, layout.column);
             layout.isUsable = layout.isUsable && dash != std::string_view::npos;
             if (!layout.isUsable)
                 return;

@@ -21,7 +21,7 @@ std::string textOf(const jv::schema::ValidationError& error) {
 void JSONSchemaValidation::check(LintContext& context) {
     const openapi::OpenAPI& root = context.root();
     const jv::schema::Schema& schema = openapi::documentSchema(root.version());
-    const jv::JV& document = *context.document->source().root();
+    const jv::JV& document = context.writtenValues();
     if (schema.isValid(document))
         return;
     const auto errors = schema.validate(document);
