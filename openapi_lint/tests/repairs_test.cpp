@@ -24,7 +24,7 @@
 #include <fmt/core.h>
 #include <gtest/gtest.h>
 
-namespace specloom::openapi_lint {
+namespace specloom::openapi_lint::repairs {
 namespace {
 
 namespace fs = std::filesystem;
@@ -67,7 +67,7 @@ std::string lowerCase(std::string_view text) {
     return result;
 }
 
-std::string wellFormed(std::string_view path) {
+std::string pathInOrder(std::string_view path) {
     std::string result = "/";
     for (const char c : lowerCase(path))
         if (c != '/' || result.back() != '/')
@@ -98,7 +98,7 @@ void renamePaths(Tree& root) {
             places.emplace(before[place], place);
     std::set<std::string> taken;
     for (const auto& [path, place] : places) {
-        const std::string renamed = wellFormed(path);
+        const std::string renamed = pathInOrder(path);
         if (places.contains(renamed) || !taken.insert(renamed).second)
             continue;
         paths->keys[place] = renamed;
@@ -175,7 +175,8 @@ void repeatEnums(const openapi::ReadResult& tree, LintContext& context) {
     struct : openapi::NodeVisitHandler {
         using NodeVisitHandler::visit;
         void visit(const openapi::Schema& schema) override {
-            const jv::JV* list = schema.source()->isObject() ? schema.source()->get("enum") : nullptr;
+            const jv::JV* source = schema.source();
+            const jv::JV* list = source != nullptr && source->isObject() ? source->get("enum") : nullptr;
             if (list != nullptr && list->isArray())
                 lists.insert(list);
         }
@@ -218,7 +219,9 @@ void judge(const Document& document, Counts& counts) {
     judgeOne("paths-well-formed", repairOf("paths-well-formed"),
              [](Tree& tree, const std::string&) { renamePaths(tree); });
     judgeOne("id-defined", repairOf("id-defined"), [](Tree& tree, const std::string& text) {
-        const std::size_t at = text.find("x-id");
+        std::size_t at = text.find("x-id"); // as a key, not in a word
+        while (at != std::string::npos && text[at + 4] != ':' && text[at + 4] != '"')
+            at = text.find("x-id", at + 4);
         ASSERT_NE(at, std::string::npos);
         memberOf(&tree, "info")
             ->set("x-id", textTree(text.substr(text.find_first_of("0123456789abcdef", at + 4), 36)));
@@ -259,4 +262,4 @@ TEST(Repairs, changeNothingElseInDocumentsOfTheCorpora) {
 }
 
 } // namespace
-} // namespace specloom::openapi_lint
+} // namespace specloom::openapi_lint::repairs

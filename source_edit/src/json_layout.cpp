@@ -41,7 +41,10 @@ class JsonScanner {
     [[nodiscard]] std::size_t at() const noexcept { return at_; }
     [[nodiscard]] char peek() const noexcept { return at_ < text_.size() ? text_[at_] : '\0'; }
 
-    void skipSpace() { at_ = std::min(text_.find_first_not_of(" \t\r\n\v\f", at_), text_.size()); }
+    void skipSpace() {
+        while (at_ < text_.size() && isSpace(text_[at_]))
+            ++at_;
+    }
     bool take(char expected) {
         skipSpace();
         if (peek() != expected)
@@ -84,6 +87,9 @@ class JsonScanner {
     }
 
   private:
+    /// As for the reader, which takes the vertical tab and the form feed, too.
+    [[nodiscard]] static bool isSpace(char c) noexcept { return c == ' ' || (c >= '\t' && c <= '\r'); }
+
     void word() {
         const std::size_t begin = at_;
         at_ = std::min(text_.find_first_of(" \t\r\n\v\f,:]}[{\"", at_), text_.size());
