@@ -158,7 +158,7 @@ TEST(Rewriting, aFileThatGrowsBeyondItsLimitStaysAsItWas) {
         const Workspace workspace;
         workspace.write("api.json", raised);
         workspace.write("other.json", minified);
-        workspace.write("config.yaml", "{version: '1.0', commands: {lint: {extends: []}}}");
+        workspace.write("config.yaml", "{version: '1.0', commands: {lint: {rules: {id-defined: error}}}}");
         workspace.write("old.json", "{\"openapi\":\"3.1.0\",\"info\":{\"title\":\"T\",\"version\":\"1.0.0\"},"
                                     "\"paths\":{}}");
         workspace.write(".specloom.telemetry", "");

@@ -15,6 +15,8 @@ void Replacements::put(Extent extent, std::string text) {
 
 std::optional<std::string> Replacements::slice(Extent extent) const {
     std::string result;
+    constexpr std::size_t spare = 256; // for what comes in: growing would copy all of a large text
+    result.reserve(extent.end - extent.begin + spare);
     std::size_t at = extent.begin;
     // What comes in at the end of the extent, between two bytes, is the extent's.
     for (auto place = replacements_.lower_bound(at);
