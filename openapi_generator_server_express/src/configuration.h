@@ -1,9 +1,9 @@
 #pragma once
 
 #include "jv/jv.h"
+#include "openapi_generator/schema_file.h"
 
-#include <string>  // std::string
-#include <variant> // std::variant
+#include <string> // std::string
 
 namespace specloom::openapi_generator::server_express {
 
@@ -14,13 +14,11 @@ struct Configuration {
     bool packageFiles = true; ///< package.json and tsconfig.json
     bool appObject = true;    ///< src/app.ts
     bool serverObject = true; ///< src/server.ts
-    /// Whether the document is copied below its own name, or the path of the copy, which is relative to the
-    /// output.
-    std::variant<bool, std::string> openapiSchema = false;
+    SchemaCopy openapiSchema = false;
 };
 
-/// Takes over the keys that "/commands/generate/server_express" of a configuration has. Throws ConfigError
-/// "openapi_schema must be a boolean or a string", and what Section throws for a key of another kind.
+/// Takes over the keys that "/commands/generate/server_express" of a configuration has. Throws what
+/// readSchemaCopy() throws, and what Section throws for a key of another kind.
 void readConfiguration(const jv::JV& root, Configuration& configuration);
 
 } // namespace specloom::openapi_generator::server_express

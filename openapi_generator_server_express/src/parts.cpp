@@ -1,11 +1,7 @@
 #include "openapi_generator_server_express/parts.h"
 
 #include "code_morph_typescript/names.h"
-#include "foundation/file_system.h"
-#include "foundation/message.h"
 #include "openapi_generator_server_express/express_route.h"
-
-#include <stdexcept> // std::runtime_error
 
 namespace specloom::openapi_generator::server_express {
 namespace {
@@ -38,13 +34,6 @@ void ModulesIndex::collectData() {
         import->setString("name", importNameOf(module));
         import->setString("path", "./" + module);
     }
-}
-
-void OpenAPISchemaFile::generateCode() {
-    std::string text = context_->project.fileSystem().readFile(inputPath_);
-    if (text.empty()) // which no document is
-        throw std::runtime_error(formatMessage("A pipe cannot be read again to be copied: {}", inputPath_));
-    file_->setText(std::move(text));
 }
 
 void PackageJson::collectData() {

@@ -71,20 +71,6 @@ class ModulesIndex final : public Part {
     std::vector<std::string> modules_;
 };
 
-/// A copy of the document, byte for byte. Throws std::runtime_error with "A pipe cannot be read again to be
-/// copied: {}" and the path when the document came from one.
-class OpenAPISchemaFile final : public openapi_generator::Part {
-  public:
-    OpenAPISchemaFile(const Context& context, SourceFile& file, std::string inputPath)
-        : context_(&context), file_(&file), inputPath_(std::move(inputPath)) {}
-    void generateCode() override;
-
-  private:
-    const Context* context_;
-    SourceFile* file_;
-    std::string inputPath_;
-};
-
 /// package.json
 class PackageJson final : public Part {
   public:

@@ -1,10 +1,10 @@
 #include "openapi_generator_server_express/plugin.h"
 
-#include "foundation/file_system.h"
 #include "openapi_generator/document_name.h"
 #include "openapi_generator/notes.h"
 #include "openapi_generator/operation_grouper.h"
 #include "openapi_generator/plugin_runner.h"
+#include "openapi_generator/schema_file.h"
 #include "openapi_generator_server_express/express_templates.h"
 #include "openapi_generator_server_express/parts.h"
 
@@ -78,14 +78,10 @@ void Plugin::addPackage() {
 }
 
 void Plugin::addSchemaCopy() {
-    std::string path;
-    if (const auto* chosen = std::get_if<std::string>(&context_->configuration.openapiSchema))
-        path = *chosen;
-    else if (std::get<bool>(context_->configuration.openapiSchema))
-        path = pathToUtf8(pathFromUtf8(host().inputPath()).filename());
-    else
-        return;
-    addPart<OpenAPISchemaFile>(*context_, context_->project.createSourceFile(path), host().inputPath());
+    const Configuration& configuration = context_->configuration;
+    if (const auto path = pathOfSchemaCopy(configuration.openapiSchema, host().inputPath()))
+        addPart<OpenAPISchemaFile>(context_->project, context_->project.createSourceFile(*path),
+                                   host().inputPath());
 }
 
 void Plugin::generateCode() {

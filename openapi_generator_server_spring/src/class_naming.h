@@ -2,8 +2,8 @@
 
 #include "foundation/text_tables.h"
 #include "openapi/openapi.h"
+#include "openapi_generator/unique_names.h"
 #include "openapi_generator_server_spring/configuration.h"
-#include "openapi_generator_server_spring/unique_names.h"
 
 #include <cstddef>     // std::size_t
 #include <string>      // std::string

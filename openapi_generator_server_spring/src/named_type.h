@@ -1,8 +1,8 @@
 #pragma once
 
+#include "openapi_generator/unique_names.h"
 #include "openapi_generator_server_spring/object_schema.h"
 #include "openapi_generator_server_spring/parts.h"
-#include "openapi_generator_server_spring/unique_names.h"
 
 #include <cstddef>     // std::size_t
 #include <optional>    // std::optional

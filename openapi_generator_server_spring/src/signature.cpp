@@ -3,8 +3,8 @@
 #include "code_morph_java/spring/annotations.h"
 #include "code_morph_java/spring/names.h"
 #include "foundation/text_tables.h"
+#include "openapi_generator/unique_names.h"
 #include "openapi_generator_server_spring/joined_text.h"
-#include "openapi_generator_server_spring/unique_names.h"
 
 #include <array>   // std::to_array
 #include <utility> // std::move, std::pair

@@ -5,7 +5,7 @@
 #include <cstddef> // std::size_t
 #include <string>  // std::string
 
-namespace specloom::openapi_generator::server_spring {
+namespace specloom::openapi_generator {
 
 /// Names of one scope, each taken once.
 class UniqueNames {
@@ -27,4 +27,4 @@ class UniqueNames {
     TextMap<std::size_t> lastNumbers_; ///< by name; 1 where no number was needed yet
 };
 
-} // namespace specloom::openapi_generator::server_spring
+} // namespace specloom::openapi_generator
