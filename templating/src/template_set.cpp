@@ -85,13 +85,21 @@ class TemplateSet::Engine {
         add(pageTemplates());
     }
 
+    void setConstant(std::string_view name, const jv::JV& value) {
+        if (!constants_.contains(name))
+            constantNames_.emplace_back(name);
+        constants_[std::string(name)] = toData(value);
+    }
+
     std::string render(std::string_view name, const jv::JV& data) {
         const auto found = templates_.find(name);
         if (found == templates_.end())
             throw TemplateError(templateNotFound(name));
         parse(found->first, found->second);
         const CurrentPlace rendering(current_, {.templateName = found->first});
-        return renderParsed(found->second.parsed, toData(data));
+        nlohmann::json values = toData(data);
+        const LentConstants lending(constantNames_, constantsAt_, values);
+        return renderParsed(found->second.parsed, values);
     }
 
   private:
@@ -113,6 +121,29 @@ class TemplateSet::Engine {
       private:
         Place& current_;
         Place around_;
+    };
+
+    /// Moves the constants into the data of a rendering as long as that lasts, however it ends. A rendering
+    /// that a function begins borrows them from the one around it.
+    class LentConstants {
+      public:
+        LentConstants(const std::vector<std::string>& names, nlohmann::json*& place, nlohmann::json& data)
+            : names_(names), place_(place), around_(std::exchange(place, &data)) {
+            for (const std::string& name : names_)
+                data[name].swap((*around_)[name]);
+        }
+        ~LentConstants() {
+            for (const std::string& name : names_)
+                (*place_)[name].swap((*around_)[name]);
+            place_ = around_;
+        }
+        LentConstants(const LentConstants&) = delete;
+        LentConstants& operator=(const LentConstants&) = delete;
+
+      private:
+        const std::vector<std::string>& names_;
+        nlohmann::json*& place_;
+        nlohmann::json* around_;
     };
 
     /// A statement that says where it stands while it is rendered. What is thrown leaves the innermost in
@@ -224,12 +255,19 @@ class TemplateSet::Engine {
     inja::Environment environment_;
     std::map<std::string_view, Entry> templates_;
     Place current_; ///< of what is being rendered
+    std::vector<std::string> constantNames_;
+    nlohmann::json constants_ = nlohmann::json::object();
+    nlohmann::json* constantsAt_ = &constants_; ///< or the data of the innermost rendering
 };
 
 TemplateSet::TemplateSet(const std::vector<Table>& tables, const std::vector<Function>& functions)
     : engine_(std::make_unique<Engine>(tables, functions)) {}
 
 TemplateSet::~TemplateSet() = default;
+
+void TemplateSet::setConstant(std::string_view name, const jv::JV& value) {
+    engine_->setConstant(name, value);
+}
 
 std::string TemplateSet::render(std::string_view name, const jv::JV& data) const {
     return engine_->render(name, data);

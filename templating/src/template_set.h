@@ -76,6 +76,10 @@ class TemplateSet {
     TemplateSet(const TemplateSet&) = delete;
     TemplateSet& operator=(const TemplateSet&) = delete;
 
+    /// Gives every rendering from now on a value of that name, which is converted only once; data of that
+    /// name are out of sight. Not from a function.
+    void setConstant(std::string_view name, const jv::JV& value);
+
     /// The template of that name, filled with `data`, an object, whose texts may hold any bytes. Throws
     /// TemplateError, with "Template not found: " and the name when there is none.
     [[nodiscard]] std::string render(std::string_view name, const jv::JV& data) const;

@@ -141,5 +141,23 @@ TEST(TemplateSet, takesTheFirstOfTwoTemplatesWithOneName) {
     EXPECT_EQ(render(TemplateSet({first, second}), "html.jinja"), "mine");
 }
 
+TEST(TemplateSet, hasConstantsInEveryRendering) {
+    const std::array<EmbeddedFile, 3> table = {{{"around", "{{ c.x }} {{ within() }} {{ c.x }}"},
+                                                {"within", "<{{ c.x }}>"},
+                                                {"bad", "{{ c.none }}"}}};
+    const auto data = dataOf(R"({"c": {"x": "hidden"}})");
+    const TemplateSet* self = nullptr;
+    TemplateSet set({table}, {{"within", 0, [&](std::span<const std::string_view>) {
+                                   return self->render("within", *data->root());
+                               }}});
+    self = &set;
+    set.setConstant("c", *dataOf(R"({"x": 1})")->root());
+    set.setConstant("c", *dataOf(R"({"x": 2})")->root());
+    EXPECT_EQ(set.render("around", *data->root()), "2 <2> 2");
+    EXPECT_THROW(static_cast<void>(set.render("bad", *data->root())), TemplateError);
+    EXPECT_EQ(set.render("within", *data->root()), "<2>");
+    EXPECT_EQ(data->root()->get("c")->get("x")->text(), "hidden");
+}
+
 } // namespace
 } // namespace specloom::templating
