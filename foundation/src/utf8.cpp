@@ -21,6 +21,10 @@ std::size_t utf8Length(std::string_view text) {
     }
 }
 
+bool isValidUtf8(std::string_view text) noexcept {
+    return utf8::is_valid(text.begin(), text.end());
+}
+
 std::string toValidUtf8(std::string_view text) {
     std::string result;
     result.reserve(text.size());

@@ -16,6 +16,8 @@ namespace specloom {
 /// ends inside a sequence, and with "Invalid UTF-8" for any other fault.
 [[nodiscard]] std::size_t utf8Length(std::string_view text);
 
+[[nodiscard]] bool isValidUtf8(std::string_view text) noexcept;
+
 /// `text` with U+FFFD in place of what is not UTF-8, so that strict readers take it.
 [[nodiscard]] std::string toValidUtf8(std::string_view text);
 
