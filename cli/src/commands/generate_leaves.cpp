@@ -1,10 +1,10 @@
 #include "cli/commands/generate_leaves.h"
 
-#include "foundation/message.h"
 #include "openapi_generator/named_plugins.h"
 #include "openapi_generator/plugin_runner.h"
 #include "openapi_generator_client_fetch/plugin.h"
 #include "openapi_generator_data/plugin.h"
+#include "openapi_generator_doc_html/plugin.h"
 #include "openapi_generator_server_express/plugin.h"
 #include "openapi_generator_server_nestjs/plugin.h"
 #include "openapi_generator_server_spring/plugin.h"
@@ -149,24 +149,6 @@ std::unique_ptr<Plugin> made(PluginRunner& host, const GenerateLeaf& /*leaf*/) {
     return std::make_unique<T>(host);
 }
 
-/// Takes the place of a generator that is still to come: the configuration and the document are read, and
-/// then the run fails.
-class PluginToCome final : public Plugin {
-  public:
-    PluginToCome(PluginRunner& host, const GenerateLeaf& leaf) : Plugin(host), leaf_(&leaf) {}
-
-    void run(const openapi::OpenAPI& /*root*/) override {
-        throw std::runtime_error(formatMessage("The generator of '{}' is not built yet.", leaf_->path(' ')));
-    }
-
-  private:
-    const GenerateLeaf* leaf_;
-};
-
-std::unique_ptr<Plugin> toCome(PluginRunner& host, const GenerateLeaf& leaf) {
-    return std::make_unique<PluginToCome>(host, leaf);
-}
-
 constexpr auto groupTable = std::to_array<GenerateGroup>({
     {"doc", "Generate documentation from an OpenAPI file."},
     {"client", "Generate a client from an OpenAPI file."},
@@ -176,7 +158,8 @@ constexpr auto groupTable = std::to_array<GenerateGroup>({
 
 constexpr auto leafTable = std::to_array<GenerateLeaf>({
     {"", "data", "Generate data from an OpenAPI file.", ofData, made<openapi_generator::data::Plugin>},
-    {"doc", "html", "Generate HTML documentation from an OpenAPI file.", ofDocHtml, toCome},
+    {"doc", "html", "Generate HTML documentation from an OpenAPI file.", ofDocHtml,
+     made<openapi_generator::doc_html::Plugin>},
     {"doc", "markdown", "Generate Markdown documentation from an OpenAPI file.", fileAndOutput, named},
     {"client", "fetch", "Generate a TypeScript client using the fetch API.", withUnreadConfig,
      made<openapi_generator::client_fetch::Plugin>},

@@ -1,5 +1,8 @@
 #include "openapi_generator_doc_html/document/component_name.h"
 
+#include "openapi/openapi.h"
+#include "openapi/reference.h"
+
 #include <string> // std::string
 
 namespace specloom::openapi_generator::doc_html {
