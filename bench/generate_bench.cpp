@@ -153,15 +153,47 @@ void benchSpring(int rounds, Table& table) {
                mebibytes(lintRun.peakBytes), ourRun.peakBytes / lintRun.peakBytes, limit});
 }
 
-/// A document whose operations take turns with the tags.
+/// A documentation site with a page for each operation and each schema.
+void benchDocHtml(int rounds, Table& table) {
+    const fs::path document = test_support::corporaFolder() / "openapi/github-3.0.json";
+    const test_support::ReadTree tree = test_support::readTree(document);
+    if (tree.result == nullptr)
+        return;
+    const test_support::TemporaryFolder folder;
+    const std::string config =
+        folder.write("config.json", configurationText(R"("lint":{"extends":[]},"generate":{"doc_html":)"
+                                                      R"({"operations":"separate","resources":"separate"}})",
+                                                      tree.unknownFormats));
+    const Arguments lint = {SPECLOOM_PROGRAM, "lint", "--config", config, document.string()};
+    const Arguments generate = {SPECLOOM_PROGRAM,  "generate", "doc",  "html",
+                                document.string(), "--config", config, "--output"};
+    Outputs outputs, copies;
+    Samples ours, peer;
+    ProcessRun ourRun{}, lintRun{};
+    for (int round = 0; round < rounds; ++round) {
+        ours.add((ourRun = outputs.run(generate)).cpuSeconds);
+        lintRun = runProcess(lint);
+        peer.add(lintRun.cpuSeconds + copies.run({"/bin/cp", "-r", outputs.last()}).cpuSeconds);
+    }
+    constexpr double timeLimit = 4, memoryLimit = 4;
+    const std::string name = document.filename().string();
+    table.add({"generate doc html / lint without rules + cp", name, milliseconds(ours.median()),
+               milliseconds(peer.median()), ours.median() / peer.median(), timeLimit});
+    table.add({"peak of generate doc html - that lint / files", name,
+               mebibytes(ourRun.peakBytes - lintRun.peakBytes), mebibytes(outputs.bytes()),
+               (ourRun.peakBytes - lintRun.peakBytes) / outputs.bytes(), memoryLimit});
+}
+
+/// A document whose operations take turns with the tags, and all use one schema.
 std::string documentWith(std::size_t operations, std::size_t tags) {
-    std::string text = R"({"openapi":"3.1.0","info":{"title":"T","version":"1.0.0"},"tags":[)";
+    std::string text =
+        R"({"openapi":"3.1.0","info":{"title":"T","version":"1.0.0"},"servers":[{"url":"/"}],"tags":[)";
     for (std::size_t i = 0; i < tags; ++i)
         text += fmt::format(R"({}{{"name":"tag{}"}})", i == 0 ? "" : ",", i);
-    text += R"(],"paths":{)";
+    text += R"(],"components":{"schemas":{"S":{"type":"object"}}},"paths":{)";
     for (std::size_t i = 0; i < operations; ++i)
         text += fmt::format(
-            R"({}"/p{}/{{id}}":{{"get":{{"operationId":"o{}","tags":["tag{}"],"parameters":[{{"name":"id","in":"path","required":true,"schema":{{"type":"string"}}}}],"responses":{{}}}}}})",
+            R"({}"/p{}/{{id}}":{{"get":{{"operationId":"o{}","tags":["tag{}"],"parameters":[{{"name":"id","in":"path","required":true,"schema":{{"type":"string"}}}}],"responses":{{"200":{{"description":"","content":{{"application/json":{{"schema":{{"$ref":"#/components/schemas/S"}}}}}}}}}}}}}})",
             i == 0 ? "" : ",", i, i, i % tags);
     return text + "}}";
 }
@@ -219,6 +251,7 @@ void benchGenerate(int rounds, Table& table) {
     benchGenerator("server", "express", rounds, table);
     benchGenerator("client", "fetch", rounds, table);
     benchSpring(rounds, table);
+    benchDocHtml(rounds, table);
     const int fewerRounds = (rounds + 2) / 3;
     const GrowingDocument operations[] = {
         {"10,000 operations", [](std::size_t count) { return documentWith(count, 10); }},
@@ -227,6 +260,7 @@ void benchGenerate(int rounds, Table& table) {
     for (const GrowingDocument& document : operations) {
         benchGeneratorGrowth("server", "express", "", document, fewerRounds, table);
         benchGeneratorGrowth("client", "fetch", "", document, fewerRounds, table);
+        benchGeneratorGrowth("doc", "html", "", document, fewerRounds, table);
         benchGeneratorGrowth("server", "spring", springConfiguration({}), document, fewerRounds, table);
     }
     benchGeneratorGrowth("server", "spring", springConfiguration({}), {"10,000 schemas", documentWithSchemas},

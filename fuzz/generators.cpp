@@ -2,6 +2,7 @@
 
 #include "jv/deser.h"
 #include "openapi_generator_client_fetch/plugin.h"
+#include "openapi_generator_doc_html/plugin.h"
 #include "openapi_generator_server_express/plugin.h"
 #include "openapi_generator_server_nestjs/plugin.h"
 #include "openapi_generator_server_spring/plugin.h"
@@ -37,6 +38,7 @@ class ConfiguredSpring final : public openapi_generator::Plugin {
 
 constexpr auto table = std::to_array<Generator>({
     {"client_fetch", make<openapi_generator::client_fetch::Plugin>},
+    {"doc_html", make<openapi_generator::doc_html::Plugin>},
     {"server_express", make<openapi_generator::server_express::Plugin>},
     {"server_nestjs", make<openapi_generator::server_nestjs::Plugin>},
     {"server_spring", make<ConfiguredSpring>},
