@@ -89,9 +89,7 @@ void Extractor::run(std::string_view path) const {
         OutputFile(*outputPath_).replace(text);
     else
         out_ << text;
-    notes_ << formatMessage("specloom: note: {} new, {} kept, {} obsolete\n", updated.fresh, updated.kept,
-                            updated.obsolete)
-                  .composed();
+    notes_.add(formatMessage("{} new, {} kept, {} obsolete", updated.fresh, updated.kept, updated.obsolete));
 }
 
 } // namespace specloom::openapi_i18n

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "foundation/notes.h"
+
 #include <iosfwd>      // std::ostream
 #include <optional>    // std::optional
 #include <string>      // std::string
@@ -12,7 +14,7 @@ namespace specloom::openapi_i18n {
 class Extractor {
   public:
     /// The texts go to `out` as JSON, unless an output path is set; the note goes to `notes`.
-    Extractor(std::ostream& out, std::ostream& notes) : out_(out), notes_(notes) {}
+    Extractor(std::ostream& out, Notes notes) : out_(out), notes_(notes) {}
 
     /// A file, JSON or YAML by its extension. When it is there, its translations are kept.
     void setOutputPath(std::string_view path) { outputPath_ = path; }
@@ -29,7 +31,7 @@ class Extractor {
 
   private:
     std::ostream& out_;
-    std::ostream& notes_;
+    Notes notes_;
     std::optional<std::string> outputPath_;
     bool dropsObsolete_ = false;
 };

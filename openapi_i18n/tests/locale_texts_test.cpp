@@ -35,7 +35,7 @@ TEST(TranslatableTexts, areThoseThatReadersSeeInTheOrderOfTheDocument) {
 TEST(Extractor, writesTheTextsOfADocumentAndOfASite) {
     std::ostringstream out;
     std::ostringstream notes;
-    Extractor(out, notes).run(SPECLOOM_SOURCE_DIR "/examples/bookshop-3.1.yaml");
+    Extractor(out, Notes(&notes)).run(SPECLOOM_SOURCE_DIR "/examples/bookshop-3.1.yaml");
     test_support::expectGolden(out.str(), SPECLOOM_TEST_DIR "/tests/golden/bookshop-3.1.json");
 }
 

@@ -188,15 +188,6 @@ void repeatEnums(const openapi::ReadResult& tree, LintContext& context) {
             context.edits().insertElement(*list, 2 * list->size(), jv::JVDocument::clone(*value));
 }
 
-std::vector<fs::path> corpusDocuments() {
-    std::vector<fs::path> paths;
-    for (const char* folder : {"openapi", "pairs"})
-        for (const char* suffix : {".json", ".yaml"})
-            for (fs::path& path : test_support::filesBelow(test_support::corporaFolder() / folder, suffix))
-                paths.push_back(std::move(path));
-    return paths;
-}
-
 constexpr std::size_t mostForAll = 1'000'000; // bytes of YAML; above only all repairs together are judged
 
 void judge(const Document& document, Counts& counts) {
@@ -241,7 +232,7 @@ TEST(Repairs, changeNothingElseInDocumentsOfTheCorpora) {
     SPECLOOM_NEEDS_CORPORA();
     Counts total;
     std::size_t documents = 0;
-    for (const fs::path& path : corpusDocuments()) {
+    for (const fs::path& path : test_support::affordableCorpusDocuments()) {
         SCOPED_TRACE(path);
         const test_support::ReadTree tree = test_support::readTree(path);
         if (tree.result == nullptr || tree.result->source().losses() != jv::ReadingLosses())

@@ -24,7 +24,7 @@ void I18NCommand::configure(App& app) {
 
 std::int32_t I18NCommand::run() {
     const telemetry::Span span("cli_command_i18n");
-    openapi_i18n::Extractor extractor(std::cout, std::cerr);
+    openapi_i18n::Extractor extractor(std::cout, Notes(&std::cerr));
     if (const std::optional<std::string> output = parser.option("--output"))
         extractor.setOutputPath(*output);
     extractor.setDropsObsolete(parser.flag("--drop-obsolete"));
