@@ -51,7 +51,9 @@ std::string filePath(std::string_view root, std::string_view localeSegment, std:
 }
 
 std::string Urls::ofOverview(const Locale& locale) const {
-    return configuration_->isSinglePage() ? compose(locale, "", "overview") : compose(locale, "/index", "");
+    if (!configuration_->isSinglePage())
+        return compose(locale, "/index", "");
+    return compose(locale, localeSegment(*configuration_, locale).empty() ? "/" : "", "overview");
 }
 
 std::string Urls::ofOperation(const openapi::OperationRef& ref, const Locale& locale) const {
@@ -99,9 +101,6 @@ std::string Urls::compose(const Locale& locale, std::string_view path, std::stri
     if (const std::string_view segment = localeSegment(*configuration_, locale); !segment.empty())
         (url += '/') += segment;
     url += path;
-    // A fragment alone would mean the page on which the link stands, which may be another one.
-    if (url.empty())
-        url = "/";
     return fragment.empty() ? url : url + '#' + encodedFragment(fragment);
 }
 
