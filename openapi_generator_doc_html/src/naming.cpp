@@ -73,9 +73,10 @@ std::string tagAnchor(std::string_view tag) {
 }
 
 std::string toFileName(std::string_view key) {
+    constexpr std::string_view special = "?*#\"\\\x7F";
     std::string name = toValidUtf8(key);
     for (char& c : name)
-        if (static_cast<unsigned char>(c) < 0x20 || c == '\x7F' || c == '?' || c == '*' || c == '#')
+        if (static_cast<unsigned char>(c) < 0x20 || special.find(c) != std::string_view::npos)
             c = '_';
     return name;
 }
@@ -84,7 +85,7 @@ std::string toSymbol(std::string_view key) {
     std::string symbol;
     for (const char c : toValidUtf8(key))
         if (!isContinuationByte(c))
-            symbol += ascii::isAlphanumeric(c) || c == '$' ? c : '_';
+            symbol += ascii::isAlphanumeric(c) ? c : '_';
     return symbol;
 }
 

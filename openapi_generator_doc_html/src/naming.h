@@ -28,11 +28,12 @@ namespace specloom::openapi_generator::doc_html {
 /// "tag_{}" of the tag in snake case.
 [[nodiscard]] std::string tagAnchor(std::string_view tag);
 
-/// The key as a name of a file: UTF-8, with "_" for control characters and for what a path cannot have where
-/// modules are imported by URLs ("?", "*", "#").
+/// The key as a name of a file: UTF-8, with "_" for control characters, for what a path cannot have where
+/// modules are imported by URLs ("?", "*", "#"), and for what Astro writes into JSON without escaping it
+/// (`"`, "\").
 [[nodiscard]] std::string toFileName(std::string_view key);
 /// What may stand behind the first sign of an identifier of JavaScript: the key with "_" for each sign but
-/// ASCII letters, digits, "_" and "$".
+/// ASCII letters, digits and "_". Of "$" Astro's check makes the end of a component's name.
 [[nodiscard]] std::string toSymbol(std::string_view key);
 
 /// The names of an operation or a schema.

@@ -12,10 +12,12 @@ using code_morph::astro::ObjectLiteral;
 
 /// A URL that a component may make a link of or, where a page should not have such a link, the same as a
 /// text: by another name.
-void addUrl(std::string_view name, std::optional<std::string_view> url, Attributes& attributes) {
+/// `Members` is Attributes or ObjectLiteral.
+template <typename Members>
+void addUrl(std::string_view name, std::optional<std::string_view> url, Members& members) {
     if (url)
-        attributes.text(markdown::isSafeDestination(*url) ? std::string(name) : std::string(name) + "Text",
-                        *url);
+        members.text(markdown::isSafeDestination(*url) ? std::string(name) : std::string(name) + "Text",
+                     *url);
 }
 
 std::string contactAttributes(const openapi::Contact& contact) {
@@ -53,9 +55,9 @@ std::string flowLiteral(const openapi::OAuthFlow& flow, const Texts& texts) {
     for (const auto& entry : flow.scopes())
         scopes.text(entry.name(), texts.translate(entry.value.view()));
     ObjectLiteral literal;
-    literal.textIf("authorizationUrl", flow.authorizationUrl())
-        .textIf("tokenUrl", flow.tokenUrl())
-        .textIf("refreshUrl", flow.refreshUrl());
+    addUrl("authorizationUrl", flow.authorizationUrl(), literal);
+    addUrl("tokenUrl", flow.tokenUrl(), literal);
+    addUrl("refreshUrl", flow.refreshUrl(), literal);
     return literal.literal("scopes", scopes.take()).take();
 }
 
