@@ -7,40 +7,22 @@ refused only for a contradiction in it.
 """
 
 import concurrent.futures
-import datetime
 import json
 import os
 import pathlib
-import re
 import subprocess
 import sys
 
-import yaml
-
+from documents import as_json, documents_of_corpora
 from typescript import HERE, corpora, installed_dependencies, need, need_node
 
 # Values for each schema: SPECLOOM_SAMPLES=10 makes ten.
 COUNT = int(os.environ.get("SPECLOOM_SAMPLES", "3"))
-# The same documents in other words.
-SKIPPED = {"cloudflare-3.0-indented.json", "stripe-3.0.yaml"}
 # How a refusal begins that tells of a contradiction, after which come its kind and its place.
 CONTRADICTION = "No value fits the schema at "
 # How many schemas of a document contradict themselves. In cloudflare mostly a required `result` or `success` on which the parts of an
 # `allOf` cannot agree.
 CONTRADICTORY = {"cloudflare-3.0-compact.json": 797, "discord-3.1.json": 1, "github-3.0.json": 2}
-
-
-class Loader(yaml.CSafeLoader):
-    """Takes 1e-8 for a number, as YAML 1.2 does."""
-
-
-Loader.add_implicit_resolver("tag:yaml.org,2002:float", re.compile(r"[-+]?[0-9]+(\.[0-9]*)?[eE][-+]?[0-9]+$"), list("-+0123456789"))
-
-
-def as_json(file, target):
-    with open(file, encoding="utf-8") as source:
-        document = json.load(source) if file.suffix == ".json" else yaml.load(source, Loader)
-    target.write_text(json.dumps(document, default=lambda value: value.isoformat() if isinstance(value, datetime.date) else str(value)))
 
 
 def judge(sample, file, work, modules):
@@ -77,8 +59,7 @@ def main():
     modules = installed_dependencies(work, "samples")
     work = work / "samples"
     work.mkdir(exist_ok=True)
-    files = [file for name in ("openapi", "pairs") for file in sorted((folder / name).iterdir())
-             if file.suffix in (".json", ".yaml") and file.name not in SKIPPED]
+    files = documents_of_corpora(folder)
     with concurrent.futures.ThreadPoolExecutor(2) as pool:
         results = [result for result in pool.map(lambda file: judge(sample, file, work, modules), files) if result]
     failed = False

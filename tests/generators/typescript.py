@@ -43,11 +43,12 @@ def generate(program, generator, document, folder, *options):
     return "" if run.returncode == 0 else run.stdout + run.stderr or f"status {run.returncode}"
 
 
-def installed_dependencies(work, folder="express"):
+def installed_dependencies(work, folder="express", beside=()):
     """The folder node_modules, below `work`, with what the lockfile of a folder beside this file pins. It is installed once for each
-    state of that."""
+    state of that, and of the packages in the folders `beside` this file, which it takes from there."""
     pinned = [HERE / folder / name for name in ("package.json", "package-lock.json")]
-    state = hashlib.sha256(b"\0".join(file.read_bytes() for file in pinned)).hexdigest()[:16]
+    sources = pinned + [file for name in beside for file in sorted((HERE / name).rglob("*")) if file.is_file()]
+    state = hashlib.sha256(b"\0".join(file.read_bytes() for file in sources)).hexdigest()[:16]
     target = work / f"{folder}-dependencies-{state}"
     with open(work / f"{folder}-dependencies.lock", "w", encoding="utf-8") as lock:
         fcntl.flock(lock, fcntl.LOCK_EX)  # for tests that run at once
@@ -56,7 +57,10 @@ def installed_dependencies(work, folder="express"):
             target.mkdir(parents=True)
             for file in pinned:
                 shutil.copy(file, target)
-            subprocess.run(["npm", "ci", "--no-audit", "--no-fund", "--ignore-scripts"], cwd=target, check=True,
+            for name in beside:
+                shutil.copytree(HERE / name, target / name)
+            # A package that were linked would look for its own dependencies where it stands.
+            subprocess.run(["npm", "ci", "--no-audit", "--no-fund", "--ignore-scripts", "--install-links"], cwd=target, check=True,
                            stdin=subprocess.DEVNULL)
             (target / "complete").touch()
     return target / "node_modules"
