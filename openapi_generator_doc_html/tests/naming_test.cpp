@@ -43,7 +43,7 @@ class DocHtmlNames : public testing::Test {
 info: {title: t, version: v}
 tags: [{name: Pet Store}, {name: pet-store}, {name: Index}, {name: 日本}]
 paths:
-  "/a?b*# %\u0001": {get: {responses: {}}}
+  "/a?b*#\"\\ %\u0001": {get: {responses: {}}}
   /pets: {get: {operationId: list.pets, tags: [Pet Store], responses: {}},
           put: {operationId: list-pets, tags: [pet-store], responses: {}},
           post: {operationId: list$pets, responses: {}}}
@@ -57,10 +57,10 @@ components: {schemas: {a.b: {}, a/b: {}, a-b: {}, 'List<Pet>': {}, Größe: {}, 
 
 TEST_F(DocHtmlNames, ofOperationsAreNumberedWhereTheyFallTogether) {
     const std::string expected[] = {
-        "_a_b__ %__get | _a_b______get | operation_get__a?b*# %\x01 | a-b-get",
+        "_a_b____ %__get | _a_b________get | operation_get__a?b*#\"\\ %\x01 | a-b-get",
         "List.pets | List_pets | operation_get__pets | list-pets",
         "ListPets | ListPets | operation_put__pets | list-pets2",
-        "List$pets | List$pets | operation_post__pets | list-pets3",
+        "List$pets | List_pets2 | operation_post__pets | list-pets3",
         "_pets__id__get | _pets__id__get | operation_get__pets__id_ | pets-id-get",
         "2 |  | operation_head__pets__id_ | 2",
         "_pets__id__get2 | _pets__id__get2 | operation_get__pets__id_2 | pets-id-get2",
@@ -98,17 +98,17 @@ TEST_F(DocHtmlNames, makeUrls) {
     using R = ResourceGranularity;
     EXPECT_EQ(
         urlsWith(O::Merge, R::Merge, {}),
-        "/#operation_get__pets /#operation_get__a?b*%23%20%25%01 /#tag_pet_store /#resource_a_b /#overview");
+        "/#operation_get__pets /#operation_get__a?b*%23%22%5C%20%25%01 /#tag_pet_store /#resource_a_b /#overview");
     EXPECT_EQ(urlsWith(O::Merge, R::Merge, "en"), urlsWith(O::Merge, R::Merge, {}));
     EXPECT_EQ(
         urlsWith(O::Merge, R::Merge, "pl"),
-        "/pl#operation_get__pets /pl#operation_get__a?b*%23%20%25%01 /pl#tag_pet_store /pl#resource_a_b "
+        "/pl#operation_get__pets /pl#operation_get__a?b*%23%22%5C%20%25%01 /pl#tag_pet_store /pl#resource_a_b "
         "/pl#overview");
     EXPECT_EQ(urlsWith(O::Merge, R::Separate, {}),
-              "/operations#operation_get__pets /operations#operation_get__a?b*%23%20%25%01 "
+              "/operations#operation_get__pets /operations#operation_get__a?b*%23%22%5C%20%25%01 "
               "/operations#tag_pet_store /resources/a-b2 /index");
     EXPECT_EQ(urlsWith(O::Group, R::Merge, "pl"),
-              "/pl/groups/pet_store#operation_get__pets /pl/operations#operation_get__a?b*%23%20%25%01 "
+              "/pl/groups/pet_store#operation_get__pets /pl/operations#operation_get__a?b*%23%22%5C%20%25%01 "
               "/pl/groups/pet_store /pl/resources#resource_a_b /pl/index");
     EXPECT_EQ(urlsWith(O::Separate, R::Separate, "pl"),
               "/pl/operations/list-pets /pl/operations/a-b-get /pl/resources/a-b2 /pl/index");

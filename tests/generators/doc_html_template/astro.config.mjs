@@ -1,2 +1,2 @@
-// A page is a file beside those of its folder: /operations is operations.html, which stands beside operations/.
-export default { build: { format: "file" }, compressHTML: false };
+// White space stays as it is, for the pages are there to be read.
+export default { compressHTML: false };
