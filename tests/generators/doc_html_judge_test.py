@@ -19,7 +19,7 @@ FAULTS = {
     "broken link": ("src/components/Overview.astro", "/#tag_pets", "/pats#tag_pets", r"Overview\.astro: /pats#tag_pets leads to no page"),
     "broken link of a locale": (INDEX, '"href":"/"', '"href":"/pl"', r"index\.astro: /pl leads to no page"),
     "missing anchor": ("src/components/schemas/Pet.astro", "id={\"resource_Pet\"} ", "", r"/#resource_Pet leads to no anchor"),
-    "anchor of another page": ("src/pages/search.astro", "/#operation", "#operation", r"search\.astro: #operation_\S+ leads to no anchor"),
+    "anchor of another page": ("src/pages/search.astro", "/#operation", "/search#operation", r"/search#operation_\S+ leads to no anchor"),
     "anchor twice": (INDEX, "tag_pets", "overview", r"index\.astro: has two anchors overview"),
     "empty fragment": ("src/components/sidebar/Resources.astro", "/#resource_Pet", "/#", r"/# has an empty fragment"),
     "script as link": ("src/components/sidebar/Resources.astro", "/#resource_Pet", "javascript:m()", r"javascript:m\(\) leads to no page"),

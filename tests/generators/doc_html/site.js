@@ -74,7 +74,6 @@ class Site {
     this.pages = new Map([...this.names].filter((name) => name.startsWith("src/pages/") && name.endsWith(".astro"))
       .flatMap((name) => this.addressesOf(name).map((address) => [address, name])));
     this.idsBelow = new Map();
-    this.linksBelow = new Map();
   }
 
   fault(file, message) {
@@ -140,13 +139,13 @@ class Site {
     return this.collect(file, this.idsBelow, (component) => component.ids);
   }
 
-  checkLink(file, link, page) {
+  checkLink(file, link) {
     if (typeof link !== "string") return this.fault(file, `an href that is no text: ${JSON.stringify(link)}`);
     const [, address, , fragment] = /^([^?#]*)(\?[^#]*)?(?:#(.*))?$/s.exec(link);
-    let target = page;
+    let target;
     let anchor = fragment;
     try {
-      if (address !== "") target = this.pages.get(decodeURIComponent(address));
+      target = this.pages.get(address === "" ? "/" : decodeURIComponent(address)); // a fragment alone means the single page
       anchor = fragment && decodeURIComponent(fragment);
     } catch {
       return this.fault(file, `${link} is no URL`);
@@ -161,12 +160,9 @@ class Site {
 
   checkLinks() {
     this.anchors = new Map();
-    const isLocal = (link) => typeof link === "string" && !link.startsWith("/");
     for (const [file, { links }] of this.files)
-      for (const link of new Set(links)) if (!isLocal(link)) this.checkLink(file, link);
+      for (const link of new Set(links)) this.checkLink(file, link);
     for (const page of new Set(this.pages.values())) {
-      for (const link of new Set(this.collect(page, this.linksBelow, (component) => component.links.filter(isLocal))))
-        this.checkLink(page, link, page);
       const seen = new Set();
       for (const id of this.idsOf(page)) {
         if (seen.has(id)) this.fault(page, `has two anchors ${id}`);
