@@ -181,7 +181,8 @@ TEST(Fixing, tellsWhatBecameOfPaths) {
 TEST(Fixing, printsTheVersionAlone) {
     const Workspace workspace;
     const std::string old = head + "paths: {/a: {get: {responses: {}}}}\n";
-    const std::string now = head + "paths: {/a: {get: {responses: {}}, put: {responses: {}}}}\n";
+    const std::string now =
+        head + "paths: {/a: {get: {responses: {}}, put: {summary: Set, responses: {}}}}\n";
     workspace.write("old.yaml", old);
     workspace.write("new.yaml", now);
     const Outcome added = workspace.run({"diff", "--print-version", "old.yaml", "new.yaml"});
