@@ -98,7 +98,7 @@ TEST_F(DocHtmlNames, makeUrls) {
     using R = ResourceGranularity;
     EXPECT_EQ(
         urlsWith(O::Merge, R::Merge, {}),
-        "/#operation_get__pets /#operation_get__a?b*%23%22%5C%20%25%01 /#tag_pet_store /#resource_a_b /#overview");
+        "#operation_get__pets #operation_get__a?b*%23%22%5C%20%25%01 #tag_pet_store #resource_a_b /#overview");
     EXPECT_EQ(urlsWith(O::Merge, R::Merge, "en"), urlsWith(O::Merge, R::Merge, {}));
     EXPECT_EQ(
         urlsWith(O::Merge, R::Merge, "pl"),
