@@ -23,8 +23,8 @@ using Locale = std::optional<std::string>;
 [[nodiscard]] std::string filePath(std::string_view root, std::string_view localeSegment,
                                    std::string_view folder, std::string_view name, bool hasExtension);
 
-/// The URLs of a site, from its root. On a site of a single page a fragment alone means that page, wherever it
-/// stands.
+/// The URLs of a site, from its root. On a site of a single page a fragment alone means that page, wherever
+/// it stands.
 class Urls {
   public:
     /// Both outlive the object.

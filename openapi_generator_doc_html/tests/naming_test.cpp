@@ -96,14 +96,13 @@ TEST_F(DocHtmlNames, ofSchemasAndTagsAreNumberedWhereTheyFallTogether) {
 TEST_F(DocHtmlNames, makeUrls) {
     using O = OperationGranularity;
     using R = ResourceGranularity;
-    EXPECT_EQ(
-        urlsWith(O::Merge, R::Merge, {}),
-        "#operation_get__pets #operation_get__a?b*%23%22%5C%20%25%01 #tag_pet_store #resource_a_b /#overview");
+    EXPECT_EQ(urlsWith(O::Merge, R::Merge, {}), "#operation_get__pets #operation_get__a?b*%23%22%5C%20%25%01 "
+                                                "#tag_pet_store #resource_a_b /#overview");
     EXPECT_EQ(urlsWith(O::Merge, R::Merge, "en"), urlsWith(O::Merge, R::Merge, {}));
-    EXPECT_EQ(
-        urlsWith(O::Merge, R::Merge, "pl"),
-        "/pl#operation_get__pets /pl#operation_get__a?b*%23%22%5C%20%25%01 /pl#tag_pet_store /pl#resource_a_b "
-        "/pl#overview");
+    EXPECT_EQ(urlsWith(O::Merge, R::Merge, "pl"),
+              "/pl#operation_get__pets /pl#operation_get__a?b*%23%22%5C%20%25%01 /pl#tag_pet_store "
+              "/pl#resource_a_b "
+              "/pl#overview");
     EXPECT_EQ(urlsWith(O::Merge, R::Separate, {}),
               "/operations#operation_get__pets /operations#operation_get__a?b*%23%22%5C%20%25%01 "
               "/operations#tag_pet_store /resources/a-b2 /index");
