@@ -9,6 +9,7 @@
 #include "source_edit/edited_values.h"
 #include "source_edit/unified_diff.h"
 
+#include <algorithm> // std::any_of
 #include <exception> // std::exception
 #include <memory>    // std::make_shared, std::make_unique
 #include <optional>  // std::optional
@@ -79,6 +80,13 @@ void editArray(const JV& array, source_edit::Edits& edits, Draws& draws) {
         edits.insertElement(array, draws.below(array.size() + 1), newValue(draws));
 }
 
+bool isTaken(std::string_view key, const JV& object, const source_edit::Edits& edits) {
+    const source_edit::EditedContainer* edited = edits.find(object);
+    return object.has(key) ||
+           (edited != nullptr && std::any_of(edited->children.begin(), edited->children.end(),
+                                             [&](const auto& child) { return child.key == key; }));
+}
+
 void editObject(const JV& object, source_edit::Edits& edits, Draws& draws) {
     std::vector<std::string_view> keys = edits.source().keysOf(&object);
     if (keys.empty() || draws.below(4) == 0) {
@@ -94,7 +102,7 @@ void editObject(const JV& object, source_edit::Edits& edits, Draws& draws) {
         edits.removeMember(object, key);
         break;
     case 2:
-        if (!object.has("renamed: {key}"))
+        if (!isTaken("renamed: {key}", object, edits))
             edits.renameMembers(object, std::vector<source_edit::Edits::Renaming>{{key, "renamed: {key}"}});
         break;
     default:

@@ -115,6 +115,12 @@ class Arrangement {
 
     [[nodiscard]] bool hasComment(const Gap& gap) const { return gap.after.find('#') != std::string::npos; }
 
+    /// Whether there are comments that are no child's.
+    [[nodiscard]] bool hasRemarks() const {
+        return !gaps_.front().tail.empty() ||
+               std::any_of(gaps_.begin(), gaps_.end(), [&](const Gap& gap) { return hasComment(gap); });
+    }
+
     /// A comment in front of a child that goes, which is not the child's, stays; and so does the line end,
     /// when the child is the first of several on its line.
     void keepRemarks() {
@@ -205,7 +211,7 @@ class Arrangement {
             return children() && endBlock() ? std::optional(out_) : std::nullopt;
         out_ += around_.text[extent_.begin];
         if (container_.children.empty() || layout_.children.empty()) {
-            if (inside_.of(around_.text).find('#') != std::string_view::npos)
+            if (hasRemarks())
                 return std::nullopt;
             if (!container_.children.empty() && !children())
                 return std::nullopt;
