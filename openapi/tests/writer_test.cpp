@@ -238,9 +238,9 @@ TEST(WriterDeathTest, refusesReferencesToSecuritySchemes) {
 
 TEST(Writer, writesFiles) {
     const test_support::TemporaryFolder folder;
-    // Empty, and a date: for other readers something else than texts.
-    const std::string source = "paths: {}\ninfo:\n  description:\n  version: 2001-12-14\n  title: t\n"
-                               "openapi: 3.1.0\nx-a:\n  b:\n";
+    // A null, and a date: for other readers something else than texts.
+    const std::string source = "paths: {}\ninfo:\n  description: ~\n  version: 2001-12-14\n  title: t\n"
+                               "openapi: 3.1.0\nx-a:\n  b: null\n";
     const auto result = readText(source, DocumentFormat::Yaml);
     const std::string yaml = folder.at("bound.yml");
     writeFile(*result, yaml);
