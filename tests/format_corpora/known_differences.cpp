@@ -28,6 +28,7 @@ constexpr Known knownTable[] = {
     {"meilisearch-3.1.json", DocumentFormat::Yaml, droppedLineFeed, 2},
     {"openai-3.1.yaml", DocumentFormat::Yaml, droppedLineFeed, 1},
     {"xero-accounting-3.0.yaml", DocumentFormat::Json, emptyPlain, 645},
+    {"xero-accounting-3.0.yaml", DocumentFormat::Yaml, emptyPlain, 645},
 };
 
 [[nodiscard]] bool isDroppedLineFeed(const std::string& longer, const std::string& shorter) {

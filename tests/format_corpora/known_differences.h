@@ -18,7 +18,7 @@ using DifferenceCounts = std::map<std::string, int>;
 /// The classes, each with its reason:
 ///
 ///   "empty plain scalar is text": an empty value in YAML is a null for the judge and an empty string for our
-///   reader, which shows when it is written as JSON.
+///   reader, which is what it is written as.
 ///
 ///   "exponent form is left plain": the string "1e5" is written without quotes and is a number then, also for
 ///   our reader.
