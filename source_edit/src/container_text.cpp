@@ -331,7 +331,8 @@ bool editContainer(const TextAround& around, const Edits& edits, const EditedCon
 
 void renderContainer(const TextAround& around, const Edits& edits, const EditedContainer& container,
                      const Layout& layout, Replacements& replacements) {
-    const Surroundings surroundings{around.format, layout.isFlow, around.lineEnd, indentationOf(layout)};
+    const std::string indentation = indentationOf(layout);
+    const Surroundings surroundings{around.format, layout.isFlow, around.lineEnd, indentation};
     replacements.put(layout.whole, renderedBlock(*editedValue(edits, *container.container), surroundings));
 }
 

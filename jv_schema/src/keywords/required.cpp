@@ -5,7 +5,7 @@
 #include "jv_schema/messages.h"
 #include "jv_schema/property_name.h"
 
-#include <algorithm>   // std::ranges::all_of, std::ranges::sort, std::ranges::unique
+#include <algorithm>   // std::ranges::all_of, std::ranges::sort, std::unique
 #include <cstddef>     // std::size_t
 #include <string_view> // std::string_view
 #include <vector>      // std::vector
@@ -26,8 +26,8 @@ class Required : public Keyword {
         }
         sorted_ = names_;
         std::ranges::sort(sorted_, {}, &PropertyName::text);
-        const auto doubles = std::ranges::unique(sorted_, {}, &PropertyName::text);
-        sorted_.erase(doubles.begin(), doubles.end());
+        const auto isSame = [](const PropertyName& a, const PropertyName& b) { return a.text() == b.text(); };
+        sorted_.erase(std::unique(sorted_.begin(), sorted_.end(), isSame), sorted_.end());
     }
 
     [[nodiscard]] bool evaluate(const JV& instance, Evaluation& evaluation) const override {
