@@ -240,7 +240,7 @@ TEST(Formats, areMadeAsTheyAreChecked) {
 
 TEST(RandomEngine, drawsEachNumberOfARange) {
     RandomEngine engine;
-    for (const std::uint64_t bound : {1, 2, 3, 7, 8, 100}) {
+    for (const std::uint64_t bound : {1U, 2U, 3U, 7U, 8U, 100U}) {
         std::set<std::uint64_t> drawn;
         for (std::uint64_t i = 0; i < 40 * bound; ++i)
             drawn.insert(engine.below(bound));
