@@ -520,7 +520,8 @@ def main():
     uncompared = [rule_id(rule) for rule in RULES if not findings[rule_id(rule)]]
     if uncompared:
         print("No document fails", *uncompared)
-    sys.exit(wrong > 0 or documents < 20 or bool(uncompared))
+    # Where documents are left out, some rules may have nothing to find.
+    sys.exit(wrong > 0 or documents < 20 or bool(uncompared and largest == sys.maxsize))
 
 
 main()
