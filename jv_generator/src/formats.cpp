@@ -399,6 +399,7 @@ TextCheck textCheckOf(std::string_view format) {
 
 std::vector<std::string_view> formatNames() {
     std::vector<std::string_view> names;
+    names.reserve(std::size(formatTable));
     for (const FormatRow& row : formatTable)
         names.push_back(row.name);
     return names;

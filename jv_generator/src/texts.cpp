@@ -16,7 +16,7 @@ constexpr std::uint64_t longestWord = 10;
 /// A consonant and a vowel each, by one number. A draw costs more than taking it apart, so one is made for
 /// four of them.
 constexpr std::uint64_t syllables = consonants.size() * vowels.size();
-constexpr int syllablesOfDraw = 4;
+constexpr std::uint64_t syllablesOfDraw = 4;
 constexpr std::uint64_t lettersOfDraw = 2 * syllablesOfDraw;
 /// One word in so many begins with a vowel.
 constexpr std::uint64_t rareVowel = 4;

@@ -21,7 +21,7 @@ using jv::schema::ValidationError;
     const JV* version = document.isObject() ? document.get("openapi") : nullptr;
     const jv::schema::Schema& schema =
         documentSchema(version != nullptr && version->isString() ? version->text() : "");
-    const std::vector<ValidationError> errors = schema.validate(document);
+    std::vector<ValidationError> errors = schema.validate(document);
     EXPECT_EQ(schema.isValid(document), errors.empty());
     return errors;
 }

@@ -48,25 +48,25 @@ std::vector<std::string> documentNames() {
 
 class WriteBackCorpora : public testing::TestWithParam<std::string> {
   protected:
-    const std::string name_ = GetParam();
-    const Refused* const refused_ = [this] {
+    const std::string name = GetParam();
+    const Refused* const refused = [this] {
         const auto* const found = std::find_if(std::begin(refusedDocuments), std::end(refusedDocuments),
-                                               [this](const Refused& row) { return name_ == row.document; });
+                                               [this](const Refused& row) { return name == row.document; });
         return found == std::end(refusedDocuments) ? nullptr : found;
     }();
-    const test_support::ReadTree document_ = test_support::readTree(test_support::corporaFolder() / name_);
+    const test_support::ReadTree document = test_support::readTree(test_support::corporaFolder() / name);
 };
 
 TEST_P(WriteBackCorpora, comesBackButForWhatIsMeantToBeLost) {
-    EXPECT_EQ(document_.refusal.find("Unknown format"), std::string::npos)
+    EXPECT_EQ(document.refusal.find("Unknown format"), std::string::npos)
         << "the first report was not complete";
-    if (refused_ != nullptr) {
-        EXPECT_TRUE(document_.refusal.starts_with(refused_->refusal))
-            << document_.refusal << "\nbut it " << refused_->reason;
+    if (refused != nullptr) {
+        EXPECT_TRUE(document.refusal.starts_with(refused->refusal))
+            << document.refusal << "\nbut it " << refused->reason;
         return;
     }
-    ASSERT_NE(document_.result, nullptr) << document_.refusal;
-    const ReadResult& result = *document_.result;
+    ASSERT_NE(document.result, nullptr) << document.refusal;
+    const ReadResult& result = *document.result;
     auto written = Writer(result).write(result.root());
 
     std::map<std::string_view, int> counts;
@@ -75,13 +75,13 @@ TEST_P(WriteBackCorpora, comesBackButForWhatIsMeantToBeLost) {
         if (difference.kind == WriteBackClass::defect)
             ADD_FAILURE() << difference;
     }
-    std::cout << name_ << ":";
+    std::cout << name << ":";
     for (const auto& [kind, count] : counts)
         std::cout << " " << count << " " << kind << ";";
     std::cout << "\n";
 
     // What was written once has nothing more to lose.
-    const auto again = read(std::move(written), document_.formats);
+    const auto again = read(std::move(written), document.formats);
     EXPECT_EQ(test_support::firstDifference(again->source(), *Writer(*again).write(again->root())), "");
 }
 

@@ -51,22 +51,22 @@ std::string schemaAgain(std::string_view schema, std::string_view version = "3.1
 
 class WriterGolden : public testing::TestWithParam<const char*> {
   protected:
-    const std::string name_ = GetParam();
-    const std::unique_ptr<ReadResult> result_ =
-        readFile((golden / (name_ + ".yaml")).string(), std::make_shared<const SchemaFormatRegistry>());
+    const std::string name = GetParam();
+    const std::unique_ptr<ReadResult> result =
+        readFile((golden / (name + ".yaml")).string(), std::make_shared<const SchemaFormatRegistry>());
 };
 
 TEST_P(WriterGolden, bareWriterHasACanonicalOrder) {
-    expectGolden(jv::documentToText(*Writer().write(result_->root()), DocumentFormat::Yaml),
-                 golden / (name_ + ".canonical.yaml"));
+    expectGolden(jv::documentToText(*Writer().write(result->root()), DocumentFormat::Yaml),
+                 golden / (name + ".canonical.yaml"));
 }
 
 TEST_P(WriterGolden, boundWriterGivesBackTheSource) {
     std::ostringstream differences;
     for (const auto& difference :
-         test_support::compareWriteBack(result_->source(), *Writer(*result_).write(result_->root())))
+         test_support::compareWriteBack(result->source(), *Writer(*result).write(result->root())))
         differences << difference << '\n';
-    expectGolden(differences.str(), golden / (name_ + ".differences"));
+    expectGolden(differences.str(), golden / (name + ".differences"));
 }
 
 INSTANTIATE_TEST_SUITE_P(Documents, WriterGolden, testing::Values("every-member-3.0", "every-member-3.1"));

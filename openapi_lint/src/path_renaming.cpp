@@ -140,7 +140,7 @@ void renamePaths(LintContext& context, const PathRenaming& renaming) {
         const bool meets = changes && doNamesMeet(path);
         if (meets)
             context.note(formatMessage(parametersMeet, path.before, path.after));
-        const std::string result = meets ? path.before : path.after;
+        std::string result = meets ? path.before : path.after;
         if (changes && !meets)
             wanted.push_back(std::move(path));
         return result;

@@ -54,6 +54,7 @@ class Attempt {
     bool edit(Effort effort, Replacements& replacements) {
         std::vector<const EditedContainer*> changed = edits_.changed();
         std::vector<const jv::JV*> values;
+        values.reserve(changed.size());
         for (const EditedContainer* container : changed)
             values.push_back(container->container);
         const Layouts layouts = findLayouts(around_.text, around_.format, values);

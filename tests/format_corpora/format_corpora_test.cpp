@@ -64,34 +64,33 @@ void expectSameValues(const std::string& document, const Tree& source, const std
 
 class FormatCorpora : public testing::TestWithParam<std::string> {
   protected:
-    const std::string document_ = GetParam();
+    const std::string document = GetParam();
 };
 
 TEST_P(FormatCorpora, readingAndWritingKeepsValuesAndKeyOrder) {
-    const Tree source = test_support::parseFileIndependently(pathOf(document_));
-    const jv::LoadedDocument loaded = jv::loadDocument(pathOf(document_));
-    for (const DocumentFormat target : targetsOf(document_)) {
+    const Tree source = test_support::parseFileIndependently(pathOf(document));
+    const jv::LoadedDocument loaded = jv::loadDocument(pathOf(document));
+    for (const DocumentFormat target : targetsOf(document)) {
         SCOPED_TRACE(jv::extensionOf(target));
-        expectSameValues(document_, source, jv::documentToText(*loaded.document, target), target,
+        expectSameValues(document, source, jv::documentToText(*loaded.document, target), target,
                          KeyOrder::Matters);
     }
 }
 
 TEST_P(FormatCorpora, formattingKeepsValuesAndSettles) {
     const openapi_format::Formatter formatter;
-    const Tree source = test_support::parseFileIndependently(pathOf(document_));
-    for (const DocumentFormat target : targetsOf(document_)) {
+    const Tree source = test_support::parseFileIndependently(pathOf(document));
+    for (const DocumentFormat target : targetsOf(document)) {
         SCOPED_TRACE(jv::extensionOf(target));
-        const jv::LoadedDocument loaded = jv::loadDocument(pathOf(document_));
+        const jv::LoadedDocument loaded = jv::loadDocument(pathOf(document));
         const std::string once = formatter.text(*loaded.document, target);
-        expectSameValues(document_, source, once, target, KeyOrder::Free);
+        expectSameValues(document, source, once, target, KeyOrder::Free);
 
         const auto runAgain = [&](const std::string& text) {
-            const auto document = jv::parseDocument(text, {.format = target, .refLoader = {}});
-            return formatter.text(*document, target);
+            return formatter.text(*jv::parseDocument(text, {.format = target, .refLoader = {}}), target);
         };
         const std::string twice = runAgain(once);
-        if (knownDifferences(document_, target).contains("exponent form is left plain")) {
+        if (knownDifferences(document, target).contains("exponent form is left plain")) {
             // The string has become a number, and a number has a spelling of its own.
             EXPECT_NE(twice, once);
             EXPECT_EQ(runAgain(twice), twice);
@@ -147,10 +146,10 @@ void collectBigNumbers(const std::string& document, const std::string& pointer, 
 
 TEST_P(FormatCorpora, hasTheBigNumbersOfTheTable) {
     std::vector<BigNumber> found;
-    collectBigNumbers(document_, "", test_support::parseFileIndependently(pathOf(document_)), found);
+    collectBigNumbers(document, "", test_support::parseFileIndependently(pathOf(document)), found);
     std::vector<BigNumber> expected;
     for (const BigNumber& big : bigNumbers())
-        if (big.document == document_)
+        if (big.document == document)
             expected.push_back(big);
     EXPECT_EQ(found, expected);
 }

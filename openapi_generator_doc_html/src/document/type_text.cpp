@@ -226,6 +226,7 @@ class TypeReader {
             dropNeedlessNumber(schema, types);
         }
         std::vector<AllowedType> allowed;
+        allowed.reserve(types.size());
         for (const SchemaType type : types)
             allowed.push_back({type, formatFor(schema, type), itemsFor(schema, type)});
         return allowed;
