@@ -175,10 +175,13 @@ void benchDocHtml(int rounds, Table& table) {
         lintRun = runProcess(lint);
         peer.add(lintRun.cpuSeconds + copies.run({"/bin/cp", "-r", outputs.last()}).cpuSeconds);
     }
-    constexpr double timeLimit = 4, memoryLimit = 4;
+    // A second is what a reader of the manual is promised; the other ratio tells more about the machine.
+    constexpr double timeLimit = 1, memoryLimit = 4;
     const std::string name = document.filename().string();
+    table.add({"generate doc html / a second", name, milliseconds(ours.median()), milliseconds(1),
+               ours.median(), timeLimit});
     table.add({"generate doc html / lint without rules + cp", name, milliseconds(ours.median()),
-               milliseconds(peer.median()), ours.median() / peer.median(), timeLimit});
+               milliseconds(peer.median()), ours.median() / peer.median(), 10});
     table.add({"peak of generate doc html - that lint / files", name,
                mebibytes(ourRun.peakBytes - lintRun.peakBytes), mebibytes(outputs.bytes()),
                (ourRun.peakBytes - lintRun.peakBytes) / outputs.bytes(), memoryLimit});

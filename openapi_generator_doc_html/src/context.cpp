@@ -40,10 +40,10 @@ std::unique_ptr<jv::JV> templateData(const Configuration& configuration) {
 } // namespace
 
 Site::Site(const openapi::OpenAPI& document, const Configuration& configuration,
-           const Translations& translations)
+           const Translations& translations, templating::Forms& forms)
     : names(document), urls(configuration, names), texts(translations), usages(document),
-      propertyLines(texts, urls), usageEntries(names, texts, urls),
-      sampleLines(document, configuration, names, texts) {
+      propertyLines(texts, urls, forms), usageEntries(names, texts, urls, forms),
+      sampleLines(document, configuration, names, texts, forms) {
     if (configuration.operationGranularity != OperationGranularity::Separate)
         grouper.addCriterion(GroupingCriterion::Tag);
     grouper.group(document);
@@ -54,7 +54,7 @@ Context::Context(FileSystem& fileSystem)
 
 void Context::begin(const openapi::OpenAPI& root, const Translations& translations) {
     document = &root;
-    site.emplace(root, configuration, translations);
+    site.emplace(root, configuration, translations, forms);
     templates.setConstant("template", *templateData(configuration));
 }
 

@@ -12,6 +12,7 @@
 #include "openapi_generator_doc_html/texts.h"
 #include "openapi_generator_doc_html/urls.h"
 #include "openapi_generator_doc_html/usage_entries.h"
+#include "templating/forms.h"
 #include "templating/template_set.h"
 
 #include <optional>    // std::optional
@@ -24,7 +25,7 @@ namespace specloom::openapi_generator::doc_html {
 /// What is known of the document once the configuration is read.
 struct Site {
     Site(const openapi::OpenAPI& document, const Configuration& configuration,
-         const Translations& translations);
+         const Translations& translations, templating::Forms& forms);
 
     DocumentNames names;
     Urls urls;
@@ -51,6 +52,7 @@ struct Context : PluginContextOf<code_morph::astro::Project> {
 
     Configuration configuration;
     templating::TemplateSet templates;
+    templating::Forms forms{templates};
     std::optional<Site> site; ///< none before the parts are made
 };
 

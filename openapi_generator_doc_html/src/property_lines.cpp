@@ -1,18 +1,13 @@
 #include "openapi_generator_doc_html/property_lines.h"
 
 #include "code_morph_astro/attributes.h"
-#include "openapi_generator_doc_html/doc_html_template.h"
 
 namespace specloom::openapi_generator::doc_html {
 
 using code_morph::astro::Attributes;
 
-PropertyLines::PropertyLines(Texts& texts, const Urls& urls)
-    : texts_(&texts), urls_(&urls),
-      description_(docHtmlTemplate("description.jinja"), {"indentation", "html"}),
-      leaf_(docHtmlTemplate("property.jinja"), {"indentation", "attributes"}),
-      open_(docHtmlTemplate("property_open.jinja"), {"indentation", "attributes"}),
-      close_(docHtmlTemplate("property_close.jinja"), {"indentation"}) {}
+PropertyLines::PropertyLines(Texts& texts, const Urls& urls, templating::Forms& forms)
+    : texts_(&texts), urls_(&urls), forms_(&forms) {}
 
 std::string PropertyLines::attributesOf(const Property& property) const {
     Attributes attributes;
@@ -52,19 +47,20 @@ void PropertyLines::append(const std::vector<Property>& properties, std::size_t 
                            std::string& out) {
     const std::string blanks(indentation, ' ');
     for (const Property& property : properties) {
-        const std::string attributes = attributesOf(property);
         const bool isLeaf = property.properties.empty() && property.description.value_or("").empty();
-        (isLeaf ? leaf_ : open_).append({blanks, attributes}, out);
+        out += forms_->fill(isLeaf ? "property.jinja" : "property_open.jinja",
+                            {{"indentation", blanks}, {"attributes", attributesOf(property)}});
         if (isLeaf)
             continue;
         appendContent(property, indentation + 2, out);
-        close_.append({blanks}, out);
+        out += forms_->fill("property_close.jinja", {{"indentation", blanks}});
     }
 }
 
 void PropertyLines::appendContent(const Property& property, std::size_t indentation, std::string& out) {
     if (const std::string& html = texts_->describe(property.description); !html.empty())
-        description_.append({std::string(indentation, ' '), html}, out);
+        out += forms_->fill("description.jinja",
+                            {{"indentation", std::string(indentation, ' ')}, {"html", html}});
     append(property.properties, indentation, out);
 }
 

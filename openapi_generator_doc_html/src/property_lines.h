@@ -3,7 +3,7 @@
 #include "openapi_generator_doc_html/document/properties.h"
 #include "openapi_generator_doc_html/texts.h"
 #include "openapi_generator_doc_html/urls.h"
-#include "templating/snippet.h"
+#include "templating/forms.h"
 
 #include <cstddef> // std::size_t
 #include <string>  // std::string
@@ -15,7 +15,7 @@ namespace specloom::openapi_generator::doc_html {
 class PropertyLines {
   public:
     /// All outlive the object.
-    PropertyLines(Texts& texts, const Urls& urls);
+    PropertyLines(Texts& texts, const Urls& urls, templating::Forms& forms);
 
     /// The attributes of a property, a parameter or a body: its type, its constraints, the resource that it
     /// links to. A name that is empty is left out.
@@ -31,10 +31,7 @@ class PropertyLines {
 
     Texts* texts_;
     const Urls* urls_;
-    templating::Snippet description_;
-    templating::Snippet leaf_;
-    templating::Snippet open_;
-    templating::Snippet close_;
+    templating::Forms* forms_;
 };
 
 } // namespace specloom::openapi_generator::doc_html

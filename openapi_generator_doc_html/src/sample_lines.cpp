@@ -1,7 +1,6 @@
 #include "openapi_generator_doc_html/sample_lines.h"
 
 #include "code_morph_astro/attributes.h"
-#include "openapi_generator_doc_html/doc_html_template.h"
 
 #include <string_view> // std::string_view
 #include <utility>     // std::move
@@ -25,11 +24,9 @@ std::string codeAttribute(std::string_view language, std::string_view code) {
 } // namespace
 
 SampleLines::SampleLines(const openapi::OpenAPI& document, const Configuration& configuration,
-                         const DocumentNames& names, const Texts& texts)
+                         const DocumentNames& names, const Texts& texts, templating::Forms& forms)
     : configuration_(&configuration), names_(&names), texts_(&texts),
-      samples_(document, sampleOptionsOf(configuration)),
-      requestExample_(docHtmlTemplate("request_example.jinja"), {"attributes", "code"}),
-      codeBlock_(docHtmlTemplate("code_block.jinja"), {"attributes"}) {
+      samples_(document, sampleOptionsOf(configuration)), forms_(&forms) {
     if (configuration.locales.size() > 1)
         made_.resize(names.operations().size());
 }
@@ -41,11 +38,15 @@ OperationSamples SampleLines::linesOf(const openapi::OperationRef& ref) {
         lines = std::make_unique<const Lines>(makeLines(ref));
     OperationSamples result;
     for (const Line& line : lines->requests)
-        requestExample_.append({attributesOf(line), line.code}, result.requestExamples);
+        result.requestExamples +=
+            forms_->fill("request_example.jinja", {{"attributes", attributesOf(line)}, {"code", line.code}});
+    const auto codeBlock = [this](const Line& line) {
+        return forms_->fill("code_block.jinja", {{"attributes", attributesOf(line) + line.code}});
+    };
     for (const Line& line : lines->responses)
-        codeBlock_.append({attributesOf(line) + line.code}, result.responseExamples);
+        result.responseExamples += codeBlock(line);
     for (const Line& line : lines->schemas)
-        codeBlock_.append({attributesOf(line) + line.code}, result.responseSchemas);
+        result.responseSchemas += codeBlock(line);
     return result;
 }
 

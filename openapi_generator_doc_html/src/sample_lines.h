@@ -4,7 +4,7 @@
 #include "openapi_generator_doc_html/document/samples.h"
 #include "openapi_generator_doc_html/naming.h"
 #include "openapi_generator_doc_html/texts.h"
-#include "templating/snippet.h"
+#include "templating/forms.h"
 
 #include <memory> // std::unique_ptr
 #include <string> // std::string
@@ -24,7 +24,7 @@ class SampleLines {
   public:
     /// All outlive the object.
     SampleLines(const openapi::OpenAPI& document, const Configuration& configuration,
-                const DocumentNames& names, const Texts& texts);
+                const DocumentNames& names, const Texts& texts, templating::Forms& forms);
 
     /// Throws what Samples throws.
     [[nodiscard]] OperationSamples linesOf(const openapi::OperationRef& ref);
@@ -47,8 +47,7 @@ class SampleLines {
     const DocumentNames* names_;
     const Texts* texts_;
     Samples samples_;
-    templating::Snippet requestExample_;
-    templating::Snippet codeBlock_;
+    templating::Forms* forms_;
     /// By the place of the operation in the document, when there is more than one locale.
     std::vector<std::unique_ptr<const Lines>> made_;
 };

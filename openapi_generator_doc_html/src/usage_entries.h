@@ -4,7 +4,7 @@
 #include "openapi_generator_doc_html/naming.h"
 #include "openapi_generator_doc_html/texts.h"
 #include "openapi_generator_doc_html/urls.h"
-#include "templating/snippet.h"
+#include "templating/forms.h"
 
 #include <string>      // std::string
 #include <string_view> // std::string_view
@@ -17,7 +17,7 @@ namespace specloom::openapi_generator::doc_html {
 class UsageEntries {
   public:
     /// All outlive the object.
-    UsageEntries(const DocumentNames& names, const Texts& texts, const Urls& urls);
+    UsageEntries(const DocumentNames& names, const Texts& texts, const Urls& urls, templating::Forms& forms);
 
     /// The one of a schema that an operation uses. Good until the next call for another locale.
     [[nodiscard]] const std::string& ofSchema(std::string_view name);
@@ -30,8 +30,7 @@ class UsageEntries {
     const DocumentNames* names_;
     const Texts* texts_;
     const Urls* urls_;
-    templating::Snippet schemaEntry_;
-    templating::Snippet operationEntry_;
+    templating::Forms* forms_;
     Locale locale_; ///< of what is made
     TextMap<std::string> schemas_;
     std::vector<std::string> operations_; ///< empty where it is not made yet

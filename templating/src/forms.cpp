@@ -1,5 +1,7 @@
 #include "templating/forms.h"
 
+#include "foundation/unreachable.h"
+
 #include <charconv> // std::from_chars
 #include <memory>   // std::unique_ptr
 
@@ -13,15 +15,17 @@ constexpr char markEnd = '\x03';
 } // namespace
 
 std::string Forms::fill(std::string_view templateName, const Texts& texts) {
-    EmptyTexts key(texts.size());
+    if (texts.size() > 64)
+        SPECLOOM_UNREACHABLE("more texts than a form has bits for");
+    EmptyTexts key = 0;
     for (std::size_t i = 0; i < texts.size(); ++i)
-        key[i] = texts[i].second.empty();
+        key |= EmptyTexts{texts[i].second.empty()} << i;
     auto byTemplate = forms_.find(templateName);
     if (byTemplate == forms_.end())
         byTemplate = forms_.try_emplace(std::string(templateName)).first;
     auto found = byTemplate->second.find(key);
     if (found == byTemplate->second.end())
-        found = byTemplate->second.emplace(std::move(key), formOf(templateName, texts)).first;
+        found = byTemplate->second.emplace(key, formOf(templateName, texts)).first;
     const Form& form = found->second;
     std::size_t size = form.fixed.size();
     for (const Form::Gap& gap : form.gaps)

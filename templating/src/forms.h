@@ -3,6 +3,7 @@
 #include "templating/template_set.h"
 
 #include <cstddef>     // std::size_t
+#include <cstdint>     // std::uint64_t
 #include <functional>  // std::less
 #include <map>         // std::map
 #include <string>      // std::string
@@ -26,7 +27,7 @@ class Forms {
     explicit Forms(const TemplateSet& templates) : templates_(&templates) {}
 
     /// What TemplateSet::render() would make of the texts. Those of one template have the same names in the
-    /// same order each time. Throws what that throws.
+    /// same order each time; at most 64. Throws what that throws.
     [[nodiscard]] std::string fill(std::string_view templateName, const Texts& texts);
 
   private:
@@ -39,7 +40,7 @@ class Forms {
         std::string fixed; ///< what stands between the gaps
         std::vector<Gap> gaps;
     };
-    using EmptyTexts = std::vector<bool>;
+    using EmptyTexts = std::uint64_t; ///< a bit for each text
 
     [[nodiscard]] Form formOf(std::string_view templateName, const Texts& texts) const;
 
