@@ -75,11 +75,7 @@ std::optional<std::string> readableCopy(const fs::path& document,
 /// The largest document of the corpora that the generator takes, as a file in `folder`.
 std::optional<std::string> largestDocument(const std::string& kind, const std::string& generator,
                                            const test_support::TemporaryFolder& folder) {
-    std::vector<fs::path> documents;
-    for (const char* extension : {".json", ".yaml"})
-        for (const fs::path& file :
-             test_support::filesBelow(test_support::corporaFolder() / "openapi", extension))
-            documents.push_back(file);
+    std::vector<fs::path> documents = test_support::corpusDocuments();
     std::sort(documents.begin(), documents.end(),
               [](const fs::path& a, const fs::path& b) { return fs::file_size(a) > fs::file_size(b); });
     for (const fs::path& document : documents)
@@ -94,6 +90,24 @@ std::optional<std::string> largestDocument(const std::string& kind, const std::s
     return std::nullopt;
 }
 
+/// The medians of several runs in turn, and what the last ones took of memory and of the disk.
+struct Costs {
+    double seconds, lintSeconds, copySeconds; ///< of processor time; to copy is to copy the files
+    double peakBytes, lintPeakBytes, fileBytes;
+};
+Costs costsOf(const Arguments& generate, const Arguments& lint, int rounds) {
+    Outputs outputs, copies;
+    Samples ours, reading, copying;
+    ProcessRun ourRun{}, lintRun{};
+    for (int round = 0; round < rounds; ++round) {
+        ours.add((ourRun = outputs.run(generate)).cpuSeconds);
+        reading.add((lintRun = runProcess(lint)).cpuSeconds);
+        copying.add(copies.run({"/bin/cp", "-r", outputs.last()}).cpuSeconds);
+    }
+    return {ours.median(),    reading.median(),  copying.median(),
+            ourRun.peakBytes, lintRun.peakBytes, outputs.bytes()};
+}
+
 void benchGenerator(const std::string& kind, const std::string& generator, int rounds, Table& table) {
     const test_support::TemporaryFolder folder;
     const std::optional<std::string> document = largestDocument(kind, generator, folder);
@@ -102,89 +116,77 @@ void benchGenerator(const std::string& kind, const std::string& generator, int r
     const std::string name = fs::path(*document).filename().string();
     const std::string config = folder.write("config.json", configurationText(R"("lint":{"extends":[]})", {}));
     const Arguments lint = {SPECLOOM_PROGRAM, "lint", "--config", config, *document};
-    Outputs outputs, copies;
-    Samples ours, reading, copying;
-    ProcessRun ourRun{}, lintRun{};
-    for (int round = 0; round < rounds; ++round) {
-        ours.add((ourRun = outputs.run(generating(kind, generator, *document))).cpuSeconds);
-        reading.add((lintRun = runProcess(lint)).cpuSeconds);
-        copying.add(copies.run({"/bin/cp", "-r", outputs.last()}).cpuSeconds);
-    }
+    const Costs costs = costsOf(generating(kind, generator, *document), lint, rounds);
     constexpr double limit = 1.5;
     table.add({fmt::format("generate {} - cp / lint without rules", generator), name,
-               milliseconds(ours.median()), milliseconds(reading.median()),
-               (ours.median() - copying.median()) / reading.median(), limit});
+               milliseconds(costs.seconds), milliseconds(costs.lintSeconds),
+               (costs.seconds - costs.copySeconds) / costs.lintSeconds, limit});
     table.add({fmt::format("peak of generate {} - files / of that lint", generator), name,
-               mebibytes(ourRun.peakBytes), mebibytes(lintRun.peakBytes),
-               (ourRun.peakBytes - outputs.bytes()) / lintRun.peakBytes, limit});
+               mebibytes(costs.peakBytes), mebibytes(costs.lintPeakBytes),
+               (costs.peakBytes - costs.fileBytes) / costs.lintPeakBytes, limit});
 }
 
-/// With a configuration in which every operation of every document has a name and a group.
-std::string springConfiguration(const std::vector<std::string>& formats) {
-    return configurationText(R"("lint":{"extends":[]},"generate":{"server_spring":)"
-                             R"({"action_naming":["id","url"],"controller_grouping":["tag","url"]}})",
-                             formats);
+/// With which every operation of every document has a name and a group.
+constexpr const char* springSection =
+    R"("server_spring":{"action_naming":["id","url"],"controller_grouping":["tag","url"]})";
+
+/// A configuration with one member of "generate", and no rules of lint.
+std::string generatorConfiguration(const std::string& section, const std::vector<std::string>& formats) {
+    return configurationText(fmt::format(R"("lint":{{"extends":[]}},"generate":{{{}}})", section), formats);
 }
 
-/// A Spring server of a document in which hardly anything stands against it.
-void benchSpring(int rounds, Table& table) {
+/// What a generator that reads a configuration costs for the whole document of GitHub, in which hardly
+/// anything stands against any of them; nothing when it is not there. `section` is the member of "generate".
+struct WholeDocument {
+    std::string name;
+    Costs costs;
+};
+std::optional<WholeDocument> costsOfWholeDocument(const std::string& kind, const std::string& generator,
+                                                  const std::string& section, int rounds) {
     const fs::path document = test_support::corporaFolder() / "openapi/github-3.0.json";
     const test_support::ReadTree tree = test_support::readTree(document);
     if (tree.result == nullptr)
-        return;
+        return std::nullopt;
     const test_support::TemporaryFolder folder;
-    const std::string config = folder.write("config.json", springConfiguration(tree.unknownFormats));
-    const Arguments lint = {SPECLOOM_PROGRAM, "lint", "--config", config, document.string()};
-    const Arguments generate = {SPECLOOM_PROGRAM,  "generate", "server", "spring",
-                                document.string(), "--config", config,   "--output"};
-    Outputs outputs, copies;
-    Samples ours, peer;
-    ProcessRun ourRun{}, lintRun{};
-    for (int round = 0; round < rounds; ++round) {
-        ours.add((ourRun = outputs.run(generate)).cpuSeconds);
-        lintRun = runProcess(lint);
-        peer.add(lintRun.cpuSeconds + copies.run({"/bin/cp", "-r", outputs.last()}).cpuSeconds);
-    }
+    const std::string config =
+        folder.write("config.json", generatorConfiguration(section, tree.unknownFormats));
+    return WholeDocument{document.filename().string(),
+                         costsOf({SPECLOOM_PROGRAM, "generate", kind, generator, document.string(),
+                                  "--config", config, "--output"},
+                                 {SPECLOOM_PROGRAM, "lint", "--config", config, document.string()}, rounds)};
+}
+
+/// A Spring server.
+void benchSpring(int rounds, Table& table) {
+    const auto whole = costsOfWholeDocument("server", "spring", springSection, rounds);
+    if (!whole)
+        return;
+    const auto& [name, costs] = *whole;
+    const double peer = costs.lintSeconds + costs.copySeconds;
     constexpr double limit = 3;
-    const std::string name = document.filename().string();
-    table.add({"generate spring / lint without rules + cp", name, milliseconds(ours.median()),
-               milliseconds(peer.median()), ours.median() / peer.median(), limit});
-    table.add({"peak of generate spring / of that lint", name, mebibytes(ourRun.peakBytes),
-               mebibytes(lintRun.peakBytes), ourRun.peakBytes / lintRun.peakBytes, limit});
+    table.add({"generate spring / lint without rules + cp", name, milliseconds(costs.seconds),
+               milliseconds(peer), costs.seconds / peer, limit});
+    table.add({"peak of generate spring / of that lint", name, mebibytes(costs.peakBytes),
+               mebibytes(costs.lintPeakBytes), costs.peakBytes / costs.lintPeakBytes, limit});
 }
 
 /// A documentation site with a page for each operation and each schema.
 void benchDocHtml(int rounds, Table& table) {
-    const fs::path document = test_support::corporaFolder() / "openapi/github-3.0.json";
-    const test_support::ReadTree tree = test_support::readTree(document);
-    if (tree.result == nullptr)
+    const auto whole = costsOfWholeDocument(
+        "doc", "html", R"("doc_html":{"operations":"separate","resources":"separate"})", rounds);
+    if (!whole)
         return;
-    const test_support::TemporaryFolder folder;
-    const std::string config =
-        folder.write("config.json", configurationText(R"("lint":{"extends":[]},"generate":{"doc_html":)"
-                                                      R"({"operations":"separate","resources":"separate"}})",
-                                                      tree.unknownFormats));
-    const Arguments lint = {SPECLOOM_PROGRAM, "lint", "--config", config, document.string()};
-    const Arguments generate = {SPECLOOM_PROGRAM,  "generate", "doc",  "html",
-                                document.string(), "--config", config, "--output"};
-    Outputs outputs, copies;
-    Samples ours, peer;
-    ProcessRun ourRun{}, lintRun{};
-    for (int round = 0; round < rounds; ++round) {
-        ours.add((ourRun = outputs.run(generate)).cpuSeconds);
-        lintRun = runProcess(lint);
-        peer.add(lintRun.cpuSeconds + copies.run({"/bin/cp", "-r", outputs.last()}).cpuSeconds);
-    }
-    // A second is what a reader of the manual is promised; the other ratio tells more about the machine.
-    constexpr double timeLimit = 1, memoryLimit = 4;
-    const std::string name = document.filename().string();
-    table.add({"generate doc html / a second", name, milliseconds(ours.median()), milliseconds(1),
-               ours.median(), timeLimit});
-    table.add({"generate doc html / lint without rules + cp", name, milliseconds(ours.median()),
-               milliseconds(peer.median()), ours.median() / peer.median(), 10});
+    const auto& [name, costs] = *whole;
+    const double peer = costs.lintSeconds + costs.copySeconds;
+    // A second is what is promised; the other ratio tells more about the machine.
+    constexpr double secondsLimit = 1, peerLimit = 10, memoryLimit = 4;
+    table.add({"generate doc html / a second", name, milliseconds(costs.seconds), milliseconds(1),
+               costs.seconds, secondsLimit});
+    table.add({"generate doc html / lint without rules + cp", name, milliseconds(costs.seconds),
+               milliseconds(peer), costs.seconds / peer, peerLimit});
     table.add({"peak of generate doc html - that lint / files", name,
-               mebibytes(ourRun.peakBytes - lintRun.peakBytes), mebibytes(outputs.bytes()),
-               (ourRun.peakBytes - lintRun.peakBytes) / outputs.bytes(), memoryLimit});
+               mebibytes(costs.peakBytes - costs.lintPeakBytes), mebibytes(costs.fileBytes),
+               (costs.peakBytes - costs.lintPeakBytes) / costs.fileBytes, memoryLimit});
 }
 
 /// A document whose operations take turns with the tags, and all use one schema.
@@ -264,10 +266,11 @@ void benchGenerate(int rounds, Table& table) {
         benchGeneratorGrowth("server", "express", "", document, fewerRounds, table);
         benchGeneratorGrowth("client", "fetch", "", document, fewerRounds, table);
         benchGeneratorGrowth("doc", "html", "", document, fewerRounds, table);
-        benchGeneratorGrowth("server", "spring", springConfiguration({}), document, fewerRounds, table);
+        benchGeneratorGrowth("server", "spring", generatorConfiguration(springSection, {}), document,
+                             fewerRounds, table);
     }
-    benchGeneratorGrowth("server", "spring", springConfiguration({}), {"10,000 schemas", documentWithSchemas},
-                         fewerRounds, table);
+    benchGeneratorGrowth("server", "spring", generatorConfiguration(springSection, {}),
+                         {"10,000 schemas", documentWithSchemas}, fewerRounds, table);
 }
 
 #else
